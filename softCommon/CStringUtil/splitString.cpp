@@ -1,0 +1,156 @@
+#include "softCommon/CStringUtil/splitString.h"
+
+#include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/CStringUtil/string_mani.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t kBlock = 20;
+
+struct FreeDeleter {
+    void operator()(void* memory) const noexcept { std::free(memory); }
+};
+using HeapText = std::unique_ptr<char, FreeDeleter>;
+
+char** allocateSlots(char** array, std::size_t slots) noexcept {
+    return static_cast<char**>(std::realloc(array, slots * sizeof(char*)));
+}
+
+char* trimmedField(const char* first, std::size_t length) noexcept {
+    char* const field = strndup(first, length);
+    if (field == nullptr) {
+        std::perror("lokString");
+        return nullptr;
+    }
+    string_mani(3, field);
+    return field;
+}
+
+// The fields found so far; every operation leaves a valid, null-ended array.
+class Fields {
+public:
+    Fields() noexcept = default;
+    Fields(const Fields&) = delete;
+    Fields& operator=(const Fields&) = delete;
+    ~Fields() { freeCharFeld(m_array); }
+
+    [[nodiscard]] bool allocate() noexcept {
+        m_array = allocateSlots(nullptr, kBlock);
+        if (m_array == nullptr) {
+            std::perror("splitString");
+            return false;
+        }
+        m_array[0] = nullptr;
+        return true;
+    }
+    [[nodiscard]] bool add(char* field) noexcept {
+        if (field == nullptr) {
+            return false;
+        }
+        if (m_count + 1 == m_capacity) {
+            char** const larger = allocateSlots(m_array, m_capacity + kBlock);
+            if (larger == nullptr) {
+                std::perror("splitString");
+                std::free(field);
+                return false;
+            }
+            m_array = larger;
+            m_capacity += kBlock;
+        }
+        m_array[m_count++] = field;
+        m_array[m_count] = nullptr;
+        return true;
+    }
+    [[nodiscard]] char** release(int& count) noexcept {
+        count = static_cast<int>(m_count);
+        return std::exchange(m_array, nullptr);
+    }
+
+private:
+    char** m_array = nullptr;
+    std::size_t m_count = 0;
+    std::size_t m_capacity = kBlock;
+};
+
+} // namespace
+
+char** splitString(const char* string, const char* separators, int separatorCount,
+                   int* count) noexcept {
+    *count = 0;
+    if (string == nullptr || *string == '\0' || separatorCount < 0) {
+        return nullptr;
+    }
+    Fields fields;
+    if (!fields.allocate()) {
+        return nullptr;
+    }
+    const std::size_t length = std::strlen(string);
+    const HeapText work(static_cast<char*>(std::malloc(length + 4)));
+    if (work == nullptr) {
+        std::perror("splitString");
+        return nullptr;
+    }
+    char* const text = std::strcpy(work.get(), string);
+    string_mani(3, text);
+    if (*text == '\0') {
+        return nullptr;
+    }
+    if (separatorCount > 0) {
+        // The last field is ended like the others.
+        const std::size_t trimmed = std::strlen(text);
+        text[trimmed] = separators[0];
+        text[trimmed + 1] = '\0';
+    }
+    const char* fieldStart = text;
+    for (const char* c = text; *c != '\0'; ++c) {
+        for (int s = 0; s < separatorCount; ++s) {
+            if (*c != separators[s]) {
+                continue;
+            }
+            const std::size_t fieldLength =
+                c > fieldStart ? static_cast<std::size_t>(c - fieldStart) : 0;
+            if (!fields.add(trimmedField(fieldStart, fieldLength))) {
+                return nullptr;
+            }
+            fieldStart = c + 1;
+        }
+    }
+    return fields.release(*count);
+}
+
+char** add_splitStringArray(char** array, const char* string, int* count) noexcept {
+    char* const copy = strdup(string);
+    const int grownCount = *count + 1;
+    char** grown = array;
+    if (copy != nullptr && (array == nullptr || grownCount % static_cast<int>(kBlock) == 0)) {
+        grown = allocateSlots(array, static_cast<std::size_t>(grownCount) + kBlock);
+    }
+    if (copy == nullptr || grown == nullptr) {
+        std::perror("lokString");
+        std::free(copy);
+        free_splitStringArray(array, *count);
+        *count = 0;
+        return nullptr;
+    }
+    *count = grownCount;
+    grown[grownCount - 1] = copy;
+    grown[grownCount] = nullptr;
+    return grown;
+}
+
+void free_splitStringArray(char** array, int count) noexcept {
+    if (array == nullptr) {
+        return;
+    }
+    const int entries = count > 0 ? count : sizeofCharFeld(array);
+    for (int i = 0; i < entries; ++i) {
+        std::free(array[i]);
+    }
+    std::free(array);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+/// Trims, cuts or unquotes `string` in place. Only the space character counts as a blank. A null
+/// string and any code not listed are left alone.
+///
+/// | code | operation |
+/// |---|---|
+/// | 0 | cut at the first newline or carriage return |
+/// | 1 | remove trailing blanks |
+/// | 2 | remove leading blanks |
+/// | 3 | 2, then 0, then 1: the standard trim of the whole system |
+/// | 4 | keep what stands between an opening `'` and the next `'` (or the end of the string) |
+/// | 5 | remove leading blanks and cut at the line end; without a line end the old end stays where
+///       it was, so the last characters appear twice. That is wanted: callers know it. |
+void string_mani(int code, char* string) noexcept;
