@@ -1,0 +1,40 @@
+#include "apt/APTFactory.h"
+
+#include "apt/AResCircularMovement.h"
+#include "apt/AResCoolant.h"
+#include "apt/AResEndCommand.h"
+#include "apt/AResFeedRate.h"
+#include "apt/AResLinearMovement.h"
+#include "apt/AResMovTypeCom.h"
+#include "apt/AResRegularCommand.h"
+#include "apt/AResSpindle.h"
+
+#include <new>
+
+// Raw pointers on purpose: the caller owns what the described interface hands out.
+
+ResLinearMovement* APTFactory::GetLinearCom() {
+    return new (std::nothrow) AResLinearMovement(m_output, m_log);
+}
+
+ResCircularMovement* APTFactory::GetCirculCom() {
+    return new (std::nothrow) AResCircularMovement(m_output, m_log);
+}
+
+ResCoolant* APTFactory::GetCoolanCom() { return new (std::nothrow) AResCoolant(m_output, m_log); }
+
+ResSpindle* APTFactory::GetSpindlCom() { return new (std::nothrow) AResSpindle(m_output, m_log); }
+
+ResFeedRate* APTFactory::GetFeedRaCom() { return new (std::nothrow) AResFeedRate(m_output, m_log); }
+
+ResMovTypeCom* APTFactory::GetMovTypCom() {
+    return new (std::nothrow) AResMovTypeCom(m_output, m_log);
+}
+
+ResRegularCommand* APTFactory::GetRegulaCom() {
+    return new (std::nothrow) AResRegularCommand(m_output, m_log);
+}
+
+ResEndCommand* APTFactory::GetEndCom() {
+    return new (std::nothrow) AResEndCommand(m_output, m_log);
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "apt/ResFeedRate.h"
+
+/// The feed in APT.
+class AResFeedRate final : public ResFeedRate {
+public:
+    AResFeedRate(std::FILE* output, std::FILE* log) noexcept : ResFeedRate(output, log) {}
+
+    void InitOutput(Boolean perMinute, const double& feed) override;
+};

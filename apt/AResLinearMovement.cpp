@@ -1,0 +1,15 @@
+#include "apt/AResLinearMovement.h"
+
+#include "apt/toolAxisStatement.h"
+
+void AResLinearMovement::InitOutput(const gmVector3& axis) {
+    write(toolAxisStatement(axis).view());
+}
+
+// RAPID holds for the next motion statement only, so it stands in front of every rapid point.
+void AResLinearMovement::InitOutput(Boolean rapid, double& x, double& y, double& z) {
+    StatementText text;
+    text.add(rapid == TRUE ? "RAPID\nGOTO/" : "GOTO/");
+    text.add(x, 11, 5).add(",").add(y, 11, 5).add(",").add(z, 11, 5).add("\n");
+    write(text.view());
+}

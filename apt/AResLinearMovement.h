@@ -1,0 +1,13 @@
+#pragma once
+
+#include "apt/ResLinearMovement.h"
+
+/// The straight movement in APT.
+class AResLinearMovement final : public ResLinearMovement {
+public:
+    AResLinearMovement(std::FILE* output, std::FILE* log) noexcept
+        : ResLinearMovement(output, log) {}
+
+    void InitOutput(const gmVector3& axis) override;
+    void InitOutput(Boolean rapid, double& x, double& y, double& z) override;
+};

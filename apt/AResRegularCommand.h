@@ -1,0 +1,12 @@
+#pragma once
+
+#include "apt/ResRegularCommand.h"
+
+/// The tool change in APT.
+class AResRegularCommand final : public ResRegularCommand {
+public:
+    AResRegularCommand(std::FILE* output, std::FILE* log) noexcept
+        : ResRegularCommand(output, log) {}
+
+    void InitOutput(const int& tool) override;
+};

@@ -1,0 +1,13 @@
+#include "apt/AResSpindle.h"
+
+#include "apt/StatementText.h"
+
+void AResSpindle::InitOutput(int direction, double speed) {
+    if (direction == 0) {
+        write("SPINDL/OFF\n");
+        return;
+    }
+    StatementText text;
+    text.add("SPINDL/").add(speed, 10, 4).add(direction > 0 ? ",RPM,CLW\n" : ",RPM,CCLW\n");
+    write(text.view());
+}

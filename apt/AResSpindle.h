@@ -1,0 +1,11 @@
+#pragma once
+
+#include "apt/ResSpindle.h"
+
+/// The spindle in APT.
+class AResSpindle final : public ResSpindle {
+public:
+    AResSpindle(std::FILE* output, std::FILE* log) noexcept : ResSpindle(output, log) {}
+
+    void InitOutput(int direction, double speed) override;
+};

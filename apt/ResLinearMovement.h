@@ -1,0 +1,21 @@
+#pragma once
+
+#include "apt/Result.h"
+#include "softCommon/Boolean.h"
+#include "softCommon/CMathUtil/gmVec3.h"
+
+/// Writes the result of a straight movement command in the output language.
+class ResLinearMovement : public Result {
+public:
+    ResLinearMovement(const ResLinearMovement&) = delete;
+    ResLinearMovement& operator=(const ResLinearMovement&) = delete;
+
+    /// Writes the tool axis.
+    virtual void InitOutput(const gmVector3& axis) = 0;
+    /// Writes the target point, in mm, with the rapid mark in front when `rapid` is 1.
+    virtual void InitOutput(Boolean rapid, double& x, double& y, double& z) = 0;
+    virtual ~ResLinearMovement() = default;
+
+protected:
+    using Result::Result;
+};

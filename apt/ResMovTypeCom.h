@@ -1,0 +1,18 @@
+#pragma once
+
+#include "apt/Result.h"
+#include "softCommon/Boolean.h"
+
+/// Writes the result of a movement type command in the output language.
+class ResMovTypeCom : public Result {
+public:
+    ResMovTypeCom(const ResMovTypeCom&) = delete;
+    ResMovTypeCom& operator=(const ResMovTypeCom&) = delete;
+
+    /// Writes the incremental mode off when `absolute` is 1, else on. The sense is wanted.
+    virtual void InitOutput(Boolean absolute) = 0;
+    virtual ~ResMovTypeCom() = default;
+
+protected:
+    using Result::Result;
+};
