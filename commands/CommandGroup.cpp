@@ -1,0 +1,3 @@
+#include "commands/CommandGroup.h"
+
+CommandGroup::~CommandGroup() = default;

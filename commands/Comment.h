@@ -1,0 +1,29 @@
+#pragma once
+
+#include "commands/TextCopy.h"
+
+/// Removes comments from a block before any recogniser sees it.
+class Comment {
+public:
+    Comment() noexcept = default;
+    Comment(const Comment&) = delete;
+    Comment& operator=(const Comment&) = delete;
+    virtual ~Comment();
+
+    /// Store a copy of the text that opens (closes) a comment; null leaves the old one.
+    void InitCommentStart(const char* start) noexcept;
+    void InitCommentEnd(const char* end) noexcept;
+    [[nodiscard]] const char* GetCommentStart() const noexcept { return m_start.get(); }
+    [[nodiscard]] const char* GetCommentEnd() const noexcept { return m_end.get(); }
+
+    /// Removes every comment from `line`; the text between comments stays. Without an end text, or
+    /// without its occurrence, a comment runs to the end of the block. Comments do not nest.
+    /// Returns 0; works in place, so it never runs out of memory.
+    int KillComments(char* line) const noexcept;
+
+private:
+    [[nodiscard]] char* findEnd(char* comment) const noexcept;
+
+    TextCopy m_start;
+    TextCopy m_end;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "commands/Command.h"
+
+class CommandGroup;
+
+/// A command that stays active in its group until another member of the group is found.
+class ModalCommand : public Command {
+public:
+    ModalCommand() noexcept = default;
+    ~ModalCommand() override;
+
+    /// InitSyntax, and remembers the group. Joining the group's list is the creator's business.
+    void InitModalSyntax(const char* syntax, const int& number, CommandGroup* group) noexcept;
+    /// Makes this command the active one of its group, if it has one.
+    void InitActiveCommand() noexcept;
+
+private:
+    CommandGroup* m_group = nullptr; // not owned
+};

@@ -1,0 +1,56 @@
+#include "commands/MovementCommand.h"
+
+#include "commands/MachineStatus.h"
+
+bool MovementCommand::m_insertTLAXIS = false;
+gmVector3 MovementCommand::m_TLAXISdirection(0.0, 0.0, 1.0);
+
+MovementCommand::~MovementCommand() = default;
+
+void MovementCommand::InitMovementSyntax(const char* syntax, const int& number, CommandGroup* group,
+                                         MachineStatus* status) noexcept {
+    InitModalSyntax(syntax, number, group);
+    m_status = status;
+}
+
+bool MovementCommand::scanWord(Parameter* word, char* line) const {
+    return word != nullptr && word->scanNC(line, m_status) == 1;
+}
+
+bool MovementCommand::scanCoordinates(char* line) const {
+    bool found = false;
+    for (const AxisWords& words : m_axes) {
+        found |= scanWord(words.incremental, line);
+        found |= scanWord(words.absolute, line);
+    }
+    return found;
+}
+
+gmVector3 MovementCommand::resolveEndPoint() const {
+    const bool isIncrementalMode = m_status->GetMovTypeCom()->GetActiveCommand()->GetStatus() == 0;
+    gmVector3 point = m_status->GetEndPosition();
+    for (int axis = 0; axis < 3; ++axis) {
+        const AxisWords& words = m_axes[static_cast<std::size_t>(axis)];
+        // The absolute word comes last and wins; in incremental mode it adds to the other's result.
+        for (Parameter* const word : {words.incremental, words.absolute}) {
+            if (word == nullptr || word->GetNCLineStatus() != TRUE) {
+                continue;
+            }
+            if (isIncrementalMode) {
+                word->SetIncStatus(TRUE);
+            }
+            word->ConvertIncremental(point[axis]);
+            point[axis] = word->GetValue();
+            word->SetNCLineStatus(FALSE);
+        }
+    }
+    return point;
+}
+
+gmVector3 MovementCommand::moveTo(gmVector3 endPoint) const {
+    m_mapping.Assign(endPoint);
+    m_status->InitEndPosition(endPoint[0], endPoint[1], endPoint[2]);
+    m_mapping.Scale(endPoint);
+    m_status->InitBasicPosition(endPoint[0], endPoint[1], endPoint[2]);
+    return endPoint;
+}

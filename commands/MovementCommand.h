@@ -1,0 +1,78 @@
+#pragma once
+
+#include "commands/AxisMapping.h"
+#include "commands/ModalCommand.h"
+#include "commands/Parameter.h"
+#include "softCommon/CMathUtil/gmVec3.h"
+
+#include <array>
+
+class MachineStatus;
+
+/// What straight and circular movements share: the six coordinate words, the resolution of the end
+/// point, the axis mapping and the one-shot tool axis. Parameters and status are not owned; a null
+/// parameter means that the dialect has no such word.
+class MovementCommand : public ModalCommand {
+public:
+    MovementCommand() noexcept = default;
+    explicit MovementCommand(MachineStatus* status) noexcept : m_status(status) {}
+    ~MovementCommand() override;
+
+    void InitMovementSyntax(const char* syntax, const int& number, CommandGroup* group,
+                            MachineStatus* status) noexcept;
+
+    void InitXParm(Parameter* word) noexcept { m_axes[0].absolute = word; }
+    void InitYParm(Parameter* word) noexcept { m_axes[1].absolute = word; }
+    void InitZParm(Parameter* word) noexcept { m_axes[2].absolute = word; }
+    void InitIncXParm(Parameter* word) noexcept { m_axes[0].incremental = word; }
+    void InitIncYParm(Parameter* word) noexcept { m_axes[1].incremental = word; }
+    void InitIncZParm(Parameter* word) noexcept { m_axes[2].incremental = word; }
+
+    /// Axis factor and assignment from a text of the parameter file; see AxisMapping::SetDivisor.
+    void SetXDivisor(const char* text) noexcept { m_mapping.SetDivisor(AxisMapping::kX, text); }
+    void SetYDivisor(const char* text) noexcept { m_mapping.SetDivisor(AxisMapping::kY, text); }
+    void SetZDivisor(const char* text) noexcept { m_mapping.SetDivisor(AxisMapping::kZ, text); }
+
+    /// Asks for a tool-axis statement before the next movement, whichever command makes it.
+    static void SetInsertTLAXIS(const bool& insert) noexcept { m_insertTLAXIS = insert; }
+    /// The direction of that statement; usually a unit vector, but written as it is given.
+    static void SetTLAXISdirection(const gmVector3& direction) { m_TLAXISdirection = direction; }
+
+protected:
+    /// Scans one more word on the block, if the dialect has it; tells whether it was found.
+    bool scanWord(Parameter* word, char* line) const;
+    /// Scans the six words, the incremental one of each axis first. Tells whether one was found.
+    bool scanCoordinates(char* line) const;
+    /// The end point in NC coordinates before assignment and factors: the last end position,
+    /// changed by the words found, which are thereby consumed.
+    [[nodiscard]] gmVector3 resolveEndPoint() const;
+    /// Assigns the axes, stores the end position, scales, stores the basic position; returns the
+    /// point for the output.
+    [[nodiscard]] gmVector3 moveTo(gmVector3 endPoint) const;
+
+    /// Hands the tool axis to `writer` when one is asked for, once.
+    template<class Writer>
+    static void writeToolAxis(Writer& writer) {
+        if (m_insertTLAXIS) {
+            writer.InitOutput(m_TLAXISdirection);
+            m_insertTLAXIS = false;
+        }
+    }
+
+    [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
+    [[nodiscard]] const AxisMapping& mapping() const noexcept { return m_mapping; }
+
+private:
+    struct AxisWords {
+        Parameter* incremental = nullptr;
+        Parameter* absolute = nullptr;
+    };
+
+    MachineStatus* m_status = nullptr;
+    std::array<AxisWords, 3> m_axes;
+    AxisMapping m_mapping;
+
+    // One tool axis for all movements of a conversion: the first movement writes it.
+    static bool m_insertTLAXIS;
+    static gmVector3 m_TLAXISdirection;
+};

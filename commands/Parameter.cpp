@@ -1,0 +1,102 @@
+#include "commands/Parameter.h"
+
+#include "commands/MachineStatus.h"
+#include "commands/ncNumber.h"
+#include "commands/wordMatcher.h"
+
+#include <cstring>
+
+namespace {
+
+bool stepOver(char*& p, const char* text) noexcept {
+    const std::size_t length = std::strlen(text);
+    if (std::strncmp(p, text, length) != 0) {
+        return false;
+    }
+    p += length;
+    return true;
+}
+
+} // namespace
+
+Parameter::Parameter(const char* syntax) noexcept : m_syntax(copyText(syntax)) {}
+
+Parameter::~Parameter() = default;
+
+void Parameter::SetSyntaxString(const char* syntax) noexcept { m_syntax = copyText(syntax); }
+
+void Parameter::SetIncStatus(Boolean incremental) noexcept {
+    if (m_explicitMode != TRUE) {
+        m_incremental = incremental;
+    }
+}
+
+char* Parameter::MoveAfterNumber(char* p) const noexcept { return skipDigits(p); }
+
+int Parameter::scanNC(char* line, MachineStatus* status) {
+    m_value = 0.0;
+    m_incremental = m_standardIncremental;
+    m_explicitMode = FALSE;
+    m_ncLineStatus = FALSE;
+    const char separator = *status->GetDecimalSeparator();
+    int sign = 1;
+    bool hasBracket = false;
+
+    char* from = line;
+    while (char* const word = findWord(line, from, m_syntax.get())) {
+        char* p = word + std::strlen(m_syntax.get());
+        if (stepOver(p, "=")) {
+            if (stepOver(p, "AC(")) {
+                m_incremental = FALSE;
+                m_explicitMode = TRUE;
+                hasBracket = true;
+            }
+            if (stepOver(p, "IC(")) {
+                m_incremental = TRUE;
+                m_explicitMode = TRUE;
+                hasBracket = true;
+            }
+        }
+        stepOver(p, "+");
+        if (stepOver(p, "-")) {
+            sign = -1;
+        }
+        char* const integerEnd = MoveAfterNumber(p);
+        char* fraction = integerEnd;
+        char* end = integerEnd;
+        if (separator != '\0' && *integerEnd == separator) {
+            fraction = integerEnd + 1;
+            end = MoveAfterNumber(fraction);
+        }
+        const bool isNumber = end != p;
+        if (isNumber) {
+            m_value = implyDecimals(ncNumber(sign, p, integerEnd, fraction, end), separator);
+        }
+        if (hasBracket && *end == ')') {
+            ++end;
+        }
+        if (isNumber) {
+            cutOut(word, end);
+            m_ncLineStatus = TRUE;
+            return 1;
+        }
+        from = end;
+    }
+    return 0;
+}
+
+double Parameter::implyDecimals(double value, char separator) const noexcept {
+    if (separator != '\0' || m_decimalPlaces == 0) {
+        return value;
+    }
+    return value / powerOfTen(m_decimalPlaces);
+}
+
+int Parameter::ConvertIncremental(double& base) noexcept {
+    if (m_incremental == TRUE) {
+        m_value += base;
+        m_incremental = FALSE;
+        m_explicitMode = FALSE;
+    }
+    return 0;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "commands/TextCopy.h"
+#include "softCommon/Boolean.h"
+
+#include <cstdint>
+
+class MachineStatus;
+
+/// Recognises one address word with a number ("X-12.5", "X=IC(3)") and cuts it out of the block.
+/// The value is valid while GetNCLineStatus() is TRUE: from a successful scanNC until the command
+/// that uses it clears the status.
+class Parameter {
+public:
+    /// Copies `syntax`; a null one leaves the parameter without text, so that it never matches.
+    explicit Parameter(const char* syntax) noexcept;
+    Parameter(const Parameter&) = delete;
+    Parameter& operator=(const Parameter&) = delete;
+    virtual ~Parameter();
+
+    void SetSyntaxString(const char* syntax) noexcept;
+    [[nodiscard]] char* GetSyntaxString() const noexcept { return m_syntax.get(); }
+    /// The number of the word, in the unit of the address (mm, mm/min, rev/min, tool number).
+    [[nodiscard]] double& GetValue() noexcept { return m_value; }
+    [[nodiscard]] Boolean GetIncStatus() const noexcept { return m_incremental; }
+    [[nodiscard]] Boolean GetNCLineStatus() const noexcept { return m_ncLineStatus; }
+    [[nodiscard]] std::int32_t GetDecimalPlace() const noexcept { return m_decimalPlaces; }
+
+    /// Says whether values of this address are incremental by definition.
+    void InitStandardInc(Boolean standard) noexcept { m_standardIncremental = standard; }
+    /// Sets the incremental status of the word just read, unless it carried "=AC(" or "=IC(".
+    void SetIncStatus(Boolean incremental) noexcept;
+    void SetNCLineStatus(Boolean status) noexcept { m_ncLineStatus = status; }
+    /// Number of implied decimal places, used while the dialect has no decimal separator.
+    void SetDecimalPlace(const std::int32_t& places) noexcept { m_decimalPlaces = places; }
+
+    /// Finds the word, converts its number, removes the word from `line` and returns 1; returns 0
+    /// when there is none. A sign, "=AC(" or "=IC(" found before a word without digits carries over
+    /// to the next occurrence within the same call: "X- Y1 X5" gives -5. That is wanted.
+    int scanNC(char* line, MachineStatus* status);
+    /// Makes an incremental value absolute by adding `base`, and ends the explicit mode. An
+    /// absolute value stays as it is. Always returns 0.
+    int ConvertIncremental(double& base) noexcept;
+    /// The first position at or after `p` that is not a decimal digit.
+    [[nodiscard]] char* MoveAfterNumber(char* p) const noexcept;
+
+private:
+    [[nodiscard]] double implyDecimals(double value, char separator) const noexcept;
+
+    TextCopy m_syntax;
+    double m_value = 0.0;
+    Boolean m_standardIncremental = FALSE;
+    Boolean m_incremental = FALSE;
+    Boolean m_ncLineStatus = FALSE;
+    Boolean m_explicitMode = FALSE; // the word carried "=AC(" or "=IC("
+    std::int32_t m_decimalPlaces = 0;
+};

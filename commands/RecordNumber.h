@@ -1,0 +1,18 @@
+#pragma once
+
+#include "commands/TextCopy.h"
+
+/// Removes the block number ("N0010") from the start of a block.
+class RecordNumber {
+public:
+    /// Stores a copy of the address of block numbers; null means that blocks carry none.
+    void InitRecordNumber(const char* address) noexcept;
+    [[nodiscard]] const char* GetRecordNumber() const noexcept { return m_address.get(); }
+
+    /// Removes the address and the digits behind it when `line` begins with the address. A block
+    /// number elsewhere stays. Returns 0.
+    int DeleteRecordNumber(char* line) const noexcept;
+
+private:
+    TextCopy m_address;
+};
