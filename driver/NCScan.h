@@ -1,0 +1,96 @@
+#pragma once
+
+#include "apt/APTFactory.h"
+#include "commands/AvailableCommands.h"
+#include "commands/AvailableParameters.h"
+#include "commands/MachineStatus.h"
+#include "include/quillmark.h"
+#include "softCommon/FileOwner.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+
+/// Owns the command model of one conversion and its files, and runs the loop over the blocks of
+/// the NC program. The order of use: SetOutputType, the configuration through the accessors,
+/// SetNCFileName, run, CloseFiles.
+class NCScan {
+public:
+    NCScan() noexcept = default;
+    NCScan(const NCScan&) = delete;
+    NCScan& operator=(const NCScan&) = delete;
+    virtual ~NCScan();
+
+    /// Converts every block of the NC file. Returns 0, 200 when the file cannot be read, or the
+    /// first non-zero result of a recogniser.
+    virtual int run();
+    /// Opens the NC file. Returns 0, 200 (no name, not to be opened, a directory) or 400.
+    virtual int SetNCFileName(const char* name);
+    /// Opens output and log and makes the factory. Returns 0; 201 for a kind other than APT, which
+    /// leaves no factory; 202 for an output that cannot be opened; 203 at once for a log that
+    /// cannot be opened or is the output. `logfile` may be null.
+    virtual int SetOutputType(const eOutputType& type, const char* outputfile, const char* logfile);
+
+    [[nodiscard]] MachineStatus& Machinestatus() noexcept { return m_model->status; }
+    [[nodiscard]] const MachineStatus& Machinestatus() const noexcept { return m_model->status; }
+    [[nodiscard]] AvailableCommands& Availablecommands() noexcept { return m_model->commands; }
+    [[nodiscard]] const AvailableCommands& Availablecommands() const noexcept {
+        return m_model->commands;
+    }
+    [[nodiscard]] AvailableParameters& Availableparameters() noexcept {
+        return m_model->parameters;
+    }
+    [[nodiscard]] const AvailableParameters& Availableparameters() const noexcept {
+        return m_model->parameters;
+    }
+    /// Null unless the kind of output is APT and the output is open.
+    [[nodiscard]] Factory* GetOutputFactory() noexcept { return m_factory.get(); }
+
+    /// Flushes and closes output and log. Returns 0, 202 or 203 when one of them could not be
+    /// written completely; 202 wins.
+    int CloseFiles() noexcept;
+
+    /// Line number in the NC file, from 1, of the block that is converted or was converted last.
+    [[nodiscard]] long BlockNumber() const noexcept { return m_blockNumber; }
+    /// That block as it stood in the file, trimmed.
+    [[nodiscard]] const char* BlockText() const noexcept { return m_blockText.data(); }
+
+    /// Why the last step failed: a text, or null when nothing more is known than the code.
+    [[nodiscard]] const char* FailureReason() const noexcept;
+    /// Keeps the system's reason for a failure; 0 for none.
+    void KeepFailureReason(int systemError) noexcept;
+    /// Keeps a reason of our own; the text has static storage.
+    void KeepFailureReason(const char* reason) noexcept;
+
+protected:
+    /// Throws the command model away, so that a new conversion begins with an empty one.
+    void ResetModel();
+
+private:
+    static constexpr std::size_t kBlockSize = 256;
+    using Block = std::array<char, kBlockSize>;
+
+    struct Model {
+        MachineStatus status;
+        AvailableCommands commands;
+        AvailableParameters parameters;
+    };
+
+    int openOutput(const char* name) noexcept;
+    int openLog(const char* name) noexcept;
+    void beginBlock(Block& block) noexcept;
+    int convertBlock(char* block, int commandCount);
+
+    std::unique_ptr<char[]> m_ncFileName;
+    FileOwner m_ncFile;
+    std::optional<Model> m_model{std::in_place};
+    std::unique_ptr<APTFactory> m_factory;
+    FileOwner m_outputFile;
+    FileOwner m_logFile;
+
+    long m_blockNumber = 0;
+    bool m_continuesLine = false; // the next piece belongs to the same line of the file
+    Block m_blockText = {};
+    int m_systemError = 0;
+    const char* m_failureReason = nullptr;
+};

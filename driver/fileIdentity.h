@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+
+/// Whether both names lead to the same existing regular file, links followed. Null and missing
+/// names lead to none.
+[[nodiscard]] bool isSameRegularFile(const char* left, const char* right) noexcept;
+
+/// Whether the open stream and the name lead to the same regular file.
+[[nodiscard]] bool isSameRegularFile(std::FILE* left, const char* right) noexcept;
+
+/// Whether the open stream is a directory, which opens but cannot be read.
+[[nodiscard]] bool isDirectory(std::FILE* file) noexcept;

@@ -1,0 +1,52 @@
+#include "driver/returnCodes.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr ReturnCode kReturnCodes[] = {
+    {kCommandLineIncomplete, ConversionFile::kNone,
+     "parameter file, NC file or output file missing on the command line",
+     "give all of -p, -nc and -of with their values"},
+    {kNCFileUnreadable, ConversionFile::kNC, "cannot read NC file",
+     "name a readable file after -nc"},
+    {kOutputTypeUnsupported, ConversionFile::kNone, "the requested kind of output is not APT",
+     "leave out -ot or write -ot APT"},
+    {kOutputFileUnwritable, ConversionFile::kOutput, "cannot write output file",
+     "name a file that can be written and is no input, with enough room on its disk"},
+    {kLogFileUnwritable, ConversionFile::kLog, "cannot write log file",
+     "name a file that can be written and is neither an input nor the output, with enough room on "
+     "its disk"},
+    {kNoParameterFileName, ConversionFile::kNone, "no parameter file name",
+     "name the parameter file of the dialect"},
+    {kParameterFileUnreadable, ConversionFile::kParameter, "cannot open parameter file",
+     "name a readable file after -p"},
+    {kParameterFileEndsEarly, ConversionFile::kParameter, "unexpected end of parameter file",
+     "the file is empty, or its last key lacks the lines that belong to it"},
+    {kCommandValueEmpty, ConversionFile::kParameter, "empty command value in parameter file",
+     "give the command its code or leave out its key"},
+    {kNoTemporaryFile, ConversionFile::kParameter, "cannot make a temporary copy of parameter file",
+     "make room in the folder for temporary files"},
+    {kRewindFailed, ConversionFile::kParameter, "cannot rewind parameter file",
+     "name a file on a disk, not a pipe"},
+    {kUpdateFailed, ConversionFile::kParameter, "cannot convert parameter file of the old format",
+     "the file is damaged, or it is no parameter file: the first line of a current one contains "
+     "\"Header\""},
+    {kDecodeFailed, ConversionFile::kParameter, "cannot decode coded parameter file",
+     "the file is damaged or was coded with another key; a plain file says UNCODED in its #FILE: "
+     "line"},
+    {kDialectUnsupported, ConversionFile::kParameter, "unsupported dialect in parameter file",
+     "programs in conversational format cannot be converted"},
+    {kMemoryExhausted, ConversionFile::kNone, "memory exhausted",
+     "close other programs and try again"},
+    {kInternalError, ConversionFile::kNone, "internal error", "please report it with the input"},
+};
+
+} // namespace
+
+std::span<const ReturnCode> returnCodes() noexcept { return kReturnCodes; }
+
+const ReturnCode* findReturnCode(int code) noexcept {
+    const auto* const row = std::ranges::find(kReturnCodes, code, &ReturnCode::code);
+    return row == std::end(kReturnCodes) ? nullptr : row;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <span>
+
+/// The codes that a conversion returns; 0 is success.
+enum : int {
+    kCommandLineIncomplete = 100,
+    kNCFileUnreadable = 200,
+    kOutputTypeUnsupported = 201,
+    kOutputFileUnwritable = 202,
+    kLogFileUnwritable = 203,
+    kNoParameterFileName = 300,
+    kParameterFileUnreadable = 301,
+    kParameterFileEndsEarly = 302,
+    kCommandValueEmpty = 303,
+    kNoTemporaryFile = 304,
+    kRewindFailed = 305,
+    kUpdateFailed = 306,
+    kDecodeFailed = 307,
+    kDialectUnsupported = 345,
+    kMemoryExhausted = 400,
+    kInternalError = 39999
+};
+
+/// The file that a code speaks of.
+enum class ConversionFile { kNone, kParameter, kNC, kOutput, kLog };
+
+/// What a code means and what helps, as phrases for a message: the file's name, where the code
+/// speaks of one, follows the meaning.
+struct ReturnCode {
+    int code;
+    ConversionFile file;
+    const char* meaning;
+    const char* remedy;
+};
+
+/// Every code but 0, in ascending order: the one source of their texts.
+[[nodiscard]] std::span<const ReturnCode> returnCodes() noexcept;
+
+/// The row of `code`; null for 0 and codes that are not in the table.
+[[nodiscard]] const ReturnCode* findReturnCode(int code) noexcept;
