@@ -3,6 +3,7 @@
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ParamScan.h"
+#include "softCommon/CDebugUtil/dbtrace.h"
 
 #include <algorithm>
 #include <cstring>
@@ -48,9 +49,9 @@ void readOutputType(const char* value, eOutputType& type) noexcept {
 
 } // namespace
 
-Controller::Controller() noexcept = default;
+Controller::Controller() noexcept { (void)dbinit(); }
 
-Controller::~Controller() = default;
+Controller::~Controller() { dbexit(); }
 
 int Controller::run(int argc, char** argv, char** /*envp*/) {
     char* paramfile = nullptr;
