@@ -31,13 +31,13 @@ void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, c
                                                normal[0], normal[1], normal[2]);
     // The blank behind the second comma of INDIRV belongs to the format. "$" continues a line.
     StatementText text;
-    text.add("AUTOPS\nINDIRV/").add(direction[0], 11, 5).add(",").add(direction[1], 11, 5);
-    text.add(", ").add(direction[2], 11, 5).add("\nTLON,GOFWD/(CIRCLE/");
-    text.add(centre[0], 13, 5).add(", ").add(centre[1], 13, 5).add(", ").add(centre[2], 13, 5);
-    text.add(",$\n").add(radius, 13, 5).add("),ON,(LINE/");
-    text.add(centre[0], 13, 5).add(",").add(centre[1], 13, 5).add(",").add(centre[2], 13, 5);
+    text.add("AUTOPS\nINDIRV/").coordinate(direction[0]).add(",").coordinate(direction[1]);
+    text.add(", ").coordinate(direction[2]).add("\nTLON,GOFWD/(CIRCLE/");
+    text.circleValue(centre[0]).add(", ").circleValue(centre[1]).add(", ").circleValue(centre[2]);
+    text.add(",$\n").circleValue(radius).add("),ON,(LINE/");
+    text.circleValue(centre[0]).add(",").circleValue(centre[1]).add(",").circleValue(centre[2]);
     text.add(",$\n");
-    text.add(end[0], 13, 5).add(",").add(end[1], 13, 5).add(",").add(end[2], 13, 5).add(")\n");
+    text.circleValue(end[0]).add(",").circleValue(end[1]).add(",").circleValue(end[2]).add(")\n");
     write(text.view());
 }
 

@@ -4,6 +4,6 @@
 
 void AResFeedRate::InitOutput(Boolean perMinute, const double& feed) {
     StatementText text;
-    text.add("FEDRAT/").add(feed, 10, 4).add(perMinute == TRUE ? ",MMPM\n" : ",MMPR\n");
+    text.add("FEDRAT/").rate(feed).add(perMinute == TRUE ? ",MMPM\n" : ",MMPR\n");
     write(text.view());
 }

@@ -10,6 +10,6 @@ void AResLinearMovement::InitOutput(const gmVector3& axis) {
 void AResLinearMovement::InitOutput(Boolean rapid, double& x, double& y, double& z) {
     StatementText text;
     text.add(rapid == TRUE ? "RAPID\nGOTO/" : "GOTO/");
-    text.add(x, 11, 5).add(",").add(y, 11, 5).add(",").add(z, 11, 5).add("\n");
+    text.coordinate(x).add(",").coordinate(y).add(",").coordinate(z).add("\n");
     write(text.view());
 }

@@ -8,6 +8,6 @@ void AResSpindle::InitOutput(int direction, double speed) {
         return;
     }
     StatementText text;
-    text.add("SPINDL/").add(speed, 10, 4).add(direction > 0 ? ",RPM,CLW\n" : ",RPM,CCLW\n");
+    text.add("SPINDL/").rate(speed).add(direction > 0 ? ",RPM,CLW\n" : ",RPM,CCLW\n");
     write(text.view());
 }

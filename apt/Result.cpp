@@ -1,12 +1,21 @@
 #include "apt/Result.h"
 
+namespace {
+
+// One conversion runs in one thread and owns its streams, so no statement takes their locks.
+void writeUnlocked(std::string_view text, std::FILE* stream) noexcept {
+    (void)fwrite_unlocked(text.data(), 1, text.size(), stream);
+}
+
+} // namespace
+
 void Result::write(std::string_view statements) const noexcept {
-    (void)std::fwrite(statements.data(), 1, statements.size(), m_output);
+    writeUnlocked(statements, m_output);
     writeToLog(statements);
 }
 
 void Result::writeToLog(std::string_view message) const noexcept {
     if (m_log != nullptr) {
-        (void)std::fwrite(message.data(), 1, message.size(), m_log);
+        writeUnlocked(message, m_log);
     }
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "apt/fixedNumber.h"
+
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 /// The text of one call's statements, built in place. It holds ten numbers of any size with their
@@ -9,16 +13,31 @@
 /// end.
 class StatementText {
 public:
-    StatementText& add(std::string_view text) noexcept;
-    /// Adds `value` as printf's "%{width}.{decimals}f" prints it in the "C" locale: right-aligned,
-    /// rounded half to even on the exact binary value, "inf" and "nan" by name. `width` is at most
-    /// 32, `decimals` at most 17.
-    StatementText& add(double value, int width, int decimals) noexcept;
+    StatementText& add(std::string_view text) noexcept {
+        const std::size_t size = std::min(text.size(), m_text.size() - m_length);
+        std::memcpy(end(), text.data(), size);
+        m_length += size;
+        return *this;
+    }
+    /// Adds a number as "%11.5lf": a coordinate or a component of a direction.
+    StatementText& coordinate(double value) noexcept { return fixed<11, 5>(value); }
+    /// Adds a number as "%13.5lf": a coordinate or radius of a circle statement.
+    StatementText& circleValue(double value) noexcept { return fixed<13, 5>(value); }
+    /// Adds a number as "%10.4lf": a feed or a speed.
+    StatementText& rate(double value) noexcept { return fixed<10, 4>(value); }
+    /// Adds a whole number.
     StatementText& add(int value) noexcept;
 
     [[nodiscard]] std::string_view view() const noexcept { return {m_text.data(), m_length}; }
 
 private:
+    template<int Width, int Decimals>
+    StatementText& fixed(double value) noexcept {
+        if (const char* const last = writeFixed<Width, Decimals>(end(), limit(), value)) {
+            m_length = static_cast<std::size_t>(last - m_text.data());
+        }
+        return *this;
+    }
     [[nodiscard]] char* end() noexcept { return m_text.data() + m_length; }
     [[nodiscard]] char* limit() noexcept { return m_text.data() + m_text.size(); }
 

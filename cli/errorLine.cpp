@@ -2,6 +2,8 @@
 
 #include "driver/returnCodes.h"
 
+#include <cstring>
+
 namespace {
 
 const char* nameOf(ConversionFile file, const ConversionFiles& files) noexcept {
@@ -22,15 +24,17 @@ const char* nameOf(ConversionFile file, const ConversionFiles& files) noexcept {
 
 } // namespace
 
-std::string errorLine(int code, const ConversionFiles& files, const char* reason) {
-    std::string line = "quillmark: error " + std::to_string(code);
-    const ReturnCode* const row = findReturnCode(code);
-    if (row == nullptr) {
-        return line;
+void printErrorLine(std::FILE* stream, int code, const ConversionFiles& files,
+                    const NCScan::Failure& failure) noexcept {
+    std::fprintf(stream, "quillmark: error %d", code);
+    if (const ReturnCode* const row = findReturnCode(code)) {
+        std::fprintf(stream, ": %s", row->meaning);
+        if (const char* const name = nameOf(row->file, files)) {
+            std::fprintf(stream, " '%s'", name);
+        }
+        const char* const reason =
+            failure.systemError != 0 ? std::strerror(failure.systemError) : failure.text;
+        std::fprintf(stream, ": %s", reason != nullptr ? reason : row->remedy);
     }
-    line.append(": ").append(row->meaning);
-    if (const char* const name = nameOf(row->file, files)) {
-        line.append(" '").append(name).append("'");
-    }
-    return line.append(": ").append(reason != nullptr ? reason : row->remedy);
+    (void)std::fputc('\n', stream);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <string>
+#include "driver/NCScan.h"
+
+#include <cstdio>
 
 /// The names on the command line that a return code can speak of; each may be null.
 struct ConversionFiles {
@@ -10,6 +12,7 @@ struct ConversionFiles {
     const char* log = nullptr;
 };
 
-/// The one line, without a newline, that tells a user about a failed conversion: code, meaning,
-/// file, and `reason`, or what helps when the reason is null.
-[[nodiscard]] std::string errorLine(int code, const ConversionFiles& files, const char* reason);
+/// Prints the one line that tells a user about a failed conversion: code, meaning, file, and the
+/// reason, or what helps when no reason is known. Needs no memory: it may just have run out.
+void printErrorLine(std::FILE* stream, int code, const ConversionFiles& files,
+                    const NCScan::Failure& failure) noexcept;

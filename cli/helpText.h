@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <cstdio>
 
-/// The answer to --help: usage, the other spellings of the options, the return codes.
-[[nodiscard]] std::string helpText(const char* usage);
+/// Prints the answer to --help: usage, the other spellings of the options, the return codes.
+void printHelp(std::FILE* stream, const char* usage) noexcept;

@@ -9,12 +9,14 @@
 
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
 bool printsInformation(const char* argument, const Controller& controller) {
     if (std::strcmp(argument, "--help") == 0) {
-        (void)std::fputs(helpText(controller.CmdLineParamsDesc()).c_str(), stdout);
+        printHelp(stdout, controller.CmdLineParamsDesc());
         return true;
     }
     if (std::strcmp(argument, "--version") == 0) {
@@ -44,15 +46,28 @@ void reportFailure(const Controller& controller, int code, int argc, char** argv
     eOutputType type = eOutputAPT;
     (void)controller.ScanParameters(argc, argv, parameter, nc, log, output, type);
     const ConversionFiles files{parameter, nc, output, log};
-    std::fprintf(stderr, "%s\n", errorLine(code, files, controller.FailureReason()).c_str());
+    printErrorLine(stderr, code, files, controller.LastFailure());
+}
+
+// A conversion must not open its files on the standard descriptors that the caller closed: what is
+// printed would land in them.
+void occupyStandardDescriptors() noexcept {
+    int descriptor = 0;
+    do {
+        descriptor = open("/dev/null", O_RDWR);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0) {
+        (void)close(descriptor);
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv, char** envp) {
+    occupyStandardDescriptors();
     Controller controller;
     if (argc == 2 && printsInformation(argv[1], controller)) {
-        return 0;
+        return std::fflush(stdout) == 0 ? 0 : 1;
     }
     setProcessEndHook(reportStoppedBlock, &controller);
     const int code = controller.run(argc, argv, envp);

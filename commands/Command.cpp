@@ -1,9 +1,7 @@
 #include "commands/Command.h"
 
+#include "commands/ncNumber.h"
 #include "commands/wordMatcher.h"
-#include "softCommon/CStringUtil/numberText.h"
-
-#include <cstring>
 
 Command::~Command() = default;
 
@@ -17,17 +15,17 @@ char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 
 void Command::InitSyntax(const char* syntax, const int& number) noexcept {
     if (syntax != nullptr) {
-        m_syntax = copyText(syntax);
+        m_syntax = TextCopy(syntax);
     }
     m_number = number;
 }
 
 int Command::scanNC(char* line) {
     char* from = line;
-    while (char* const word = findWord(line, from, m_syntax.get())) {
-        char* const digits = word + std::strlen(m_syntax.get());
+    while (char* const word = findWord(line, from, m_syntax)) {
+        char* const digits = word + m_syntax.size();
         char* const end = MoveAfterNumber(digits);
-        if (m_number == -1 || (end != digits && readInteger(digits) == m_number)) {
+        if (m_number == -1 || (end != digits && clampedInteger(readDigits(digits)) == m_number)) {
             cutOut(word, end);
             m_ncLineStatus = TRUE;
             InitStatus(line);

@@ -1,24 +1,20 @@
 #include "commands/Comment.h"
 
+#include "commands/wordMatcher.h"
+
 #include <cstring>
-
-namespace {
-
-bool isEmpty(const TextCopy& text) noexcept { return text == nullptr || text[0] == '\0'; }
-
-} // namespace
 
 Comment::~Comment() = default;
 
 void Comment::InitCommentStart(const char* start) noexcept {
     if (start != nullptr) {
-        m_start = copyText(start);
+        m_start = TextCopy(start);
     }
 }
 
 void Comment::InitCommentEnd(const char* end) noexcept {
     if (end != nullptr) {
-        m_end = copyText(end);
+        m_end = TextCopy(end);
     }
 }
 
@@ -26,21 +22,21 @@ void Comment::InitCommentEnd(const char* end) noexcept {
 // end text may overlap the start text ("(*)" is a whole comment for "(*" and "*)"), but it never
 // is the start itself: a comment between two "*" has to end.
 char* Comment::findEnd(char* comment) const noexcept {
-    if (isEmpty(m_end)) {
+    if (m_end.empty()) {
         return nullptr;
     }
-    char* end = std::strstr(comment, m_end.get());
+    char* end = findText(comment, m_end);
     if (end == comment) {
-        end = std::strstr(comment + std::strlen(m_start.get()), m_end.get());
+        end = findText(comment + m_start.size(), m_end);
     }
-    return end == nullptr ? nullptr : end + std::strlen(m_end.get());
+    return end == nullptr ? nullptr : end + m_end.size();
 }
 
 int Comment::KillComments(char* line) const noexcept {
-    if (line == nullptr || isEmpty(m_start)) {
+    if (line == nullptr || m_start.empty()) {
         return 0;
     }
-    char* comment = std::strstr(line, m_start.get());
+    char* comment = findText(line, m_start);
     if (comment == nullptr) {
         return 0;
     }
@@ -50,7 +46,7 @@ int Comment::KillComments(char* line) const noexcept {
         if (kept == nullptr) {
             break;
         }
-        comment = std::strstr(kept, m_start.get());
+        comment = findText(kept, m_start);
         const std::size_t length =
             comment == nullptr ? std::strlen(kept) : static_cast<std::size_t>(comment - kept);
         std::memmove(write, kept, length);

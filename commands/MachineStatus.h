@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/ByteSet.h"
 #include "commands/Command.h"
 #include "commands/CommandGroup.h"
 #include "commands/Comment.h"
@@ -40,6 +41,11 @@ public:
         m_decimalSeparator[0] = separator[0];
     }
 
+    /// The bytes that occur on the block that is scanned; ByteSet::All() when nothing is known, as
+    /// at first. Words whose first byte is missing are not searched for.
+    void InitBlockBytes(const ByteSet& bytes) noexcept { m_blockBytes = bytes; }
+    [[nodiscard]] const ByteSet& GetBlockBytes() const noexcept { return m_blockBytes; }
+
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
     /// rev/min, as programmed.
@@ -76,4 +82,5 @@ private:
     CommandGroup m_movTypeCom;
     CommandGroup m_toolCom;
     Boolean m_circleCenterMode = TRUE;
+    ByteSet m_blockBytes = ByteSet::All();
 };

@@ -19,11 +19,11 @@ bool stepOver(char*& p, const char* text) noexcept {
 
 } // namespace
 
-Parameter::Parameter(const char* syntax) noexcept : m_syntax(copyText(syntax)) {}
+Parameter::Parameter(const char* syntax) noexcept : m_syntax(TextCopy(syntax)) {}
 
 Parameter::~Parameter() = default;
 
-void Parameter::SetSyntaxString(const char* syntax) noexcept { m_syntax = copyText(syntax); }
+void Parameter::SetSyntaxString(const char* syntax) noexcept { m_syntax = TextCopy(syntax); }
 
 void Parameter::SetIncStatus(Boolean incremental) noexcept {
     if (m_explicitMode != TRUE) {
@@ -38,13 +38,16 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
     m_incremental = m_standardIncremental;
     m_explicitMode = FALSE;
     m_ncLineStatus = FALSE;
+    if (m_syntax.empty() || !status->GetBlockBytes().MayContain(m_syntax.front())) {
+        return 0;
+    }
     const char separator = *status->GetDecimalSeparator();
     int sign = 1;
     bool hasBracket = false;
 
     char* from = line;
-    while (char* const word = findWord(line, from, m_syntax.get())) {
-        char* p = word + std::strlen(m_syntax.get());
+    while (char* const word = findWord(line, from, m_syntax)) {
+        char* p = word + m_syntax.size();
         if (stepOver(p, "=")) {
             if (stepOver(p, "AC(")) {
                 m_incremental = FALSE;
@@ -61,16 +64,15 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
         if (stepOver(p, "-")) {
             sign = -1;
         }
-        char* const integerEnd = MoveAfterNumber(p);
-        char* fraction = integerEnd;
-        char* end = integerEnd;
-        if (separator != '\0' && *integerEnd == separator) {
-            fraction = integerEnd + 1;
-            end = MoveAfterNumber(fraction);
+        const DigitRun integer = readDigits(p);
+        DigitRun fraction{integer.end, integer.end, 0};
+        if (separator != '\0' && *integer.end == separator) {
+            fraction = readDigits(integer.end + 1);
         }
+        char* end = p + (fraction.end - p);
         const bool isNumber = end != p;
         if (isNumber) {
-            m_value = implyDecimals(ncNumber(sign, p, integerEnd, fraction, end), separator);
+            m_value = implyDecimals(ncNumber(sign, integer, fraction), separator);
         }
         if (hasBracket && *end == ')') {
             ++end;

@@ -3,8 +3,6 @@
 #include "commands/TextCopy.h"
 #include "softCommon/Boolean.h"
 
-#include <cstdint>
-
 class MachineStatus;
 
 /// Recognises one address word with a number ("X-12.5", "X=IC(3)") and cuts it out of the block.
@@ -24,7 +22,7 @@ public:
     [[nodiscard]] double& GetValue() noexcept { return m_value; }
     [[nodiscard]] Boolean GetIncStatus() const noexcept { return m_incremental; }
     [[nodiscard]] Boolean GetNCLineStatus() const noexcept { return m_ncLineStatus; }
-    [[nodiscard]] std::int32_t GetDecimalPlace() const noexcept { return m_decimalPlaces; }
+    [[nodiscard]] long GetDecimalPlace() const noexcept { return m_decimalPlaces; }
 
     /// Says whether values of this address are incremental by definition.
     void InitStandardInc(Boolean standard) noexcept { m_standardIncremental = standard; }
@@ -32,7 +30,7 @@ public:
     void SetIncStatus(Boolean incremental) noexcept;
     void SetNCLineStatus(Boolean status) noexcept { m_ncLineStatus = status; }
     /// Number of implied decimal places, used while the dialect has no decimal separator.
-    void SetDecimalPlace(const std::int32_t& places) noexcept { m_decimalPlaces = places; }
+    void SetDecimalPlace(const long& places) noexcept { m_decimalPlaces = places; }
 
     /// Finds the word, converts its number, removes the word from `line` and returns 1; returns 0
     /// when there is none. A sign, "=AC(" or "=IC(" found before a word without digits carries over
@@ -53,5 +51,5 @@ private:
     Boolean m_incremental = FALSE;
     Boolean m_ncLineStatus = FALSE;
     Boolean m_explicitMode = FALSE; // the word carried "=AC(" or "=IC("
-    std::int32_t m_decimalPlaces = 0;
+    long m_decimalPlaces = 0;
 };

@@ -4,15 +4,14 @@
 
 #include <cstring>
 
-void RecordNumber::InitRecordNumber(const char* address) noexcept { m_address = copyText(address); }
+void RecordNumber::InitRecordNumber(const char* address) noexcept { m_address = TextCopy(address); }
 
 int RecordNumber::DeleteRecordNumber(char* line) const noexcept {
-    if (m_address == nullptr || line == nullptr || *line == '\0') {
+    if (m_address.empty() || line == nullptr) {
         return 0;
     }
-    const std::size_t length = std::strlen(m_address.get());
-    if (length > 0 && std::strncmp(line, m_address.get(), length) == 0) {
-        cutOut(line, skipDigits(line + length));
+    if (std::strncmp(line, m_address.get(), m_address.size()) == 0) {
+        cutOut(line, skipDigits(line + m_address.size()));
     }
     return 0;
 }

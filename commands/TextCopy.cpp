@@ -3,14 +3,14 @@
 #include <cstring>
 #include <new>
 
-TextCopy copyText(const char* text) noexcept {
+TextCopy::TextCopy(const char* text) noexcept {
     if (text == nullptr) {
-        return nullptr;
+        return;
     }
-    const std::size_t size = std::strlen(text) + 1;
-    TextCopy copy(new (std::nothrow) char[size]);
-    if (copy != nullptr) {
-        std::memcpy(copy.get(), text, size);
+    const std::size_t size = std::strlen(text);
+    m_text.reset(new (std::nothrow) char[size + 1]);
+    if (m_text != nullptr) {
+        std::memcpy(m_text.get(), text, size + 1);
+        m_size = size;
     }
-    return copy;
 }

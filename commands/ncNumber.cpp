@@ -1,5 +1,8 @@
 #include "commands/ncNumber.h"
 
+#include "softCommon/CStringUtil/asciiBytes.h"
+
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -15,18 +18,15 @@ constexpr std::array<double, 23> kNegativePowers = {
     1e-0,  1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,  1e-10, 1e-11,
     1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
 
-// The digits as a T; false when they exceed it.
-template<class T>
-bool readDigits(const char* first, const char* last, T& number) noexcept {
-    number = 0;
-    return first == last || std::from_chars(first, last, number).ec == std::errc{};
+// The whole run as a number; false when it exceeds a 64-bit integer.
+bool readWhole(const DigitRun& digits, std::int64_t& number) noexcept {
+    number = digits.value;
+    return digits.isExact() || std::from_chars(digits.begin, digits.end, number).ec == std::errc{};
 }
 
-double nearestDecimal(int sign, const char* integer, const char* integerEnd, const char* fraction,
-                      const char* fractionEnd) noexcept {
-    while (integer != integerEnd && *integer == '0') {
-        ++integer;
-    }
+double nearestDecimal(int sign, const DigitRun& integer, const DigitRun& fraction) noexcept {
+    const char* const significant =
+        std::find_if(integer.begin, integer.end, [](char c) { return c != '0'; });
     // A block holds at most 255 bytes; digits beyond the buffer can come only from other callers
     // and no longer change the nearest double.
     std::array<char, 1024> text{};
@@ -36,12 +36,12 @@ double nearestDecimal(int sign, const char* integer, const char* integerEnd, con
             *end++ = *first;
         }
     };
-    append(integer, integerEnd);
+    append(significant, integer.end);
     *end++ = '.';
-    append(fraction, fractionEnd);
+    append(fraction.begin, fraction.end);
     double value = 0.0;
     if (std::from_chars(text.data(), end, value).ec == std::errc::result_out_of_range) {
-        value = integer == integerEnd ? 0.0 : std::numeric_limits<double>::infinity();
+        value = significant == integer.end ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return sign * value;
 }
@@ -56,16 +56,33 @@ double powerOfTen(long exponent) noexcept {
     return std::pow(10.0, static_cast<double>(exponent));
 }
 
-double ncNumber(int sign, const char* integer, const char* integerEnd, const char* fraction,
-                const char* fractionEnd) noexcept {
-    long whole = 0;
-    int part = 0;
-    if (!readDigits(integer, integerEnd, whole) || !readDigits(fraction, fractionEnd, part)) {
-        return nearestDecimal(sign, integer, integerEnd, fraction, fractionEnd);
+DigitRun readDigits(const char* p) noexcept {
+    DigitRun run{p, p, 0};
+    std::uint64_t value = 0; // wraps silently in runs that are too long to be exact
+    for (; isDigitByte(*run.end); ++run.end) {
+        value = value * 10 + static_cast<std::uint64_t>(*run.end - '0');
+    }
+    run.value = static_cast<std::int64_t>(value);
+    return run;
+}
+
+double ncNumber(int sign, const DigitRun& integer, const DigitRun& fraction) noexcept {
+    std::int64_t whole = 0;
+    std::int64_t part = 0;
+    if (!readWhole(integer, whole) || !readWhole(fraction, part) ||
+        part > std::numeric_limits<int>::max()) {
+        return nearestDecimal(sign, integer, fraction);
     }
     const auto value = static_cast<double>(sign * whole);
-    if (fraction == fractionEnd) {
+    if (fraction.empty()) {
         return value;
     }
-    return value + static_cast<double>(sign * part) * powerOfTen(fraction - fractionEnd);
+    return value + static_cast<double>(sign * part) * powerOfTen(fraction.begin - fraction.end);
+}
+
+std::int32_t clampedInteger(const DigitRun& digits) noexcept {
+    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
+    std::int64_t number = 0;
+    return static_cast<std::int32_t>(readWhole(digits, number) ? std::min(number, kHighest)
+                                                               : kHighest);
 }

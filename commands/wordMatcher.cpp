@@ -4,13 +4,16 @@
 
 #include <cstring>
 
-char* findWord(char* block, char* from, const char* syntax) noexcept {
-    if (syntax == nullptr || *syntax == '\0') {
+char* findText(char* from, const TextCopy& text) noexcept {
+    return text.size() == 1 ? std::strchr(from, text.front()) : std::strstr(from, text.get());
+}
+
+char* findWord(char* block, char* from, const TextCopy& syntax) noexcept {
+    if (syntax.empty()) {
         return nullptr;
     }
-    const bool isOneByte = syntax[1] == '\0';
     for (char* p = from;; ++p) {
-        p = isOneByte ? std::strchr(p, *syntax) : std::strstr(p, syntax);
+        p = findText(p, syntax);
         if (p == nullptr || p == block || !isLetterByte(p[-1])) {
             return p;
         }

@@ -78,13 +78,18 @@ int Controller::execute(const char* paramfile, const char* ncfile, const char* o
         // Only a hook of the process ends throws anything else; the run is over then.
         code = kInternalError;
     }
+    const Failure failure = LastFailure();
     const int written = CloseFiles();
-    return code != 0 ? code : written;
+    if (code == 0) {
+        return written;
+    }
+    KeepFailure(failure);
+    return code;
 }
 
 int Controller::runSteps(const char* paramfile, const char* ncfile, const char* outputfile,
                          const char* logfile, const eOutputType& type) {
-    ResetModel();
+    BeginConversion();
     if (const int code = protectInputs(paramfile, ncfile, outputfile, logfile); code != 0) {
         return code;
     }
@@ -103,15 +108,15 @@ int Controller::protectInputs(const char* paramfile, const char* ncfile, const c
         return isSameRegularFile(name, paramfile) || isSameRegularFile(name, ncfile);
     };
     if (isInput(logfile)) {
-        KeepFailureReason("it is an input of this run");
+        KeepFailure({.text = "it is an input of this run"});
         return kLogFileUnwritable;
     }
     if (isInput(outputfile)) {
-        KeepFailureReason("it is an input of this run");
+        KeepFailure({.text = "it is an input of this run"});
         return kOutputFileUnwritable;
     }
     if (isSameRegularFile(logfile, outputfile)) {
-        KeepFailureReason("it is the output file as well");
+        KeepFailure({.text = "it is the output file as well"});
         return kLogFileUnwritable;
     }
     return 0;

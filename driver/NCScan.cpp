@@ -1,6 +1,5 @@
 #include "driver/NCScan.h"
 
-#include "commands/TextCopy.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CStringUtil/string_mani.h"
@@ -30,39 +29,40 @@ bool closeCompletely(FileOwner& file) noexcept {
 
 NCScan::~NCScan() = default;
 
-void NCScan::ResetModel() { m_model.emplace(); }
-
-const char* NCScan::FailureReason() const noexcept {
-    return m_systemError != 0 ? std::strerror(m_systemError) : m_failureReason;
+void NCScan::BeginConversion() {
+    m_model.emplace();
+    m_blockNumber = 0;
+    m_continuesLine = false;
+    m_blockText[0] = '\0';
+    m_failure = {};
 }
 
-void NCScan::KeepFailureReason(int systemError) noexcept {
-    m_systemError = systemError;
-    m_failureReason = nullptr;
-}
-
-void NCScan::KeepFailureReason(const char* reason) noexcept {
-    m_systemError = 0;
-    m_failureReason = reason;
+bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
+    return isSameRegularFile(file, m_outputFile.get()) || isSameRegularFile(file, m_logFile.get());
 }
 
 int NCScan::SetNCFileName(const char* name) {
     m_ncFile.reset();
-    m_ncFileName = copyText(name);
+    m_ncFileName = TextCopy(name);
     if (name == nullptr) {
         return kNCFileUnreadable;
     }
-    if (m_ncFileName == nullptr) {
+    if (m_ncFileName.get() == nullptr) {
         return kMemoryExhausted;
     }
     m_ncFile.reset(std::fopen(name, "rt"));
     if (m_ncFile == nullptr) {
-        KeepFailureReason(errno);
+        KeepFailure({.systemError = errno});
         return kNCFileUnreadable;
     }
     if (isDirectory(m_ncFile.get())) {
         m_ncFile.reset();
-        KeepFailureReason(EISDIR);
+        KeepFailure({.systemError = EISDIR});
+        return kNCFileUnreadable;
+    }
+    if (IsOwnOutput(m_ncFile.get())) {
+        m_ncFile.reset();
+        KeepFailure({.text = "it did not exist before this run made it as output or log"});
         return kNCFileUnreadable;
     }
     return 0;
@@ -75,7 +75,7 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
         return code;
     }
     if (type != eOutputAPT) {
-        KeepFailureReason(0);
+        KeepFailure({});
         return kOutputTypeUnsupported;
     }
     if (m_outputFile != nullptr) {
@@ -85,9 +85,10 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
 }
 
 int NCScan::openOutput(const char* name) noexcept {
+    m_outputFile.reset(); // before the same name is truncated
     m_outputFile.reset(name == nullptr ? nullptr : std::fopen(name, "wt"));
     if (m_outputFile == nullptr) {
-        KeepFailureReason(name == nullptr ? 0 : errno);
+        KeepFailure({.systemError = name == nullptr ? 0 : errno});
         return kOutputFileUnwritable;
     }
     return 0;
@@ -99,12 +100,12 @@ int NCScan::openLog(const char* name) noexcept {
         return 0;
     }
     if (isSameRegularFile(m_outputFile.get(), name)) {
-        KeepFailureReason("it is the output file as well");
+        KeepFailure({.text = "it is the output file as well"});
         return kLogFileUnwritable;
     }
     m_logFile.reset(std::fopen(name, "wt"));
     if (m_logFile == nullptr) {
-        KeepFailureReason(errno);
+        KeepFailure({.systemError = errno});
         return kLogFileUnwritable;
     }
     char banner[64] = "";
@@ -118,34 +119,43 @@ int NCScan::CloseFiles() noexcept {
     int result = 0;
     m_factory.reset();
     if (!closeCompletely(m_logFile)) {
-        KeepFailureReason(errno);
+        KeepFailure({.systemError = errno});
         result = kLogFileUnwritable;
     }
     if (!closeCompletely(m_outputFile)) {
-        KeepFailureReason(errno);
+        KeepFailure({.systemError = errno});
         result = kOutputFileUnwritable;
     }
     return result;
 }
 
 int NCScan::run() {
+    const int code = runBlocks();
+    // The bytes of the last block say nothing about other lines.
+    m_model->status.InitBlockBytes(ByteSet::All());
+    return code;
+}
+
+int NCScan::runBlocks() {
     std::FILE* const file = m_ncFile.get();
     if (file == nullptr) {
         return kNCFileUnreadable;
     }
-    const int commandCount = m_model->commands.GetCommandCount();
+    CommandIndex commands(m_model->commands);
     Block block;
     while (std::feof(file) == 0) {
-        // A line that does not fit is read in pieces, each a block of its own.
-        if (std::fgets(block.data(), static_cast<int>(block.size()), file) == nullptr) {
+        // A line that does not fit is read in pieces, each a block of its own. Only a full piece
+        // has its end in the last byte.
+        block.back() = '\n';
+        if (fgets_unlocked(block.data(), static_cast<int>(block.size()), file) == nullptr) {
             if (std::ferror(file) != 0) {
-                KeepFailureReason(errno);
+                KeepFailure({.systemError = errno});
                 return kNCFileUnreadable;
             }
             continue;
         }
         beginBlock(block);
-        if (const int code = convertBlock(block.data(), commandCount); code != 0) {
+        if (const int code = convertBlock(block.data(), commands); code != 0) {
             return code;
         }
     }
@@ -156,16 +166,19 @@ void NCScan::beginBlock(Block& block) noexcept {
     if (!m_continuesLine) {
         ++m_blockNumber;
     }
-    const std::size_t length = std::strlen(block.data());
-    m_continuesLine = length == block.size() - 1 && block[length - 1] != '\n';
+    m_continuesLine = block.back() == '\0' && block[block.size() - 2] != '\n';
     string_mani(3, block.data());
-    std::strcpy(m_blockText.data(), block.data());
+    m_blockLength = std::strlen(block.data());
+    std::memcpy(m_blockText.data(), block.data(), m_blockLength + 1);
     if (m_logFile != nullptr) {
-        std::fprintf(m_logFile.get(), "\n%s\n", block.data());
+        std::FILE* const log = m_logFile.get();
+        (void)putc_unlocked('\n', log);
+        (void)fwrite_unlocked(block.data(), 1, m_blockLength, log);
+        (void)putc_unlocked('\n', log);
     }
 }
 
-int NCScan::convertBlock(char* block, int commandCount) {
+int NCScan::convertBlock(char* block, CommandIndex& commands) {
     MachineStatus& status = m_model->status;
     if (const int code = status.GetRecordNumber()->DeleteRecordNumber(block); code != 0) {
         return code;
@@ -173,18 +186,17 @@ int NCScan::convertBlock(char* block, int commandCount) {
     if (const int code = status.GetComment()->KillComments(block); code != 0) {
         return code;
     }
-    string_mani(3, block);
-    for (int i = 0; i < commandCount && *block != '\0'; ++i) {
+    if (std::strlen(block) != m_blockLength) {
+        string_mani(3, block);
+    }
+    const ByteSet bytes = ByteSet::Of(block);
+    status.InitBlockBytes(bytes);
+    commands.Select(bytes);
+    const int code = commands.ForEachSelected([block](Command& command) {
         if (*block == ' ') {
             string_mani(3, block);
         }
-        Command* const command = m_model->commands.GetCommand(i);
-        if (command == nullptr) {
-            continue;
-        }
-        if (const int code = command->scanNC(block); code != 0) {
-            return code;
-        }
-    }
-    return status.scanNC(block);
+        return *block == '\0' ? 0 : command.scanNC(block);
+    });
+    return code != 0 ? code : status.scanNC(block);
 }

@@ -3,7 +3,9 @@
 #include "apt/APTFactory.h"
 #include "commands/AvailableCommands.h"
 #include "commands/AvailableParameters.h"
+#include "commands/CommandIndex.h"
 #include "commands/MachineStatus.h"
+#include "commands/TextCopy.h"
 #include "include/quillmark.h"
 #include "softCommon/FileOwner.h"
 
@@ -46,25 +48,29 @@ public:
     /// Null unless the kind of output is APT and the output is open.
     [[nodiscard]] Factory* GetOutputFactory() noexcept { return m_factory.get(); }
 
-    /// Flushes and closes output and log. Returns 0, 202 or 203 when one of them could not be
+    /// Flushes and closes output and log. Returns 0, or 202 or 203 when one of them could not be
     /// written completely; 202 wins.
     int CloseFiles() noexcept;
+    /// Whether the open file is the output or the log of this conversion.
+    [[nodiscard]] bool IsOwnOutput(std::FILE* file) const noexcept;
 
     /// Line number in the NC file, from 1, of the block that is converted or was converted last.
     [[nodiscard]] long BlockNumber() const noexcept { return m_blockNumber; }
     /// That block as it stood in the file, trimmed.
     [[nodiscard]] const char* BlockText() const noexcept { return m_blockText.data(); }
 
-    /// Why the last step failed: a text, or null when nothing more is known than the code.
-    [[nodiscard]] const char* FailureReason() const noexcept;
-    /// Keeps the system's reason for a failure; 0 for none.
-    void KeepFailureReason(int systemError) noexcept;
-    /// Keeps a reason of our own; the text has static storage.
-    void KeepFailureReason(const char* reason) noexcept;
+    /// Why a step failed, beyond its code: the system's error, or else a text of our own with
+    /// static storage, or neither.
+    struct Failure {
+        int systemError = 0;
+        const char* text = nullptr;
+    };
+    void KeepFailure(const Failure& failure) noexcept { m_failure = failure; }
+    [[nodiscard]] const Failure& LastFailure() const noexcept { return m_failure; }
 
 protected:
-    /// Throws the command model away, so that a new conversion begins with an empty one.
-    void ResetModel();
+    /// Forgets the command model, position and failure of an earlier conversion.
+    void BeginConversion();
 
 private:
     static constexpr std::size_t kBlockSize = 256;
@@ -78,10 +84,11 @@ private:
 
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
+    int runBlocks();
     void beginBlock(Block& block) noexcept;
-    int convertBlock(char* block, int commandCount);
+    int convertBlock(char* block, CommandIndex& commands);
 
-    std::unique_ptr<char[]> m_ncFileName;
+    TextCopy m_ncFileName;
     FileOwner m_ncFile;
     std::optional<Model> m_model{std::in_place};
     std::unique_ptr<APTFactory> m_factory;
@@ -91,6 +98,6 @@ private:
     long m_blockNumber = 0;
     bool m_continuesLine = false; // the next piece belongs to the same line of the file
     Block m_blockText = {};
-    int m_systemError = 0;
-    const char* m_failureReason = nullptr;
+    std::size_t m_blockLength = 0; // of that text
+    Failure m_failure;
 };

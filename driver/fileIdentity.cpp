@@ -12,19 +12,26 @@ bool identify(const char* name, struct stat& identity) noexcept {
     return name != nullptr && stat(name, &identity) == 0;
 }
 
-} // namespace
+bool identify(std::FILE* file, struct stat& identity) noexcept {
+    return file != nullptr && fstat(fileno(file), &identity) == 0;
+}
 
-bool isSameRegularFile(const char* left, const char* right) noexcept {
+template<class Left, class Right>
+bool areSame(Left left, Right right) noexcept {
     struct stat l {};
     struct stat r {};
     return identify(left, l) && identify(right, r) && isSame(l, r);
 }
 
-bool isSameRegularFile(std::FILE* left, const char* right) noexcept {
-    struct stat l {};
-    struct stat r {};
-    return left != nullptr && fstat(fileno(left), &l) == 0 && identify(right, r) && isSame(l, r);
+} // namespace
+
+bool isSameRegularFile(const char* left, const char* right) noexcept {
+    return areSame(left, right);
 }
+
+bool isSameRegularFile(std::FILE* left, std::FILE* right) noexcept { return areSame(left, right); }
+
+bool isSameRegularFile(std::FILE* left, const char* right) noexcept { return areSame(left, right); }
 
 bool isDirectory(std::FILE* file) noexcept {
     struct stat identity {};

@@ -6,7 +6,8 @@
 /// names lead to none.
 [[nodiscard]] bool isSameRegularFile(const char* left, const char* right) noexcept;
 
-/// Whether the open stream and the name lead to the same regular file.
+/// The same for open streams; null is none.
+[[nodiscard]] bool isSameRegularFile(std::FILE* left, std::FILE* right) noexcept;
 [[nodiscard]] bool isSameRegularFile(std::FILE* left, const char* right) noexcept;
 
 /// Whether the open stream is a directory, which opens but cannot be read.

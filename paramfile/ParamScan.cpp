@@ -54,27 +54,31 @@ int ParamScan::SetParameterFile(const char* name) {
     }
     const FileOwner input(std::fopen(name, "rt"));
     if (input == nullptr) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kParameterFileUnreadable;
     }
     if (isDirectory(input.get())) {
-        m_ncscan.KeepFailureReason(EISDIR);
+        m_ncscan.KeepFailure({.systemError = EISDIR});
+        return kParameterFileUnreadable;
+    }
+    if (m_ncscan.IsOwnOutput(input.get())) {
+        m_ncscan.KeepFailure({.text = "it did not exist before this run made it as output or log"});
         return kParameterFileUnreadable;
     }
     m_file.reset(std::tmpfile());
     if (m_file == nullptr) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kNoTemporaryFile;
     }
     if (const int code = convert(input.get(), m_file.get()); code != 0) {
         return code;
     }
     if (std::fflush(m_file.get()) != 0 || std::ferror(m_file.get()) != 0) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kNoTemporaryFile;
     }
     if (std::fseek(m_file.get(), 0, SEEK_SET) != 0) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kRewindFailed;
     }
     return 0;
@@ -86,11 +90,11 @@ int ParamScan::convert(std::FILE* in, std::FILE* out) {
         if (std::ferror(in) == 0) {
             return kParameterFileEndsEarly;
         }
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kParameterFileUnreadable;
     }
     if (std::fseek(in, 0, SEEK_SET) != 0) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kRewindFailed;
     }
     return std::strstr(line.data(), "Header") != nullptr ? decode(in, out) : update(in, out);
@@ -103,7 +107,7 @@ int ParamScan::decode(std::FILE* in, std::FILE* out) {
         return kMemoryExhausted;
     }
     if (std::ferror(in) != 0) {
-        m_ncscan.KeepFailureReason(errno);
+        m_ncscan.KeepFailure({.systemError = errno});
         return kParameterFileEndsEarly;
     }
     for (char** line = lines.get(); *line != nullptr; ++line) {
@@ -126,7 +130,7 @@ int ParamScan::run() {
     while (std::feof(m_file.get()) == 0) {
         if (std::fgets(line.data(), static_cast<int>(line.size()), m_file.get()) == nullptr) {
             if (std::ferror(m_file.get()) != 0) {
-                m_ncscan.KeepFailureReason(errno);
+                m_ncscan.KeepFailure({.systemError = errno});
                 return kParameterFileEndsEarly;
             }
             continue;
@@ -294,12 +298,9 @@ int ParamScan::addParameter(char* value, Parameter*& parameter) {
     return 0;
 }
 
-int ParamScan::configureMovement(LinearMovement* command, char* value, Boolean rapid) {
-    return configure(command, value, status().GetMovementCom(), &status(), rapid);
-}
-
-int ParamScan::configureMovement(CircularMovement* command, char* value, Boolean clockwise) {
-    return configure(command, value, status().GetMovementCom(), &status(), clockwise);
+template<class Movement>
+int ParamScan::configureMovement(Movement* command, char* value, Boolean flag) {
+    return configure(command, value, status().GetMovementCom(), &status(), flag);
 }
 
 int ParamScan::configureFeed(FeedRate* command, char* value, Boolean perMinute) {
@@ -330,20 +331,13 @@ int ParamScan::addCentre(char* value, std::size_t axis,
     });
 }
 
-int ParamScan::addCoordinate(char* value, void (MovementCommand::*attach)(Parameter*) noexcept) {
+int ParamScan::addCoordinate(char* value, void (MovementCommand::*attach)(Parameter*) noexcept,
+                             Boolean incremental) {
     return addAddress(value, [&](Parameter* word) {
         for (MovementCommand* const movement : movements()) {
             (movement->*attach)(word);
         }
-    });
-}
-
-int ParamScan::addIncremental(char* value, void (MovementCommand::*attach)(Parameter*) noexcept) {
-    return addAddress(value, [&](Parameter* word) {
-        for (MovementCommand* const movement : movements()) {
-            (movement->*attach)(word);
-        }
-        word->InitStandardInc(TRUE);
+        word->InitStandardInc(incremental);
     });
 }
 
@@ -543,27 +537,27 @@ std::span<const ParamScan::Key> ParamScan::ParameterKeys() noexcept {
          }},
         {"1ST_COORDINATE_INCR", true,
          [](ParamScan& scan, char* value) {
-             return scan.addIncremental(value, &MovementCommand::InitIncXParm);
+             return scan.addCoordinate(value, &MovementCommand::InitIncXParm, TRUE);
          }},
         {"2ND_COORDINATE_INCR", true,
          [](ParamScan& scan, char* value) {
-             return scan.addIncremental(value, &MovementCommand::InitIncYParm);
+             return scan.addCoordinate(value, &MovementCommand::InitIncYParm, TRUE);
          }},
         {"3RD_COORDINATE_INCR", true,
          [](ParamScan& scan, char* value) {
-             return scan.addIncremental(value, &MovementCommand::InitIncZParm);
+             return scan.addCoordinate(value, &MovementCommand::InitIncZParm, TRUE);
          }},
         {"1ST_COORDINATE", true,
          [](ParamScan& scan, char* value) {
-             return scan.addCoordinate(value, &MovementCommand::InitXParm);
+             return scan.addCoordinate(value, &MovementCommand::InitXParm, FALSE);
          }},
         {"2ND_COORDINATE", true,
          [](ParamScan& scan, char* value) {
-             return scan.addCoordinate(value, &MovementCommand::InitYParm);
+             return scan.addCoordinate(value, &MovementCommand::InitYParm, FALSE);
          }},
         {"3RD_COORDINATE", true,
          [](ParamScan& scan, char* value) {
-             return scan.addCoordinate(value, &MovementCommand::InitZParm);
+             return scan.addCoordinate(value, &MovementCommand::InitZParm, FALSE);
          }},
         {"1ST_CIRCLE_CENTER_COORDINATE", false,
          [](ParamScan& scan, char* value) {

@@ -83,16 +83,16 @@ private:
     int create(Kind*& slot, CommandGroup* group, Arguments... arguments);
     template<class Kind, class... Arguments>
     int configure(Kind* command, char* value, Arguments... arguments);
-    int configureMovement(LinearMovement* command, char* value, Boolean rapid);
-    int configureMovement(CircularMovement* command, char* value, Boolean clockwise);
+    template<class Movement>
+    int configureMovement(Movement* command, char* value, Boolean flag);
     int configureFeed(FeedRate* command, char* value, Boolean perMinute);
     int configureSpindle(Spindle* command, char* value, int mode);
     int addEndCommand(char* value);
     int addParameter(char* value, Parameter*& parameter);
     template<class Attach>
     int addAddress(char* value, Attach attach);
-    int addCoordinate(char* value, void (MovementCommand::*attach)(Parameter*) noexcept);
-    int addIncremental(char* value, void (MovementCommand::*attach)(Parameter*) noexcept);
+    int addCoordinate(char* value, void (MovementCommand::*attach)(Parameter*) noexcept,
+                      Boolean incremental);
     int addCentre(char* value, std::size_t axis,
                   void (CircularMovement::*attach)(Parameter*) noexcept);
     int setDivisors(const char* value, void (MovementCommand::*set)(const char*) noexcept);

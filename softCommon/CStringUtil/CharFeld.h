@@ -10,6 +10,8 @@
 /// `count`, when given and not negative, is trusted as the number of entries and is increased;
 /// otherwise the entries are counted. With no entries a fresh array is made, even when an array was
 /// passed in: that one is not reused. That is wanted: callers pass null with a count of 0.
+/// The capacity is not stored: one array takes one of these three functions only, and an array of
+/// another origin (fp2CharFeld) only this one, which makes room on every call.
 /// On exhausted memory a line goes to standard error, the old array is released and null returned.
 [[nodiscard]] char** addCharFeld(char** array, int* count, const char* string) noexcept;
 /// The same, growing by 20 slots at a time.

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+/// The bytes of a block, folded into 64 classes: bytes that are equal in their low six bits share
+/// one, and the capital letters have one each. It tells, without a search, which words cannot
+/// stand on the block. Recognisers only remove text, so it stays true for what is left.
+class ByteSet {
+public:
+    constexpr ByteSet() noexcept = default;
+
+    /// The set that rules nothing out.
+    [[nodiscard]] static constexpr ByteSet All() noexcept { return ByteSet(~std::uint64_t{0}); }
+    /// The bytes of `text`, without its terminating zero.
+    [[nodiscard]] static constexpr ByteSet Of(const char* text) noexcept {
+        std::uint64_t classes = 0;
+        for (; *text != '\0'; ++text) {
+            classes |= classOf(*text);
+        }
+        return ByteSet(classes);
+    }
+    /// False only when `c` is certainly not in the set.
+    [[nodiscard]] constexpr bool MayContain(char c) const noexcept {
+        return (m_classes & classOf(c)) != 0;
+    }
+
+private:
+    explicit constexpr ByteSet(std::uint64_t classes) noexcept : m_classes(classes) {}
+
+    [[nodiscard]] static constexpr std::uint64_t classOf(char c) noexcept {
+        return std::uint64_t{1} << (static_cast<unsigned char>(c) % 64U);
+    }
+
+    std::uint64_t m_classes = 0;
+};
