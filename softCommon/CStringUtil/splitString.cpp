@@ -96,7 +96,8 @@ char** splitString(const char* string, const char* separators, int separatorCoun
         std::perror("splitString");
         return nullptr;
     }
-    char* const text = std::strcpy(work.get(), string);
+    char* const text = work.get();
+    std::memcpy(text, string, length + 1);
     string_mani(3, text);
     if (*text == '\0') {
         return nullptr;
