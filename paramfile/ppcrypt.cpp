@@ -1,9 +1,138 @@
 #include "paramfile/ppcrypt.h"
+
+#include "paramfile/HeapText.h"
+#include "paramfile/lineCoder.h"
+#include "softCommon/CStringUtil/numberText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
-int ppcrypt(int, char** lines) {
-    for (; *lines; ++lines) {
-        if (std::strncmp(*lines, "#FILE:", 6) == 0 && std::strstr(*lines, "UNCODED"))
-            return 0;
+#include <span>
+#include <string_view>
+
+namespace {
+
+constexpr int kCode = 0;
+constexpr int kDecode = 1;
+
+constexpr std::string_view kVersionTag = "#VERSION: ";
+constexpr std::string_view kFileTag = "#FILE:";
+constexpr std::string_view kLastPlainLine = "##### Toolmachine Section";
+
+// A corrupt line may be of any length; more than the longest readable line says nothing more.
+constexpr int kShownCharacters = 511;
+
+constexpr int kFirstReleaseOfNewKey = 7;
+
+bool beginsWith(const char* line, std::string_view tag) noexcept {
+    return std::string_view(line).starts_with(tag);
+}
+
+std::string_view trimmed(std::string_view text) noexcept {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    text = text.substr(0, text.find_first_of("\r\n"));
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+// The first coded line; the null entry when there is none.
+char** findCodedPart(char** lines) noexcept {
+    for (char** line = lines;; ++line) {
+        if (*line == nullptr) {
+            return line;
+        }
+        if (beginsWith(*line, kLastPlainLine)) {
+            return line + 1;
+        }
     }
-    return 39999;
+}
+
+bool marksPlainFile(const char* line) noexcept {
+    return beginsWith(line, kFileTag) &&
+           (std::strstr(line, "UNCODED") != nullptr || std::strstr(line, "uncoded") != nullptr);
+}
+
+// The version is sought in the plain lines only: behind them it would be found when coding, not
+// when decoding.
+const CodingKey& chooseKey(std::span<char* const> plainLines) noexcept {
+    for (const char* const line : plainLines) {
+        if (beginsWith(line, kVersionTag)) {
+            const std::string_view version = trimmed(line + kVersionTag.size());
+            // "V1R5": the release stands from the fourth character on.
+            const bool isOld = version.size() >= 4 &&
+                               version.find("1R") != std::string_view::npos &&
+                               readInteger(version.data() + 3) < kFirstReleaseOfNewKey;
+            return isOld ? kCodingKeyBefore7 : kCodingKey;
+        }
+    }
+    return kCodingKey;
+}
+
+int convertLine(int option, CodingGenerator& generator, char*& line) noexcept {
+    const std::span<const char> text(line, std::strlen(line));
+    if (option == kDecode && text.empty()) {
+        return kCoderDone;
+    }
+    const std::size_t length = option == kCode ? codedLength(text.size()) : text.size() / 2;
+    HeapText converted(static_cast<char*>(std::malloc(length + 1)));
+    if (converted == nullptr) {
+        return kCoderNoMemory;
+    }
+    const std::span<char> result(converted.get(), length);
+    const int code =
+        option == kCode ? codeBytes(generator, text, result) : decodeBytes(generator, text, result);
+    if (code == kCoderDone) {
+        converted.get()[length] = '\0';
+        std::free(line);
+        line = converted.release();
+    }
+    return code;
+}
+
+void reportLine(int option, int code, std::ptrdiff_t number, const char* line) noexcept {
+    std::fprintf(stderr, "ppcrypt: error in line %ld\n", static_cast<long>(number));
+    if (code == kCoderChecksum) {
+        std::fputs("Error in GGUVXVEH : Checksum-Error\n", stderr);
+    }
+    std::fprintf(stderr, "line <%.*s> can't be %s\n", kShownCharacters, line,
+                 option == kCode ? "coded" : "decoded");
+}
+
+void reportCode(int code) noexcept {
+    std::fprintf(stderr, "Error in %s. Rc=%ld\n", "ppcrypt", static_cast<long>(code));
+}
+
+} // namespace
+
+int ppcrypt(int option, char** lines) noexcept {
+    if (option != kCode && option != kDecode) {
+        std::fprintf(stderr, "Internal Error: unknown opt=%d\n", option);
+        reportCode(kCoderInternalError);
+        return kCoderInternalError;
+    }
+    if (lines == nullptr) {
+        return kCoderDone;
+    }
+    char** const codedPart = findCodedPart(lines);
+    const std::span<char* const> plainLines(lines, codedPart);
+    for (char* const line : plainLines) {
+        if (marksPlainFile(line)) {
+            if (option == kDecode) {
+                return kCoderDone;
+            }
+            line[0] = '\0';
+        }
+    }
+    CodingGenerator generator;
+    vxinit(generator, chooseKey(plainLines));
+    for (char** line = codedPart; *line != nullptr; ++line) {
+        const int code = convertLine(option, generator, *line);
+        if (code != kCoderDone) {
+            reportLine(option, code, line - lines + 1, *line);
+            reportCode(code);
+            return code;
+        }
+    }
+    return kCoderDone;
 }
