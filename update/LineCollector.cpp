@@ -1,0 +1,45 @@
+#include "update/LineCollector.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+LineCollector::LineCollector(char** lines) noexcept
+    : m_lines(lines), m_count(sizeofCharFeld(lines)), m_failed(lines == nullptr) {
+    // addCharFeld begins anew at a count of 0 and would lose an empty array.
+    if (m_count == 0) {
+        m_lines.reset();
+    }
+}
+
+void LineCollector::add(const char* line) noexcept {
+    if (m_failed) {
+        return;
+    }
+    m_lines.reset(addCharFeld200(m_lines.release(), &m_count, line));
+    if (m_lines == nullptr) {
+        fail();
+    }
+}
+
+void LineCollector::add(const HeapText& line) noexcept {
+    if (line == nullptr) {
+        std::fputs("LineCollector: FATAL - malloc failed!\n", stderr);
+        fail();
+    } else {
+        add(line.get());
+    }
+}
+
+char** LineCollector::release() noexcept {
+    if (!m_failed && m_lines == nullptr) {
+        m_lines.reset(static_cast<char**>(std::calloc(1, sizeof(char*))));
+    }
+    m_count = 0;
+    return m_lines.release();
+}
+
+void LineCollector::fail() noexcept {
+    m_lines.reset();
+    m_count = 0;
+    m_failed = true;
+}

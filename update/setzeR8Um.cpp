@@ -1,0 +1,7 @@
+#include "update/convertValues.h"
+#include "update/keyTables.h"
+#include "update/sectionConverters.h"
+
+char** setzeR8Um(char** lines, std::FILE* /*msg*/) noexcept {
+    return valueSection("##### Real Section", lines, realKeys(), valueField);
+}

@@ -1,0 +1,7 @@
+#include "update/convertValues.h"
+#include "update/keyTables.h"
+#include "update/sectionConverters.h"
+
+char** setzeStrUm(char** lines, std::FILE* /*msg*/) noexcept {
+    return valueSection("##### String Section", lines, stringKeys(), valueField);
+}
