@@ -143,6 +143,7 @@ TEST(Ppcrypt, NamesTheLineThatFails) {
         {1, "EC751A45BB", kCoderUndecodable, "line <EC751A45BB> can't be decoded\n"},
         {1, "RAPID", kCoderUndecodable, "line <RAPID> can't be decoded\n"},
         {1, "FF1A0", kCoderUndecodable, "line <FF1A0> can't be decoded\n"},
+        {1, "9A0", kCoderUndecodable, "line <9A0> can't be decoded\n"}, // a byte 0
         {1, "7", kCoderChecksum, "Error in GGUVXVEH : Checksum-Error\n"},
         {1, "EB751A45BB0", kCoderChecksum, "Error in GGUVXVEH : Checksum-Error\n"},
         {1, std::string(10'000'000, 'x'), kCoderUndecodable, "> can't be decoded\n"},
