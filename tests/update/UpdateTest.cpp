@@ -145,7 +145,7 @@ TEST(UpdatePP, ReadsEveryLayoutOfTheSameFile) {
         spaced += line + (++number % 3 == 0 ? "\n\r\n\n" : "\n");
         shifted += line + (number % 3 == 1 ? "" : "\n");
         if (number % 3 == 2) {
-            shifted.insert(shifted.size() - 80, "\n");
+            shifted.insert(shifted.end() - 80, '\n');
         }
     }
     const std::string noLastLineEnd = content.substr(0, content.size() - 1);
