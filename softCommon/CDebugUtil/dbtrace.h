@@ -1,5 +1,7 @@
 #pragma once
 
+#include "include/quillmark_messages.h" // stddbg
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -7,10 +9,6 @@
 /// The debug trace: one stream, one level and six per-level lists for the whole process, all taken
 /// from the environment by the first dbinit. Each conversion initialises and releases it; nested
 /// users are counted. Single-threaded: plain globals without a lock.
-
-/// The stream of all diagnostic output; null until the first initialisation. A host may set it.
-/// Writers use debugStream(), which is never null.
-extern std::FILE* stddbg;
 
 /// The number of successful initialisations not yet matched by dbexit; stays at its maximum.
 extern std::int16_t db_initialized;
@@ -45,7 +43,8 @@ inline constexpr std::array<DebugLevel, 6> db_levelList{{
 /// Heap copies of the six list variables, in the order of db_levelList; null when unset.
 extern std::array<char*, db_levelList.size()> db_spLevel;
 
-/// stddbg, or standard output while that is null. Asking does not set stddbg.
+/// The stream of all diagnostic output: stddbg, or standard output while that is null, as it is
+/// until the first initialisation. Asking does not set stddbg.
 [[nodiscard]] std::FILE* debugStream() noexcept;
 
 /// Initialises the trace, or counts one more user of it, and prints the settings at a level above

@@ -20,7 +20,6 @@ bool g_mallocFails = false;
 } // namespace
 
 extern "C" void* __real_malloc(std::size_t size);
-extern "C" void* __wrap_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size) {
     return g_mallocFails ? nullptr : __real_malloc(size);
 }
@@ -130,14 +129,6 @@ TEST_F(DebugTrace, UsersAreCounted) {
     EXPECT_EQ(logged(), kRule + "Warning: Debug already initialized (initcounter=1)\n" + kRule +
                             kRule + "Warning: Debug not freed yet, initcounter=2\n" + kRule +
                             kExitRefused + kNotInitialized);
-}
-
-TEST_F(DebugTrace, CounterStaysAtItsMaximum) {
-    ASSERT_EQ(dbinit_no(), 0);
-    db_initialized = std::numeric_limits<std::int16_t>::max();
-    EXPECT_EQ(dbinit_no(), 0);
-    EXPECT_EQ(db_initialized, std::numeric_limits<std::int16_t>::max());
-    db_initialized = 1;
 }
 
 TEST_F(DebugTrace, StreamFollowsTheEnvironment) {
