@@ -16,11 +16,12 @@
 #include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/numberText.h"
 #include "softCommon/CStringUtil/string_mani.h"
+#include "update/updatePP.h"
 
 #include <cerrno>
 #include <cstring>
 #include <memory>
-#include <new>
+#include <unistd.h>
 
 namespace {
 
@@ -120,7 +121,21 @@ int ParamScan::decode(std::FILE* in, std::FILE* out) {
     return code == 0 ? 0 : kDecodeFailed;
 }
 
-int ParamScan::update(std::FILE* /*in*/, std::FILE* /*out*/) { return kUpdateFailed; }
+// The updater takes over and closes the stream that it reads, so it gets one of its own.
+int ParamScan::update(std::FILE* in, std::FILE* out) {
+    const int descriptor = dup(fileno(in));
+    std::FILE* const own = descriptor < 0 ? nullptr : fdopen(descriptor, "rt");
+    if (own == nullptr) {
+        m_ncscan.KeepFailure({.systemError = errno});
+        if (descriptor >= 0) {
+            (void)close(descriptor);
+        }
+        return kUpdateFailed;
+    }
+    // Both streams share one position, and `in` may have kept its rewinding to its own buffer.
+    std::rewind(own);
+    return updatePP(own, out) == 0 ? 0 : kUpdateFailed;
+}
 
 int ParamScan::run() {
     if (const int code = CreateModalCommands(); code != 0) {
