@@ -1,6 +1,5 @@
 #include "apt/fixedNumber.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -14,6 +13,9 @@ constexpr std::uint64_t powerOfTen(int exponent) noexcept {
     return exponent == 0 ? 1 : 10 * powerOfTen(exponent - 1);
 }
 
+// The digits before the point that leave room for it, the decimals and a sign.
+constexpr int wholeDigits(int width, int decimals) noexcept { return width - decimals - 2; }
+
 /// "00" to "99", so that digits are written in pairs.
 constexpr std::array<char, 200> kPairs = [] {
     std::array<char, 200> pairs{};
@@ -24,20 +26,15 @@ constexpr std::array<char, 200> kPairs = [] {
     return pairs;
 }();
 
-// The digits of `number`, at least `count` of them, up to `end`; returns their start.
-char* writeDigits(char* end, std::uint64_t number, int count) noexcept {
-    for (; number >= 100 || count > 2; count -= 2) {
-        end -= 2;
-        std::memcpy(end, &kPairs[2 * (number % 100)], 2);
-        number /= 100;
+// The last `Count` digits of `number`, leading zeros included, at `first`.
+template<int Count>
+void writeDigits(char* first, std::uint64_t number) noexcept {
+    if constexpr (Count == 1) {
+        *first = static_cast<char>('0' + number % 10);
+    } else if constexpr (Count > 1) {
+        std::memcpy(first + Count - 2, &kPairs[2 * (number % 100)], 2);
+        writeDigits<Count - 2>(first, number / 100);
     }
-    if (number >= 10 || count == 2) {
-        end -= 2;
-        std::memcpy(end, &kPairs[2 * number], 2);
-    } else {
-        *--end = static_cast<char>('0' + number);
-    }
-    return end;
 }
 
 // The magnitude of `value` in units of the last decimal, rounded, when that is beyond doubt. The
@@ -75,32 +72,37 @@ char* writeSlowly(char* first, char* last, double value) noexcept {
     return end + missing;
 }
 
+// A number of `units` of the last decimal that fits the field with its sign. No branch depends on
+// the digits: the field is filled with zeros first, and the leading ones become blanks.
+template<int Width, int Decimals>
+void writeField(char* field, std::uint64_t units, bool isNegative) noexcept {
+    constexpr int kWholeDigits = wholeDigits(Width, Decimals);
+    const std::uint64_t whole = units / powerOfTen(Decimals);
+    writeDigits<kWholeDigits>(field + 1, whole);
+    field[1 + kWholeDigits] = '.';
+    writeDigits<Decimals>(field + 2 + kWholeDigits, units % powerOfTen(Decimals));
+    int zeros = 0;
+    for (int digits = 1; digits < kWholeDigits; ++digits) {
+        zeros += whole < powerOfTen(digits) ? 1 : 0;
+    }
+    for (int i = 1; i < kWholeDigits; ++i) {
+        field[i] = i <= zeros ? ' ' : field[i];
+    }
+    field[0] = ' ';
+    field[zeros] = isNegative ? '-' : ' ';
+}
+
 } // namespace
 
 template<int Width, int Decimals>
 char* writeFixed(char* first, char* last, double value) noexcept {
-    // A sign, 14 digits under the limit and the point stay below this size.
-    constexpr std::size_t kTextSize = 24;
-    static_assert(Width <= static_cast<int>(kTextSize) && Decimals > 0);
     std::uint64_t units = 0;
-    if (last - first < static_cast<std::ptrdiff_t>(kTextSize) ||
-        !roundQuickly<Decimals>(value, units)) {
+    if (last - first < Width || !roundQuickly<Decimals>(value, units) ||
+        units >= powerOfTen(Decimals + wholeDigits(Width, Decimals))) {
         return writeSlowly<Width, Decimals>(first, last, value);
     }
-    // From the last digit to the first, on a ground of blanks that the width shows.
-    std::array<char, kTextSize> text;
-    text.fill(' ');
-    char* const end = text.data() + text.size();
-    char* start = writeDigits(end, units % powerOfTen(Decimals), Decimals);
-    *--start = '.';
-    start = writeDigits(start, units / powerOfTen(Decimals), 1);
-    if (std::signbit(value)) {
-        *--start = '-';
-    }
-    start = std::min(start, end - Width);
-    const auto length = static_cast<std::size_t>(end - start);
-    std::memcpy(first, start, length);
-    return first + length;
+    writeField<Width, Decimals>(first, units, std::signbit(value));
+    return first + Width;
 }
 
 template char* writeFixed<11, 5>(char*, char*, double) noexcept;

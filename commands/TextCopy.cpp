@@ -12,5 +12,6 @@ TextCopy::TextCopy(const char* text) noexcept {
     if (m_text != nullptr) {
         std::memcpy(m_text.get(), text, size + 1);
         m_size = size;
+        m_front = m_text[0];
     }
 }

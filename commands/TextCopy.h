@@ -16,9 +16,10 @@ public:
     /// True for null as well as for "".
     [[nodiscard]] bool empty() const noexcept { return m_size == 0; }
     /// The first byte; 0 when empty.
-    [[nodiscard]] char front() const noexcept { return m_size == 0 ? '\0' : m_text[0]; }
+    [[nodiscard]] char front() const noexcept { return m_front; }
 
 private:
     std::unique_ptr<char[]> m_text;
     std::size_t m_size = 0;
+    char m_front = '\0';
 };

@@ -67,10 +67,14 @@ DigitRun readDigits(const char* p) noexcept {
 }
 
 double ncNumber(int sign, const DigitRun& integer, const DigitRun& fraction) noexcept {
-    std::int64_t whole = 0;
-    std::int64_t part = 0;
-    if (!readWhole(integer, whole) || !readWhole(fraction, part) ||
-        part > std::numeric_limits<int>::max()) {
+    std::int64_t whole = integer.value;
+    std::int64_t part = fraction.value;
+    if (!integer.isExact() || !fraction.isExact()) {
+        if (!readWhole(integer, whole) || !readWhole(fraction, part)) {
+            return nearestDecimal(sign, integer, fraction);
+        }
+    }
+    if (part > std::numeric_limits<int>::max()) {
         return nearestDecimal(sign, integer, fraction);
     }
     const auto value = static_cast<double>(sign * whole);

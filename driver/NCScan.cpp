@@ -8,25 +8,6 @@
 #include <cstring>
 #include <new>
 
-namespace {
-
-// True when everything written reached the file. The stream is closed in any case.
-bool closeCompletely(FileOwner& file) noexcept {
-    if (file == nullptr) {
-        return true;
-    }
-    std::FILE* const stream = file.release();
-    const bool isFlushed = std::fflush(stream) == 0 && std::ferror(stream) == 0;
-    const int reason = errno;
-    const bool isClosed = std::fclose(stream) == 0;
-    if (!isFlushed) {
-        errno = reason;
-    }
-    return isFlushed && isClosed;
-}
-
-} // namespace
-
 NCScan::~NCScan() = default;
 
 void NCScan::BeginConversion() {
@@ -42,7 +23,7 @@ bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
 }
 
 int NCScan::SetNCFileName(const char* name) {
-    m_ncFile.reset();
+    m_ncFile.close();
     m_ncFileName = TextCopy(name);
     if (name == nullptr) {
         return kNCFileUnreadable;
@@ -50,18 +31,17 @@ int NCScan::SetNCFileName(const char* name) {
     if (m_ncFileName.get() == nullptr) {
         return kMemoryExhausted;
     }
-    m_ncFile.reset(std::fopen(name, "rt"));
-    if (m_ncFile == nullptr) {
+    if (!m_ncFile.open(name, "rt")) {
         KeepFailure({.systemError = errno});
         return kNCFileUnreadable;
     }
     if (isDirectory(m_ncFile.get())) {
-        m_ncFile.reset();
+        m_ncFile.close();
         KeepFailure({.systemError = EISDIR});
         return kNCFileUnreadable;
     }
     if (IsOwnOutput(m_ncFile.get())) {
-        m_ncFile.reset();
+        m_ncFile.close();
         KeepFailure({.text = "it did not exist before this run made it as output or log"});
         return kNCFileUnreadable;
     }
@@ -78,16 +58,15 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
         KeepFailure({});
         return kOutputTypeUnsupported;
     }
-    if (m_outputFile != nullptr) {
+    if (m_outputFile.get() != nullptr) {
         m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get());
     }
     return result;
 }
 
 int NCScan::openOutput(const char* name) noexcept {
-    m_outputFile.reset(); // before the same name is truncated
-    m_outputFile.reset(name == nullptr ? nullptr : std::fopen(name, "wt"));
-    if (m_outputFile == nullptr) {
+    m_outputFile.close();
+    if (name == nullptr || !m_outputFile.open(name, "wt")) {
         KeepFailure({.systemError = name == nullptr ? 0 : errno});
         return kOutputFileUnwritable;
     }
@@ -95,7 +74,7 @@ int NCScan::openOutput(const char* name) noexcept {
 }
 
 int NCScan::openLog(const char* name) noexcept {
-    m_logFile.reset();
+    m_logFile.close();
     if (name == nullptr) {
         return 0;
     }
@@ -103,8 +82,7 @@ int NCScan::openLog(const char* name) noexcept {
         KeepFailure({.text = "it is the output file as well"});
         return kLogFileUnwritable;
     }
-    m_logFile.reset(std::fopen(name, "wt"));
-    if (m_logFile == nullptr) {
+    if (!m_logFile.open(name, "wt")) {
         KeepFailure({.systemError = errno});
         return kLogFileUnwritable;
     }
@@ -118,11 +96,11 @@ int NCScan::openLog(const char* name) noexcept {
 int NCScan::CloseFiles() noexcept {
     int result = 0;
     m_factory.reset();
-    if (!closeCompletely(m_logFile)) {
+    if (!m_logFile.closeCompletely()) {
         KeepFailure({.systemError = errno});
         result = kLogFileUnwritable;
     }
-    if (!closeCompletely(m_outputFile)) {
+    if (!m_outputFile.closeCompletely()) {
         KeepFailure({.systemError = errno});
         result = kOutputFileUnwritable;
     }
@@ -167,11 +145,9 @@ void NCScan::beginBlock(Block& block) noexcept {
         ++m_blockNumber;
     }
     m_continuesLine = block.back() == '\0' && block[block.size() - 2] != '\n';
-    string_mani(3, block.data());
-    m_blockLength = std::strlen(block.data());
+    m_blockLength = trimText(block.data());
     std::memcpy(m_blockText.data(), block.data(), m_blockLength + 1);
-    if (m_logFile != nullptr) {
-        std::FILE* const log = m_logFile.get();
+    if (std::FILE* const log = m_logFile.get()) {
         (void)putc_unlocked('\n', log);
         (void)fwrite_unlocked(block.data(), 1, m_blockLength, log);
         (void)putc_unlocked('\n', log);

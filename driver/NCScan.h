@@ -6,8 +6,8 @@
 #include "commands/CommandIndex.h"
 #include "commands/MachineStatus.h"
 #include "commands/TextCopy.h"
+#include "driver/BufferedFile.h"
 #include "include/quillmark.h"
-#include "softCommon/FileOwner.h"
 
 #include <array>
 #include <memory>
@@ -89,11 +89,11 @@ private:
     int convertBlock(char* block, CommandIndex& commands);
 
     TextCopy m_ncFileName;
-    FileOwner m_ncFile;
+    BufferedFile m_ncFile;
     std::optional<Model> m_model{std::in_place};
     std::unique_ptr<APTFactory> m_factory;
-    FileOwner m_outputFile;
-    FileOwner m_logFile;
+    BufferedFile m_outputFile;
+    BufferedFile m_logFile;
 
     long m_blockNumber = 0;
     bool m_continuesLine = false; // the next piece belongs to the same line of the file

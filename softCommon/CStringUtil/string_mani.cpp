@@ -7,11 +7,12 @@ namespace {
 
 void cutAtLineEnd(char* string) noexcept { string[std::strcspn(string, "\r\n")] = '\0'; }
 
-void removeTrailingBlanks(char* string, std::size_t length) noexcept {
+std::size_t removeTrailingBlanks(char* string, std::size_t length) noexcept {
     while (length > 0 && string[length - 1] == ' ') {
         --length;
     }
     string[length] = '\0';
+    return length;
 }
 
 std::size_t countLeadingBlanks(const char* string) noexcept {
@@ -27,21 +28,6 @@ void removeLeadingBlanks(char* string) noexcept {
     if (blanks > 0) {
         std::memmove(string, string + blanks, std::strlen(string + blanks) + 1);
     }
-}
-
-void trim(char* string) noexcept {
-    const char* const text = string + countLeadingBlanks(string);
-    std::size_t length = std::strlen(text);
-    // Two plain searches are faster than one for either byte, and every block is trimmed.
-    for (const char lineEnd : {'\n', '\r'}) {
-        if (const void* const cut = std::memchr(text, lineEnd, length)) {
-            length = static_cast<std::size_t>(static_cast<const char*>(cut) - text);
-        }
-    }
-    if (text != string) {
-        std::memmove(string, text, length);
-    }
-    removeTrailingBlanks(string, length);
 }
 
 void unquote(char* string) noexcept {
@@ -68,6 +54,21 @@ void moveToFrontAndCut(char* string) noexcept {
 
 } // namespace
 
+std::size_t trimText(char* string) noexcept {
+    const char* const text = string + countLeadingBlanks(string);
+    std::size_t length = std::strlen(text);
+    // Two plain searches are faster than one for either byte, and every block is trimmed.
+    for (const char lineEnd : {'\n', '\r'}) {
+        if (const void* const cut = std::memchr(text, lineEnd, length)) {
+            length = static_cast<std::size_t>(static_cast<const char*>(cut) - text);
+        }
+    }
+    if (text != string) {
+        std::memmove(string, text, length);
+    }
+    return removeTrailingBlanks(string, length);
+}
+
 void string_mani(int code, char* string) noexcept {
     if (string == nullptr) {
         return;
@@ -83,7 +84,7 @@ void string_mani(int code, char* string) noexcept {
         removeLeadingBlanks(string);
         break;
     case 3:
-        trim(string);
+        trimText(string);
         break;
     case 4:
         unquote(string);

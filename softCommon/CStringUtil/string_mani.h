@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 /// Trims, cuts or unquotes `string` in place. Only the space character counts as a blank. A null
 /// string and any code not listed are left alone.
 ///
@@ -13,3 +15,6 @@
 /// | 5 | remove leading blanks and cut at the line end; without a line end the old end stays where
 ///       it was, so the last characters appear twice. That is wanted: callers know it. |
 void string_mani(int code, char* string) noexcept;
+
+/// Operation 3 of string_mani, which also tells the length of what is left.
+std::size_t trimText(char* string) noexcept;
