@@ -1,0 +1,42 @@
+#include "tests/support/TempFolder.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+TempFolder::TempFolder()
+    : m_path((std::filesystem::temp_directory_path() / "quillmark-XXXXXX").string()) {
+    if (mkdtemp(m_path.data()) == nullptr) {
+        throw std::runtime_error("cannot make a temporary folder");
+    }
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+std::string TempFolder::path(std::string_view name) const {
+    return m_path + "/" + std::string(name);
+}
+
+std::string TempFolder::write(std::string_view name, std::string_view bytes) const {
+    const std::string file = path(name);
+    std::ofstream stream(file, std::ios::binary);
+    if (!stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush()) {
+        throw std::runtime_error("cannot write " + file);
+    }
+    return file;
+}
+
+std::string TempFolder::read(std::string_view name) const { return readFile(path(name)); }
+
+std::string readFile(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) {
+        return "(missing)";
+    }
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
