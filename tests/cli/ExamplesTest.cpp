@@ -1,0 +1,30 @@
+#include "tests/support/TempFolder.h"
+#include "tests/support/runProgram.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+TEST(Examples, GiveTheirExpectedFiles) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(QUILLMARK_EXAMPLES)) {
+        if (!entry.is_directory()) {
+            continue;
+        }
+        ++count;
+        const std::string example = entry.path().string();
+        const TempFolder folder;
+        const ProgramResult run = runProgram(
+            {QUILLMARK_PROGRAM, "-p", example + "/dialect.pp", "-nc", example + "/part.nc", "-of",
+             folder.path("part.apt"), "-l", folder.path("part.log")});
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.out + run.err, "") << example;
+        EXPECT_EQ(folder.read("part.apt"), readFile(example + "/part.apt")) << example;
+        EXPECT_EQ(folder.read("part.log"), readFile(example + "/part.log")) << example;
+    }
+    EXPECT_GE(count, 5);
+}
+
+} // namespace

@@ -1,0 +1,211 @@
+#include "paramfile/ParamScan.h"
+
+#include "driver/Controller.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/convert.h"
+#include "tests/support/dialects.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+// Whether a parameter file gives some command or address word the text "Q".
+bool configuresQ(const std::string& dialect) {
+    const TempFolder folder;
+    Controller controller;
+    EXPECT_EQ(controller.SetOutputType(eOutputAPT, folder.path("apt").c_str(), nullptr), 0);
+    EXPECT_EQ(controller.scanParamFile(folder.write("dialect.pp", dialect).c_str()), 0);
+    const auto isQ = [](const char* text) {
+        return text != nullptr && std::strcmp(text, "Q") == 0;
+    };
+    const AvailableCommands& commands = controller.Availablecommands();
+    for (int i = 0; i < commands.GetCommandCount(); ++i) {
+        if (isQ(commands.GetCommand(i)->GetSyntaxString())) {
+            return true;
+        }
+    }
+    const AvailableParameters& words = controller.Availableparameters();
+    for (int i = 0; i < words.GetParameterCount(); ++i) {
+        if (isQ(words.GetParameter(i)->GetSyntaxString())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(ParamScan, TellsTheKeysOfMillsAndLathesApart) {
+    struct Row {
+        const char* key;
+        bool mill;
+        bool lathe;
+    };
+    const Row rows[] = {
+        {"RAPID", true, false},
+        {"  RAPID  ", true, false},
+        {"RAPIDX", true, false}, // one stray byte does no harm
+        {"RAPID_", true, false},
+        {"RAPIDX Y", true, false},
+        {"RAPID X", false, false},
+        {"RAPID_2ND", false, false},
+        {"RAPID_LATHE", false, true},
+        {"RAPID_LATHE  ", false, true},
+        {"RAPID_LATHEX", false, true},
+        {"RAPID_LATH", false, false},
+        {"RAPID_LATHE_2ND", false, false},
+        {"RAPID_MILLS", false, true}, // the suffix counts by its length
+        {"xRAPID", false, false},
+        {"rapid", false, false},
+        {"LINEAR_INTERPOLATION", true, false},
+        {"LINEAR_INTERPOLATION_LATHE", false, true},
+        {"LINEAR_INTERPOLATION_2ND_LATHE", false, false},
+        {"CIRCULAR_INTERPOLATION_RIGHT", true, false},
+        {"CIRCULAR_INTERPOLATION_RIGHT_LATHE", false, true},
+        {"1ST_COORDINATE", true, false},
+        {"1ST_COORDINATE_LATHE", false, true},
+        {"2ND_COORDINATE_INCR", true, false},
+        {"3RD_COORDINATE_INCR_LATHE", false, true},
+        {"1ST_COORDINATE_INCR_2ND", false, false},
+        // The other keys match whatever begins with them, on any machine.
+        {"CIRCULAR_INTERPOLATION_LEFT", true, true},
+        {"CIRCULAR_INTERPOLATION_LEFT_LATHE", true, true},
+        {"SPINDLE_CLOCKWISE_2ND", true, true},
+        {"SPINDLE_OFF_LATHE", true, true},
+        {"SPINDLE_OFF", false, false},
+        {"FEEDRATE_LATHE", true, true},
+        {"FEEDRAT", false, false},
+        {"PROGRAM_END_LATHE", true, true},
+        {"3RD_CIRCLE_CENTER_COORDINATE_LATHE", true, true},
+    };
+    const std::string filler = std::string(250, 'F') + "\n"; // bytes of an older line never decide
+    for (const Row& row : rows) {
+        const std::string entry = filler + row.key + "\nQ\n1\nM5.3\n";
+        const std::string head(kHeader);
+        EXPECT_EQ(configuresQ(head + "MFG_CLASS_NAME\nMILLING_MACHINE\n" + entry), row.mill)
+            << row.key;
+        EXPECT_EQ(configuresQ(head + "MFG_CLASS_NAME\nMY_LATHE_MACHINE_2\n" + entry), row.lathe)
+            << row.key;
+    }
+}
+
+TEST(ParamScan, LeavesTheValueLineOfARefusedKeyAlone) {
+    EXPECT_EQ(aptOf(mill({{"RAPID_2ND", "COOLANT_ON\nM7"}}), "M7"), "COOLNT/ON\n");
+    EXPECT_EQ(aptOf(mill({{"RAPID_2ND", "COOLANT_ON\nM7"}}), "M8"), "");
+    // An accepted key takes its value line whatever it holds.
+    EXPECT_EQ(aptOf(mill({{"COOLANT_OFF", "COOLANT_ON\nM7"}}), "M7"), "");
+}
+
+TEST(ParamScan, LetsTheLastEntryWinAndEmptyValuesChangeNothing) {
+    const std::string dialect =
+        mill({{"COOLANT_ON", "M7"}, {"COOLANT_ON", "   "}, {"COMMENT_END", ""}});
+    EXPECT_EQ(aptOf(dialect, "M7 (M9)"), "COOLNT/ON\n");
+    EXPECT_EQ(aptOf(dialect, "M8"), "");
+    // The class counts for the keys behind it: here G10 is no rapid traverse.
+    EXPECT_EQ(aptOf(mill({{"MFG_CLASS_NAME", "LATHE_MACHINE"}, {"RAPID", "G10"}}), "G1\nG10 X2"),
+              goTo(0, 0, 0) + goTo(2, 0, 0));
+}
+
+TEST(ParamScan, SplitsLettersAndNumber) {
+    struct Row {
+        const char* text;
+        const char* letters;
+        long number;
+    };
+    const Row rows[] = {
+        {"G01", "G", 1},         {"M3", "M", 3},
+        {"G1X2", "G1X", 2},      {"G54.1", "G54.", 1},
+        {"G1X", "G1X", -1},      {"FMAX", "FMAX", -1},
+        {"5", nullptr, 5},       {"007", nullptr, 7},
+        {"5A", "5A", -1},        {"5A6", "5A", 6},
+        {"G-1", "G-", 1},        {"G 4", "G ", 4},
+        {"\xC4\x39", "\xC4", 9}, {"G99999999999999999999", "G", 2147483647},
+    };
+    Controller controller;
+    ParamScan scan(controller);
+    for (const Row& row : rows) {
+        std::string text = row.text;
+        char* letters = nullptr;
+        long number = -1;
+        EXPECT_EQ(scan.SplitCommand(text.data(), letters, number), 0);
+        EXPECT_STREQ(letters, row.letters) << row.text;
+        EXPECT_EQ(number, row.number) << row.text;
+    }
+    char empty[] = "";
+    char* letters = nullptr;
+    long number = -1;
+    EXPECT_EQ(scan.SplitCommand(empty, letters, number), 303);
+    EXPECT_EQ(scan.SplitCommand(nullptr, letters, number), 303);
+}
+
+TEST(ParamScan, ReadsDecimalPlacesFromTheFormatLine) {
+    struct Row {
+        const char* format;
+        double value; // of X12345
+    };
+    const Row rows[] = {
+        {"M5.3", 12.345},  {"B5.3", 12.345}, {"Y.3", 12.345},   {"Z 5.3 ", 12.345},
+        {"M5.0", 12345},   {"M5", 12345},    {"A5.3", 12345},   {"m5.3", 12345},
+        {"5.3", 12345},    {"", 12345},      {"M.1.3", 1234.5}, {"M5.-2", 1234500},
+        {"M5.3x", 12.345}, {"M5.x", 12345},
+    };
+    for (const Row& row : rows) {
+        const std::string value = std::string("X\nignored M1.1\n") + row.format;
+        EXPECT_EQ(aptOf(dialectOf({{"1ST_COORDINATE", value}}), "X12345"), goTo(row.value, 0, 0))
+            << row.format;
+    }
+}
+
+TEST(ParamScan, StopsAtTheFirstFailure) {
+    struct Row {
+        std::string dialect;
+        int code;
+    };
+    const std::string head(kHeader);
+    const Row rows[] = {
+        {head, 0},
+        {"", 302},
+        {"no mark\nRAPID\nG0\n", 306},
+        {head + "RAPID", 302},
+        {head + "RAPID\n", 302},
+        {head + "RAPID\n\n", 0},
+        {head + "RAPID\nG0", 0},
+        {head + "MFG_CLASS_NAME", 302},
+        {head + "FEEDRATE\nF", 302},
+        {head + "FEEDRATE\nF\n1\n", 302},
+        {head + "FEEDRATE\nF\n1\n\n", 0},
+        {head + "FEEDRATE\nF\n1\nM5.3", 0},
+        {head + "FEEDRATE\n\n", 0},
+        {head + "RAPID\nFMAX\nCOOLANT_ON\nM8\n", 345},
+        {head + "RAPID\nFMAX2\n", 0},
+        {head + "MFG_CLASS_NAME\nLATHE_MACHINE\nRAPID\nFMAX\n", 0},
+        {head + "COOLANT_ON\n" + std::string(1000, 'M') + "\n", 0}, // split, not overrun
+        {head + std::string(100'000, '\xFF'), 0},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(convert(row.dialect, "M30").code, row.code) << row.dialect.substr(0, 200);
+    }
+}
+
+TEST(ParamScan, TellsThatConversationalProgramsAreNotSupported) {
+    const char* const message =
+        "Heidenhain Dialog format is not supported. No APTSOURCE is created.\n";
+    const Conversion refused = convert(mill({{"RAPID", "FMAX"}}), "G1 X1");
+    EXPECT_EQ(refused.apt, message);
+    EXPECT_EQ(refused.log, message);
+}
+
+TEST(ParamScan, ReadsForeignBytesAndLineEnds) {
+    std::string dialect = mill({{"COMMENT_START", "\xA7"}, {"COMMENT_END", "\xB6"}});
+    dialect += std::string("COOLANT_ON\nM7\0 junk\n", 21);
+    const std::string nc = "G1 X1 \xA7 X9 \xB6 Y2\nM7\n";
+    const std::string apt = goTo(1, 2, 0) + "COOLNT/ON\n";
+    EXPECT_EQ(aptOf(dialect, nc), apt);
+    std::string withReturns;
+    for (const char c : dialect) {
+        withReturns += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    EXPECT_EQ(aptOf(withReturns, "G1 X1 \xA7 X9 \xB6 Y2\r\nM7\r\n"), apt);
+}
+
+} // namespace
