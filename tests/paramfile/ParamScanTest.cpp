@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+using namespace std::string_literals;
+
 namespace {
 
 // Whether a parameter file gives some command or address word the text "Q".
@@ -197,7 +199,7 @@ TEST(ParamScan, TellsThatConversationalProgramsAreNotSupported) {
 
 TEST(ParamScan, ReadsForeignBytesAndLineEnds) {
     std::string dialect = mill({{"COMMENT_START", "\xA7"}, {"COMMENT_END", "\xB6"}});
-    dialect += std::string("COOLANT_ON\nM7\0 junk\n", 21);
+    dialect += "COOLANT_ON\nM7\0 junk\n"s;
     const std::string nc = "G1 X1 \xA7 X9 \xB6 Y2\nM7\n";
     const std::string apt = goTo(1, 2, 0) + "COOLNT/ON\n";
     EXPECT_EQ(aptOf(dialect, nc), apt);

@@ -1,0 +1,125 @@
+#include "driver/Controller.h"
+#include "softCommon/CErrorUtil/processEnd.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/convert.h"
+#include "tests/support/dialects.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+using namespace std::string_literals;
+
+namespace {
+
+TEST(Controller, EchoesEveryBlockToTheLog) {
+    const Conversion result = convert(mill(), "  N10 G1 X1 (a) \r\n\nM8 Q5\nN20 (b)\n\t\nM9");
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.log, "\nN10 G1 X1 (a)\n" + goTo(1, 0, 0) +
+                              "\n\n"
+                              "\nM8 Q5\nCOOLNT/ON\n"
+                              "\nN20 (b)\n"
+                              "\n\t\n"
+                              "\nM9\nCOOLNT/OFF\n");
+    EXPECT_EQ(result.apt, goTo(1, 0, 0) + "COOLNT/ON\nCOOLNT/OFF\n");
+}
+
+TEST(Controller, WritesNothingForAnEmptyProgram) {
+    const Conversion result = convert(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}), "");
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.apt, "");
+    EXPECT_EQ(result.log, "");
+}
+
+TEST(Controller, ReadsALongLineInPieces) {
+    // A word that the cut divides belongs to neither piece; words elsewhere are read as usual.
+    std::string line(10'000, ' ');
+    line.replace(0, 5, "G1 X1");
+    line.replace(254, 3, "Y12"); // "Y" ends the first piece
+    line.replace(2 * 255, 2, "X2");
+    line.replace(9'990, 2, "Z3");
+    const Conversion result = convert(mill(), line + "\nM8\n");
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.apt, goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(2, 0, 3) + "COOLNT/ON\n");
+    std::string log =
+        "\n" + line.substr(0, 255) + "\n" + goTo(1, 0, 0) + "\n12\n" + "\nX2\n" + goTo(2, 0, 0);
+    for (int piece = 3; piece < 39; ++piece) {
+        log += "\n\n";
+    }
+    EXPECT_EQ(result.log, log + "\nZ3\n" + goTo(2, 0, 3) + "\nM8\nCOOLNT/ON\n");
+
+    const std::string digits = "X" + std::string(9'999, '7');
+    EXPECT_EQ(convert(mill(), digits).code, 0);
+    // The line's end alone is a block of its own.
+    EXPECT_EQ(convert(mill(), "M8" + std::string(253, ' ') + "\nM9").log,
+              "\nM8\nCOOLNT/ON\n\n\n\nM9\nCOOLNT/OFF\n");
+}
+
+TEST(Controller, ReadsBytesThatAreNoText) {
+    const std::string nc = "G1 X1\0 Y9\n\0\nX2 \x80\xFF\nX\xE4"
+                           "3\n\xC4X4\nX5\x01Y6\r X7\n"s;
+    EXPECT_EQ(aptOf(mill(), nc), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(4, 0, 0) + goTo(5, 6, 0));
+    EXPECT_EQ(convert(mill(), std::string(100'000, '\0')).code, 0);
+    EXPECT_EQ(convert(std::string(kHeader) + std::string(100'000, '\0'), "X1").code, 0);
+}
+
+TEST(Controller, NamesWhatIsMissing) {
+    const TempFolder folder;
+    const std::string dialect = folder.write("a.pp", mill());
+    const std::string nc = folder.write("a.nc", "M8\n");
+    const std::string output = folder.path("apt");
+    const std::string log = folder.path("log");
+    struct Row {
+        const char* dialect;
+        const char* nc;
+        const char* output;
+        const char* log;
+        eOutputType type;
+        int code;
+    };
+    const char* const pp = dialect.c_str();
+    const char* const apt = output.c_str();
+    const Row rows[] = {
+        {pp, nc.c_str(), apt, nullptr, eOutputAPT, 0},
+        {nullptr, nc.c_str(), apt, nullptr, eOutputAPT, 300},
+        {pp, nullptr, apt, nullptr, eOutputAPT, 200},
+        {pp, nc.c_str(), nullptr, log.c_str(), eOutputAPT, 202},
+        {nullptr, nullptr, nullptr, nullptr, eOutputAPT, 202},
+        {pp, nc.c_str(), nullptr, nullptr, eOutputToolpath, 201},
+        {pp, nc.c_str(), apt, nullptr, eOutputNone, 201},
+        {pp, nc.c_str(), apt, nullptr, static_cast<eOutputType>(7), 201},
+    };
+    Controller controller; // one for all: nothing carries over
+    for (const Row& row : rows) {
+        EXPECT_EQ(controller.execute(row.dialect, row.nc, row.output, row.log, row.type), row.code);
+    }
+    EXPECT_EQ(readFile(log), kLogHead) << "the log is opened without an output, too";
+    EXPECT_EQ(controller.execute(pp, nc.c_str(), apt, nullptr, eOutputAPT), 0);
+    EXPECT_EQ(readFile(output), "COOLNT/ON\n");
+}
+
+TEST(Controller, TellsTheHookBeforeTheProcessEnds) {
+    const TempFolder folder;
+    const std::string dialect = folder.write("a.pp", mill());
+    const std::string nc = folder.write("a.nc", "G1 X1\nG2 X5\nX9\n");
+    std::string expression;
+    setProcessEndHook(
+        [](void* context, const ProcessEnd& end) {
+            EXPECT_EQ(end.kind, ProcessEnd::Kind::kAssertion);
+            *static_cast<std::string*>(context) = end.expression;
+            throw 1; // takes the end over
+        },
+        &expression);
+    Controller controller;
+    EXPECT_EQ(controller.execute(dialect.c_str(), nc.c_str(), folder.path("apt").c_str(),
+                                 folder.path("log").c_str(), eOutputAPT),
+              39999);
+    setProcessEndHook(nullptr, nullptr);
+    EXPECT_EQ(expression, "!gmIsZero(len)");
+    EXPECT_EQ(controller.BlockNumber(), 2);
+    EXPECT_STREQ(controller.BlockText(), "G2 X5");
+    EXPECT_EQ(folder.read("apt"), goTo(1, 0, 0));
+    EXPECT_EQ(folder.read("log"),
+              std::string(kLogHead) + "\nG1 X1\n" + goTo(1, 0, 0) + "\nG2 X5\n");
+}
+
+} // namespace
