@@ -67,8 +67,6 @@ TEST(Writers, WriteTheSameStatementsToOutputAndLog) {
          "GOTO/    1.00000,    1.00000,    1.00000\n"},
         {[](Factory& f) { own(f.GetLinearCom())->InitOutput(gmVector3(0, 0.5, -1)); },
          "TLAXIS/    0.00000,    0.50000,   -1.00000\n"},
-        {[](Factory& f) { own(f.GetCirculCom())->InitOutput(gmVector3(0, 0.5, -1)); },
-         "TLAXIS/    0.00000,    0.50000,   -1.00000\n"},
         {[](Factory& f) { own(f.GetFeedRaCom())->InitOutput(TRUE, 1000); },
          "FEDRAT/ 1000.0000,MMPM\n"},
         {[](Factory& f) { own(f.GetFeedRaCom())->InitOutput(-1, 0.125); },
@@ -115,7 +113,6 @@ TEST(CircleWriter, StartsAlongTheTangent) {
         Point direction;
     };
     const Row rows[] = {
-        {FALSE, {10, 0, 0}, {0, 0, 1}, {0, 1, -0.0}},
         {2, {10, 0, 0}, {0, 0, 1}, {0, 1, -0.0}}, // no truth value: counter-clockwise
         {TRUE, {0, 10, 0}, {0, 0, 1}, {1, 0, -0.0}},
         {TRUE, {3, 4, 9}, {0, 0, 5}, {0.8, -0.6, 0}},     // neither length nor height of the start
@@ -129,16 +126,6 @@ TEST(CircleWriter, StartsAlongTheTangent) {
             }).output,
             arcTo(row.direction, {0, 0, 0}, 10, {0, 10, 0}));
     }
-}
-
-TEST(CircleWriter, TellsAboutAMissingRadiusInTheLogOnly) {
-    const auto action = [](Factory& factory) {
-        // The zero test comes first: no direction is asked for.
-        writeArc(factory, TRUE, {0, 0, 0}, {1, 0, 9.9e-11}, {1, 0, 0}, {0, 0, 0});
-    };
-    EXPECT_EQ(write(action).output, "");
-    EXPECT_EQ(write(action).log, "Circle with radius 0 not allowed! Continuing!\n");
-    EXPECT_EQ(write(action, false).output, "");
 }
 
 TEST(CircleWriter, EndsTheProcessWithoutADirection) {

@@ -177,13 +177,14 @@ TEST(CircularMovement, ScalesEveryPointButNotTheNormal) {
 }
 
 TEST(CircularMovement, DropsAnArcWithoutRadiusAndMovesOn) {
-    const Conversion result = convert(mill(), "X10\nG2 X0 I-10\nG1 Z5");
+    const Conversion result = convert(mill(), "X10\nG2 X0 I-10.00000000009\nG1 Z5");
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.apt, rapidTo(10, 0, 0) + goTo(0, 0, 5));
-    EXPECT_EQ(result.log, "\nX10\n" + rapidTo(10, 0, 0) +
-                              "\nG2 X0 I-10\nCircle with radius 0 not allowed! Continuing!\n"
-                              "\nG1 Z5\n" +
-                              goTo(0, 0, 5));
+    EXPECT_EQ(result.log,
+              "\nX10\n" + rapidTo(10, 0, 0) +
+                  "\nG2 X0 I-10.00000000009\nCircle with radius 0 not allowed! Continuing!\n"
+                  "\nG1 Z5\n" +
+                  goTo(0, 0, 5));
 }
 
 } // namespace

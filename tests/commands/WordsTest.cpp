@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -21,39 +22,37 @@ TEST(Command, FindsItsWordAndCutsItOut) {
         const char* syntax;
         int number;
         const char* line;
-        bool found;
-        const char* rest;
+        const char* rest; // null when the word is not found
     };
-    const Row rows[] = {
-        {"G", 1, "G01X5", true, "X5"},
-        {"G", 1, "G1", true, ""},
-        {"G", 1, "X5 G001 Y6", true, "X5  Y6"},
-        {"G", 1, "G010", false, "G010"},
-        {"G", 1, "G10 G1", true, "G10 "},
-        {"G", 1, "AG1", false, "AG1"},
-        {"G", 1, "aG1 5G1", true, "aG1 5"},
-        {"G", 1, "\xC4G1", true, "\xC4"}, // bytes above 0x7F are no letters
-        {"G", 1, "g1", false, "g1"},
-        {"G", 1, "G1 G1", true, " G1"},
-        {"G", 1, "G-1 G+1 G 1 G", false, "G-1 G+1 G 1 G"},
-        {"G", 0, "G00", true, ""},
-        {"G", 0, "G", false, "G"},
-        {"G54.", 1, "G54.1", true, ""},
-        {"GG", 1, "GGG1", false, "GGG1"},
-        {"M", -1, "M30X1", true, "X1"},
-        {"M", -1, "M", true, ""},
-        {"M", 2147483647, "M99999999999999999999", true, ""}, // clamped, not wrapped
-        {"M", 1, "M4294967297", false, "M4294967297"},
-        {nullptr, 5, "5", false, "5"},
-        {"", -1, "X1", false, "X1"},
-    };
+    // Bytes above 0x7F are no letters, and a number beyond 32 bits is clamped, not wrapped.
+    const Row rows[] = {{"G", 1, "G01X5", "X5"},
+                        {"G", 1, "X5 G001 Y6", "X5  Y6"},
+                        {"G", 1, "G1", ""},
+                        {"G", 1, "G010", nullptr},
+                        {"G", 1, "AG1", nullptr},
+                        {"G", 1, "G10 G1", "G10 "},
+                        {"G", 1, "g1", nullptr},
+                        {"G", 1, "aG1 5G1", "aG1 5"},
+                        {"G", 0, "G00", ""},
+                        {"G", 1, "\xC4G1", "\xC4"},
+                        {"G", 0, "G", nullptr},
+                        {"G", 1, "G-1 G+1 G 1", nullptr},
+                        {"M", -1, "M30X1", "X1"},
+                        {"G", 1, "G1 G1", " G1"},
+                        {"M", -1, "M", ""},
+                        {"G54.", 1, "G54.1", ""},
+                        {nullptr, 5, "5", nullptr},
+                        {"GG", 1, "GGG1", nullptr},
+                        {"", -1, "X1", nullptr},
+                        {"M", 1, "M4294967297", nullptr},
+                        {"M", 2147483647, "M99999999999999999999", ""}};
     for (const Row& row : rows) {
         Command command;
         command.InitSyntax(row.syntax, row.number);
         std::string line = row.line;
         EXPECT_EQ(command.scanNC(line.data()), 0);
-        EXPECT_EQ(command.GetNCLineStatus() == TRUE, row.found) << row.line;
-        EXPECT_STREQ(line.c_str(), row.rest) << row.line;
+        EXPECT_EQ(command.GetNCLineStatus() == TRUE, row.rest != nullptr) << row.line;
+        EXPECT_STREQ(line.c_str(), row.rest != nullptr ? row.rest : row.line) << row.line;
     }
 }
 
@@ -119,27 +118,32 @@ TEST(CommandGroup, ListsTheNewestMemberFirstAndFollowsTheActiveOne) {
     EXPECT_EQ(group.GetActiveCommand(), &second);
 }
 
-struct NumberRow {
+struct Number {
     const char* line;
-    bool found;
     double value;
-    bool incremental;
-    const char* rest;
+    const char* rest = "";
 };
 
-void expectNumbers(std::initializer_list<NumberRow> rows, const char* separator, int places) {
+// What a word reads on each line. A line without a word reads 0 and stays whole.
+void expectNumbers(const char* separator, bool incremental, std::vector<Number> numbers,
+                   const std::vector<const char*>& noNumbers = {}) {
     MachineStatus machine;
     machine.InitDecimalSeparator(separator);
-    for (const NumberRow& row : rows) {
+    const std::size_t found = numbers.size();
+    for (const char* const line : noNumbers) {
+        numbers.push_back({line, 0.0, line});
+    }
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const auto& [text, value, rest] = numbers[i];
         Parameter word("X");
-        word.SetDecimalPlace(places);
-        std::string line = row.line;
-        EXPECT_EQ(word.scanNC(line.data(), &machine), row.found ? 1 : 0) << row.line;
-        EXPECT_EQ(word.GetNCLineStatus() == TRUE, row.found) << row.line;
-        EXPECT_EQ(word.GetValue(), row.value) << row.line;
-        EXPECT_EQ(std::signbit(word.GetValue()), std::signbit(row.value)) << row.line;
-        EXPECT_EQ(word.GetIncStatus() == TRUE, row.incremental) << row.line;
-        EXPECT_STREQ(line.c_str(), row.rest) << row.line;
+        word.SetDecimalPlace(3);
+        std::string line = text;
+        EXPECT_EQ(word.scanNC(line.data(), &machine) == 1, i < found) << text;
+        EXPECT_EQ(word.GetNCLineStatus() == TRUE, i < found) << text;
+        EXPECT_EQ(word.GetValue(), value) << text;
+        EXPECT_EQ(std::signbit(word.GetValue()), std::signbit(value)) << text;
+        EXPECT_EQ(word.GetIncStatus() == TRUE, incremental) << text;
+        EXPECT_STREQ(line.c_str(), rest);
     }
 }
 
@@ -148,98 +152,71 @@ TEST(Parameter, ReadsNumbersWithADecimalPoint) {
     const std::string endless = "X" + std::string(400, '9');
     const std::string tiny = "X0." + std::string(150, '0') + "1";
     const std::string padded = "X" + std::string(200, '0') + "7." + std::string(20, '0');
+    // "-0" is an integer product without a negative zero; a sign, as a mark, carries over to the
+    // next word; a fraction is an integer scaled down, until it exceeds an int.
+    expectNumbers(".", false,
+                  {{"X12.05", 12.0 + 5 * 1e-2},
+                   {"X.5", 0.5},
+                   {"X-.5", -0.5},
+                   {"X5.", 5.0},
+                   {"X.", 0.0},
+                   {"X-0", 0.0},
+                   {"X-0.0", 0.0},
+                   {"X+7", 7.0},
+                   {"X+-5", -5.0},
+                   {"X=5", 5.0},
+                   {"X0.2147483647", 2147483647 * 1e-10},
+                   {"X0.2147483648", 0.2147483648},
+                   {"X-3.1415926535897932", -3.1415926535897932},
+                   {"X9223372036854775807", 0x1p63},
+                   {"X99999999999999999999", 1e20},
+                   {"X-18446744073709551617.5", -0x1p64},
+                   {huge.c_str(), 1e238},
+                   {endless.c_str(), kInfinity},
+                   {tiny.c_str(), std::pow(10.0, -151)},
+                   {padded.c_str(), 7.0}},
+                  {"X-+5", "X 5", "X", "MAX5", "x5", "X=AC()", "X-"});
+    expectNumbers(".", false,
+                  {{"X-12.05Y1", -12.0 + -5 * 1e-2, "Y1"},
+                   {"X5)", 5.0, ")"},
+                   {"X5.5.5", 5.5, ".5"},
+                   {"X1,5", 1.0, ",5"},
+                   {"5X6", 6.0, "5"},
+                   {"XA X2", 2.0, "XA "},
+                   {"G1 X3 Z", 3.0, "G1  Z"},
+                   {"\xFCX5", 5.0, "\xFC"},
+                   {"X- Y1 X5", -5.0, "X- Y1 "},
+                   {"X=AC(Y X5)", 5.0, "X=AC(Y "},
+                   {"X=AC(12.5)Y", 12.5, "Y"}});
     expectNumbers(
-        {
-            {"X12.05", true, 12.0 + 5 * 1e-2, false, ""},
-            {"X-12.05Y1", true, -12.0 + -5 * 1e-2, false, "Y1"},
-            {"G1 X.5 Z2", true, 0.5, false, "G1  Z2"},
-            {"X-.5", true, -0.5, false, ""},
-            {"X5.", true, 5.0, false, ""},
-            {"X.", true, 0.0, false, ""},
-            {"X-0", true, 0.0, false, ""}, // an integer product: no negative zero
-            {"X-0.0", true, 0.0, false, ""},
-            {"X+7", true, 7.0, false, ""},
-            {"X+-5", true, -5.0, false, ""},
-            {"X-+5", false, 0.0, false, "X-+5"},
-            {"X- Y1 X5", true, -5.0, false, "X- Y1 "}, // the sign carries over
-            {"X=AC(Y X5)", true, 5.0, false, "X=AC(Y "},
-            {"X5.5.5", true, 5.5, false, ".5"},
-            {"X1,5", true, 1.0, false, ",5"},
-            {"X 5", false, 0.0, false, "X 5"},
-            {"X", false, 0.0, false, "X"},
-            {"XA X2", true, 2.0, false, "XA "},
-            {"MAX5", false, 0.0, false, "MAX5"},
-            {"\xFCX5", true, 5.0, false, "\xFC"},
-            {"5X6", true, 6.0, false, "5"},
-            {"x5", false, 0.0, false, "x5"},
-            {"X=5", true, 5.0, false, ""},
-            {"X=AC(12.5)Y", true, 12.5, false, "Y"},
-            {"X=IC(-3)", true, -3.0, true, ""},
-            {"X=AC(IC(4)", true, 4.0, true, ""},
-            {"X=IC(5", true, 5.0, true, ""},
-            {"X5)", true, 5.0, false, ")"},
-            {"X=AC()", false, 0.0, false, "X=AC()"},
-            {"X=IC() X1", true, 1.0, true, "X=IC() "},
-            {"X9223372036854775807", true, 0x1p63, false, ""},
-            {"X99999999999999999999", true, 1e20, false, ""},
-            {"X-18446744073709551617.5", true, -0x1p64, false, ""},
-            {"X0.2147483647", true, 2147483647 * 1e-10, false, ""},
-            {"X0.2147483648", true, 0.2147483648, false, ""},
-            {"X-3.14159265358979323846", true, -3.14159265358979323846, false, ""},
-            {huge.c_str(), true, 1e238, false, ""},
-            {endless.c_str(), true, kInfinity, false, ""},
-            {tiny.c_str(), true, std::pow(10.0, -151), false, ""},
-            {padded.c_str(), true, 7.0, false, ""},
-        },
-        ".", 3);
+        ".", true,
+        {{"X=IC(-3)", -3.0}, {"X=AC(IC(4)", 4.0}, {"X=IC(5", 5.0}, {"X=IC() X1", 1.0, "X=IC() "}},
+        {"X=IC()", "X=IC(Z"});
 }
 
 TEST(Parameter, ReadsNumbersWithOtherSeparators) {
-    expectNumbers({{"X1,5", true, 1.5, false, ""}, {"X1.5", true, 1.0, false, ".5"}}, ",", 3);
+    expectNumbers(",", false, {{"X1,5", 1.5}, {"X1.5", 1.0, ".5"}});
     // Of a longer text the first byte alone counts.
-    expectNumbers({{"X1,5", true, 1.5, false, ""}}, ",.", 3);
-    // Without a separator the decimal places are implied, and the line's end separates nothing.
-    expectNumbers(
-        {
-            {"X12345", true, 12.345, false, ""},
-            {"X-1500", true, -1.5, false, ""},
-            {"X0001", true, 0.001, false, ""},
-            {"X=IC(-250)", true, -0.25, true, ""},
-            {"X1.5", true, 0.001, false, ".5"},
-            {"X", false, 0.0, false, "X"},
-            {"X-", false, 0.0, false, "X-"},
-        },
-        "", 3);
-    expectNumbers({{"X12345", true, 12345.0, false, ""}}, "", 0);
+    expectNumbers(",.", false, {{"X1,5", 1.5}, {"X1.5", 1.0, ".5"}});
+    // Without a separator three decimal places are implied, and the line's end separates nothing.
+    expectNumbers("", false,
+                  {{"X12345", 12.345}, {"X-1500", -1.5}, {"X0001", 0.001}, {"X1.5", 0.001, ".5"}},
+                  {"X", "X-"});
+    expectNumbers("", true, {{"X=IC(-250)", -0.25}});
 }
 
 TEST(Parameter, KeepsAnExplicitMarkUntilTheValueIsConverted) {
     MachineStatus machine;
     Parameter word("X");
-    word.InitStandardInc(TRUE);
     double base = 10.0;
-
-    std::string absolute = "X=AC(5)";
-    ASSERT_EQ(word.scanNC(absolute.data(), &machine), 1);
-    word.SetIncStatus(TRUE);
-    EXPECT_EQ(word.GetIncStatus(), FALSE);
-    word.ConvertIncremental(base);
-    EXPECT_EQ(word.GetValue(), 5.0);
-
-    std::string incremental = "X=IC(5)";
-    ASSERT_EQ(word.scanNC(incremental.data(), &machine), 1);
-    word.SetIncStatus(FALSE);
-    EXPECT_EQ(word.GetIncStatus(), TRUE);
-    word.ConvertIncremental(base);
-    EXPECT_EQ(word.GetValue(), 15.0);
-    word.ConvertIncremental(base);
-    EXPECT_EQ(word.GetValue(), 15.0) << "converted once";
-    word.SetIncStatus(TRUE);
-    EXPECT_EQ(word.GetIncStatus(), TRUE) << "the mark ends with the conversion";
-
-    std::string plain = "X5";
-    ASSERT_EQ(word.scanNC(plain.data(), &machine), 1);
-    EXPECT_EQ(word.GetIncStatus(), TRUE) << "incremental by definition";
+    for (const auto& [text, value] : {std::pair{"X=AC(5)", 5.0}, std::pair{"X=IC(5)", 15.0}}) {
+        std::string line = text;
+        ASSERT_EQ(word.scanNC(line.data(), &machine), 1);
+        word.SetIncStatus(word.GetIncStatus() == TRUE ? FALSE : TRUE);
+        word.ConvertIncremental(base);
+        word.ConvertIncremental(base);
+        EXPECT_EQ(word.GetValue(), value) << text;
+    }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 using namespace std::string_literals;
 
@@ -22,72 +23,55 @@ bool configuresQ(const std::string& dialect) {
     const auto isQ = [](const char* text) {
         return text != nullptr && std::strcmp(text, "Q") == 0;
     };
+    bool found = false;
     const AvailableCommands& commands = controller.Availablecommands();
     for (int i = 0; i < commands.GetCommandCount(); ++i) {
-        if (isQ(commands.GetCommand(i)->GetSyntaxString())) {
-            return true;
-        }
+        found = found || isQ(commands.GetCommand(i)->GetSyntaxString());
     }
     const AvailableParameters& words = controller.Availableparameters();
     for (int i = 0; i < words.GetParameterCount(); ++i) {
-        if (isQ(words.GetParameter(i)->GetSyntaxString())) {
-            return true;
-        }
+        found = found || isQ(words.GetParameter(i)->GetSyntaxString());
     }
-    return false;
+    return found;
 }
 
 TEST(ParamScan, TellsTheKeysOfMillsAndLathesApart) {
-    struct Row {
-        const char* key;
+    struct Machines {
         bool mill;
         bool lathe;
+        std::vector<const char*> keys;
     };
-    const Row rows[] = {
-        {"RAPID", true, false},
-        {"  RAPID  ", true, false},
-        {"RAPIDX", true, false}, // one stray byte does no harm
-        {"RAPID_", true, false},
-        {"RAPIDX Y", true, false},
-        {"RAPID X", false, false},
-        {"RAPID_2ND", false, false},
-        {"RAPID_LATHE", false, true},
-        {"RAPID_LATHE  ", false, true},
-        {"RAPID_LATHEX", false, true},
-        {"RAPID_LATH", false, false},
-        {"RAPID_LATHE_2ND", false, false},
-        {"RAPID_MILLS", false, true}, // the suffix counts by its length
-        {"xRAPID", false, false},
-        {"rapid", false, false},
-        {"LINEAR_INTERPOLATION", true, false},
-        {"LINEAR_INTERPOLATION_LATHE", false, true},
-        {"LINEAR_INTERPOLATION_2ND_LATHE", false, false},
-        {"CIRCULAR_INTERPOLATION_RIGHT", true, false},
-        {"CIRCULAR_INTERPOLATION_RIGHT_LATHE", false, true},
-        {"1ST_COORDINATE", true, false},
-        {"1ST_COORDINATE_LATHE", false, true},
-        {"2ND_COORDINATE_INCR", true, false},
-        {"3RD_COORDINATE_INCR_LATHE", false, true},
-        {"1ST_COORDINATE_INCR_2ND", false, false},
-        // The other keys match whatever begins with them, on any machine.
-        {"CIRCULAR_INTERPOLATION_LEFT", true, true},
-        {"CIRCULAR_INTERPOLATION_LEFT_LATHE", true, true},
-        {"SPINDLE_CLOCKWISE_2ND", true, true},
-        {"SPINDLE_OFF_LATHE", true, true},
-        {"SPINDLE_OFF", false, false},
-        {"FEEDRATE_LATHE", true, true},
-        {"FEEDRAT", false, false},
-        {"PROGRAM_END_LATHE", true, true},
-        {"3RD_CIRCLE_CENTER_COORDINATE_LATHE", true, true},
+    // A stray byte behind an exact key does no harm, and a lathe counts the suffix by its length.
+    // The keys that are not exact match whatever begins with them, on any machine.
+    const Machines rows[] = {
+        {true,
+         false,
+         {"RAPID", "  RAPID  ", "RAPIDX", "RAPID_", "RAPIDX Y", "LINEAR_INTERPOLATION",
+          "CIRCULAR_INTERPOLATION_RIGHT", "1ST_COORDINATE", "2ND_COORDINATE_INCR"}},
+        {false,
+         true,
+         {"RAPID_LATHE", "RAPID_LATHE  ", "RAPID_LATHEX", "RAPID_MILLS", "1ST_COORDINATE_LATHE",
+          "LINEAR_INTERPOLATION_LATHE", "CIRCULAR_INTERPOLATION_RIGHT_LATHE",
+          "3RD_COORDINATE_INCR_LATHE"}},
+        {true,
+         true,
+         {"CIRCULAR_INTERPOLATION_LEFT", "CIRCULAR_INTERPOLATION_LEFT_LATHE", "SPINDLE_OFF_LATHE",
+          "SPINDLE_CLOCKWISE_2ND", "FEEDRATE_LATHE", "PROGRAM_END_LATHE",
+          "3RD_CIRCLE_CENTER_COORDINATE_LATHE"}},
+        {false,
+         false,
+         {"RAPID X", "RAPID_2ND", "RAPID_LATH", "RAPID_LATHE_2ND", "xRAPID", "rapid",
+          "LINEAR_INTERPOLATION_2ND_LATHE", "1ST_COORDINATE_INCR_2ND", "SPINDLE_OFF", "FEEDRAT"}},
     };
-    const std::string filler = std::string(250, 'F') + "\n"; // bytes of an older line never decide
-    for (const Row& row : rows) {
-        const std::string entry = filler + row.key + "\nQ\n1\nM5.3\n";
-        const std::string head(kHeader);
-        EXPECT_EQ(configuresQ(head + "MFG_CLASS_NAME\nMILLING_MACHINE\n" + entry), row.mill)
-            << row.key;
-        EXPECT_EQ(configuresQ(head + "MFG_CLASS_NAME\nMY_LATHE_MACHINE_2\n" + entry), row.lathe)
-            << row.key;
+    // Bytes of an older, longer line never decide.
+    const std::string filler = std::string(250, 'F') + "\n";
+    for (const Machines& row : rows) {
+        for (const char* const key : row.keys) {
+            const std::string entry = filler + key + "\nQ\n1\nM5.3\n";
+            const std::string head = std::string(kHeader) + "MFG_CLASS_NAME\n";
+            EXPECT_EQ(configuresQ(head + "MILLING_MACHINE\n" + entry), row.mill) << key;
+            EXPECT_EQ(configuresQ(head + "MY_LATHE_MACHINE_2\n" + entry), row.lathe) << key;
+        }
     }
 }
 
@@ -114,15 +98,13 @@ TEST(ParamScan, SplitsLettersAndNumber) {
         const char* letters;
         long number;
     };
-    const Row rows[] = {
-        {"G01", "G", 1},         {"M3", "M", 3},
-        {"G1X2", "G1X", 2},      {"G54.1", "G54.", 1},
-        {"G1X", "G1X", -1},      {"FMAX", "FMAX", -1},
-        {"5", nullptr, 5},       {"007", nullptr, 7},
-        {"5A", "5A", -1},        {"5A6", "5A", 6},
-        {"G-1", "G-", 1},        {"G 4", "G ", 4},
-        {"\xC4\x39", "\xC4", 9}, {"G99999999999999999999", "G", 2147483647},
-    };
+    const Row rows[] = {{"G01", "G", 1},         {"M3", "M", 3},
+                        {"G1X2", "G1X", 2},      {"G54.1", "G54.", 1},
+                        {"G1X", "G1X", -1},      {"FMAX", "FMAX", -1},
+                        {"5", nullptr, 5},       {"007", nullptr, 7},
+                        {"5A", "5A", -1},        {"5A6", "5A", 6},
+                        {"G-1", "G-", 1},        {"G 4", "G ", 4},
+                        {"\xC4\x39", "\xC4", 9}, {"G99999999999999999999", "G", 2147483647}};
     Controller controller;
     ParamScan scan(controller);
     for (const Row& row : rows) {
@@ -145,12 +127,10 @@ TEST(ParamScan, ReadsDecimalPlacesFromTheFormatLine) {
         const char* format;
         double value; // of X12345
     };
-    const Row rows[] = {
-        {"M5.3", 12.345},  {"B5.3", 12.345}, {"Y.3", 12.345},   {"Z 5.3 ", 12.345},
-        {"M5.0", 12345},   {"M5", 12345},    {"A5.3", 12345},   {"m5.3", 12345},
-        {"5.3", 12345},    {"", 12345},      {"M.1.3", 1234.5}, {"M5.-2", 1234500},
-        {"M5.3x", 12.345}, {"M5.x", 12345},
-    };
+    const Row rows[] = {{"M5.3", 12.345},  {"B5.3", 12.345}, {"Y.3", 12.345},   {"Z 5.3 ", 12.345},
+                        {"M5.0", 12345},   {"M5", 12345},    {"A5.3", 12345},   {"m5.3", 12345},
+                        {"5.3", 12345},    {"", 12345},      {"M.1.3", 1234.5}, {"M5.-2", 1234500},
+                        {"M5.3x", 12.345}, {"M5.x", 12345}};
     for (const Row& row : rows) {
         const std::string value = std::string("X\nignored M1.1\n") + row.format;
         EXPECT_EQ(aptOf(dialectOf({{"1ST_COORDINATE", value}}), "X12345"), goTo(row.value, 0, 0))

@@ -2,28 +2,14 @@
 
 namespace {
 
-const Entries kCommon = {
-    {"COMMENT_START", "("},
-    {"COMMENT_END", ")"},
-    {"RECORD_NUMBER", "N"},
-    {"DECIMAL_POINT_REPRESENTATION", "."},
-    {"CIRCULAR_INTERPOLATION_LEFT", "G03"},
-    {"ABSOLUTE_ON", "G90"},
-    {"INCREMENTAL_ON", "G91"},
-    {"FEEDRAT_MMPM", "G94"},
-    {"FEEDRAT_MMPR", "G95"},
-    {"SPINDLE_CLOCKWISE", "M3"},
-    {"SPINDLE_COUNTER_CLOCKWISE", "M4"},
-    {"COOLANT_ON", "M8"},
-    {"COOLANT_OFF", "M9"},
-    {"PROGRAM_END", "M30"},
-    {"FEEDRATE", "F\n1\nM5.3"},
-    {"SPINDLE_SPEED", "S\n1\nM5.0"},
-    {"1ST_CIRCLE_CENTER_COORDINATE", "I\n1\nM5.3"},
-    {"2ND_CIRCLE_CENTER_COORDINATE", "J\n1\nM5.3"},
-    {"3RD_CIRCLE_CENTER_COORDINATE", "K\n1\nM5.3"},
-    {"CIRCLE_CENTER_ABS", "0"},
-};
+constexpr std::string_view kCommon =
+    "COMMENT_START\n(\nCOMMENT_END\n)\nRECORD_NUMBER\nN\nDECIMAL_POINT_REPRESENTATION\n.\n"
+    "CIRCULAR_INTERPOLATION_LEFT\nG03\nABSOLUTE_ON\nG90\nINCREMENTAL_ON\nG91\n"
+    "FEEDRAT_MMPM\nG94\nFEEDRAT_MMPR\nG95\nSPINDLE_CLOCKWISE\nM3\n"
+    "SPINDLE_COUNTER_CLOCKWISE\nM4\nCOOLANT_ON\nM8\nCOOLANT_OFF\nM9\nPROGRAM_END\nM30\n"
+    "FEEDRATE\nF\n1\nM5.3\nSPINDLE_SPEED\nS\n1\nM5.0\n"
+    "1ST_CIRCLE_CENTER_COORDINATE\nI\n1\nM5.3\n2ND_CIRCLE_CENTER_COORDINATE\nJ\n1\nM5.3\n"
+    "3RD_CIRCLE_CENTER_COORDINATE\nK\n1\nM5.3\nCIRCLE_CENTER_ABS\n0\n";
 
 // The keys that differ between the two kinds of machine by their suffix alone.
 const Entries kMachine = {
@@ -55,7 +41,7 @@ std::string dialectOf(Entries entries) {
 std::string mill(Entries entries) {
     std::string text = dialectOf({{"SPINDLE_STOP", "M5"}});
     append(text, kMachine);
-    append(text, kCommon);
+    text += kCommon;
     append(text, entries);
     return text;
 }
@@ -64,7 +50,7 @@ std::string lathe(Entries entries) {
     std::string text =
         dialectOf({{"MFG_CLASS_NAME", "NC_LATHE_MACHINE"}, {"SPINDLE_OFF_LATHE", "M5"}});
     append(text, kMachine, "_LATHE");
-    append(text, kCommon);
+    text += kCommon;
     append(text, entries);
     return text;
 }
