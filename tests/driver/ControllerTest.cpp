@@ -65,7 +65,7 @@ TEST(Controller, ReadsBytesThatAreNoText) {
 TEST(Controller, NamesWhatIsMissing) {
     const TempFolder folder;
     const std::string dialect = folder.write("a.pp", mill());
-    const std::string nc = folder.write("a.nc", "M8\n");
+    const std::string nc = folder.write("a.nc", "U1\n");
     const std::string output = folder.path("apt");
     const std::string log = folder.path("log");
     struct Row {
@@ -94,7 +94,7 @@ TEST(Controller, NamesWhatIsMissing) {
     }
     EXPECT_EQ(readFile(log), kLogHead) << "the log is opened without an output, too";
     EXPECT_EQ(controller.execute(pp, nc.c_str(), apt, nullptr, eOutputAPT), 0);
-    EXPECT_EQ(readFile(output), "COOLNT/ON\n");
+    EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
 }
 
 TEST(Controller, TellsTheHookBeforeTheProcessEnds) {

@@ -47,14 +47,15 @@ ProgramResult runProgram(const std::vector<std::string>& arguments, const Progra
     if (pipe2(input, O_CLOEXEC) != 0) {
         throw std::runtime_error("cannot make a pipe");
     }
+    // Small enough for the pipe's buffer, and written while a reader exists: a program that does
+    // not read its input does no harm.
+    const bool isFed = write(input[1], setting.input.data(), setting.input.size()) ==
+                       static_cast<ssize_t>(setting.input.size());
     const pid_t child = fork();
     if (child == 0) {
         becomeProgram(arguments, setting, input[0], out.c_str(), err.c_str());
     }
     close(input[0]);
-    // Small enough for the pipe's buffer, so nothing waits for the child to read it.
-    const bool isFed = write(input[1], setting.input.data(), setting.input.size()) ==
-                       static_cast<ssize_t>(setting.input.size());
     close(input[1]);
     int status = 0;
     if (child < 0 || !isFed || waitpid(child, &status, 0) != child) {
