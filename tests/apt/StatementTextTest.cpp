@@ -12,15 +12,23 @@
 
 namespace {
 
-// The formats of the statements: width and decimals.
-constexpr int kFormats[][2] = {{11, 5}, {10, 4}, {13, 5}};
+struct Format {
+    const char* printf;
+    StatementText& (StatementText::*add)(double) noexcept;
+};
+
+constexpr Format kFormats[] = {
+    {"%11.5f", &StatementText::coordinate},
+    {"%13.5f", &StatementText::circleValue},
+    {"%10.4f", &StatementText::rate},
+};
 
 void expectAsPrinted(double value) {
-    for (const auto& [width, decimals] : kFormats) {
+    for (const Format& format : kFormats) {
         char printed[512];
-        (void)std::snprintf(printed, sizeof printed, "%*.*f", width, decimals, value);
+        (void)std::snprintf(printed, sizeof printed, format.printf, value);
         StatementText text;
-        text.add(value, width, decimals);
+        (text.*format.add)(value);
         ASSERT_EQ(text.view(), printed) << std::bit_cast<std::uint64_t>(value);
     }
 }
@@ -67,14 +75,14 @@ TEST(StatementText, HoldsTheLongestStatementAndNeverMore) {
     StatementText text;
     std::string expected;
     for (int i = 0; i < 10; ++i) {
-        text.add(-DBL_MAX, 13, 5).add(",");
+        text.circleValue(-DBL_MAX).add(",");
         char printed[512];
         (void)std::snprintf(printed, sizeof printed, "%13.5f,", -DBL_MAX);
         expected += printed;
     }
     EXPECT_EQ(text.view(), expected);
     for (int i = 0; i < 20; ++i) {
-        text.add(DBL_MAX, 13, 5).add(std::numeric_limits<int>::min()).add("some words");
+        text.circleValue(DBL_MAX).add(std::numeric_limits<int>::min()).add("some words");
     }
     EXPECT_EQ(text.view().substr(0, expected.size()), expected);
     EXPECT_LE(text.view().size(), 4096U);
