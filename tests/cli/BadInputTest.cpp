@@ -73,6 +73,7 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
          "quillmark: error 305: cannot rewind parameter file '/dev/stdin': Illegal seek"},
         {{"old.pp", "a.nc", "o"},
          306,
+         "line <*MITTANF> can't be decoded\n"
          "quillmark: error 306: cannot convert parameter file of the old format 'old.pp': the file "
          "is damaged, or it is no parameter file: the first line of a current one contains "
          "\"Header\""},
