@@ -25,7 +25,7 @@ int Command::scanNC(char* line) {
     while (char* const word = findWord(line, from, m_syntax)) {
         char* const digits = word + m_syntax.size();
         char* const end = MoveAfterNumber(digits);
-        if (m_number == -1 || (end != digits && clampedInteger(readDigits(digits)) == m_number)) {
+        if (m_number == -1 || (end != digits && readCommandNumber(digits) == m_number)) {
             cutOut(word, end);
             m_ncLineStatus = TRUE;
             InitStatus(line);

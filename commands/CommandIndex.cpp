@@ -23,13 +23,11 @@ CommandIndex::CommandIndex(const AvailableCommands& commands) {
 }
 
 void CommandIndex::Select(const ByteSet& bytes) noexcept {
-    std::ranges::fill(m_selected, 0);
-    for (const FirstByte& row : m_firstBytes) {
-        if (!bytes.MayContain(row.byte)) {
-            continue;
+    for (std::size_t word = 0; word < m_selected.size(); ++word) {
+        std::uint64_t selected = 0;
+        for (const FirstByte& row : m_firstBytes) {
+            selected |= bytes.MayContain(row.byte) ? row.members[word] : 0;
         }
-        for (std::size_t word = 0; word < m_selected.size(); ++word) {
-            m_selected[word] |= row.members[word];
-        }
+        m_selected[word] = selected;
     }
 }

@@ -32,8 +32,8 @@ char* Comment::findEnd(char* comment) const noexcept {
     return end == nullptr ? nullptr : end + m_end.size();
 }
 
-int Comment::KillComments(char* line) const noexcept {
-    if (line == nullptr || m_start.empty()) {
+int Comment::KillComments(char* line, const ByteSet& bytes) const noexcept {
+    if (line == nullptr || m_start.empty() || !bytes.MayContain(m_start.front())) {
         return 0;
     }
     char* comment = findText(line, m_start);

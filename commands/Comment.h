@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/ByteSet.h"
 #include "commands/TextCopy.h"
 
 /// Removes comments from a block before any recogniser sees it.
@@ -19,7 +20,9 @@ public:
     /// Removes every comment from `line`; the text between comments stays. Without an end text, or
     /// without its occurrence, a comment runs to the end of the block. Comments do not nest.
     /// Returns 0; works in place, so it never runs out of memory.
-    int KillComments(char* line) const noexcept;
+    int KillComments(char* line) const noexcept { return KillComments(line, ByteSet::All()); }
+    /// The same for a line of known bytes: without the first byte of the start text, no search.
+    int KillComments(char* line, const ByteSet& bytes) const noexcept;
 
 private:
     [[nodiscard]] char* findEnd(char* comment) const noexcept;

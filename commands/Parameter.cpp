@@ -64,16 +64,12 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
         if (stepOver(p, "-")) {
             sign = -1;
         }
-        const DigitRun integer = readDigits(p);
-        DigitRun fraction{integer.end, integer.end, 0};
-        if (separator != '\0' && *integer.end == separator) {
-            fraction = readDigits(integer.end + 1);
-        }
-        char* end = p + (fraction.end - p);
-        const bool isNumber = end != p;
+        const NCNumber number = readNumber(p, sign, separator);
+        const bool isNumber = number.end != p;
         if (isNumber) {
-            m_value = implyDecimals(ncNumber(sign, integer, fraction), separator);
+            m_value = implyDecimals(number.value, separator);
         }
+        char* end = p + (number.end - p);
         if (hasBracket && *end == ')') {
             ++end;
         }

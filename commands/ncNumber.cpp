@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <limits>
 
@@ -18,15 +19,38 @@ constexpr std::array<double, 23> kNegativePowers = {
     1e-0,  1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,  1e-10, 1e-11,
     1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
 
-// The whole run as a number; false when it exceeds a 64-bit integer.
-bool readWhole(const DigitRun& digits, std::int64_t& number) noexcept {
-    number = digits.value;
-    return digits.isExact() || std::from_chars(digits.begin, digits.end, number).ec == std::errc{};
+// Runs of up to this many digits fit the integer types whatever the digits are.
+constexpr std::ptrdiff_t kSafeIntegerDigits = std::numeric_limits<std::int64_t>::digits10;
+constexpr std::ptrdiff_t kSafeFractionDigits = std::numeric_limits<std::int32_t>::digits10;
+
+// The digits from `p` on as a number, which wraps in a run that is too long; moves `p` behind them.
+std::int64_t takeDigits(const char*& p) noexcept {
+    std::uint64_t number = 0;
+    for (; isDigitByte(*p); ++p) {
+        number = number * 10 + static_cast<std::uint64_t>(*p - '0');
+    }
+    return static_cast<std::int64_t>(number);
 }
 
-double nearestDecimal(int sign, const DigitRun& integer, const DigitRun& fraction) noexcept {
+double combine(int sign, std::int64_t integer, std::int64_t fraction,
+               std::ptrdiff_t fractionDigits) noexcept {
+    const auto value = static_cast<double>(sign * integer);
+    return fractionDigits == 0
+               ? value
+               : value + static_cast<double>(sign * fraction) * powerOfTen(-fractionDigits);
+}
+
+// A run of digits as a T; false when it exceeds it.
+template<class T>
+bool fits(const char* first, const char* last, T& number) noexcept {
+    number = 0;
+    return first == last || std::from_chars(first, last, number).ec == std::errc{};
+}
+
+double nearestDecimal(int sign, const char* integer, const char* integerEnd, const char* fraction,
+                      const char* fractionEnd) noexcept {
     const char* const significant =
-        std::find_if(integer.begin, integer.end, [](char c) { return c != '0'; });
+        std::find_if(integer, integerEnd, [](char c) { return c != '0'; });
     // A block holds at most 255 bytes; digits beyond the buffer can come only from other callers
     // and no longer change the nearest double.
     std::array<char, 1024> text{};
@@ -36,14 +60,25 @@ double nearestDecimal(int sign, const DigitRun& integer, const DigitRun& fractio
             *end++ = *first;
         }
     };
-    append(significant, integer.end);
+    append(significant, integerEnd);
     *end++ = '.';
-    append(fraction.begin, fraction.end);
+    append(fraction, fractionEnd);
     double value = 0.0;
     if (std::from_chars(text.data(), end, value).ec == std::errc::result_out_of_range) {
-        value = significant == integer.end ? 0.0 : std::numeric_limits<double>::infinity();
+        value = significant == integerEnd ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return sign * value;
+}
+
+// The way of numbers with so many digits that their size must be looked at.
+double longNumber(int sign, const char* integer, const char* integerEnd, const char* fraction,
+                  const char* fractionEnd) noexcept {
+    std::int64_t whole = 0;
+    std::int32_t part = 0;
+    if (!fits(integer, integerEnd, whole) || !fits(fraction, fractionEnd, part)) {
+        return nearestDecimal(sign, integer, integerEnd, fraction, fractionEnd);
+    }
+    return combine(sign, whole, part, fractionEnd - fraction);
 }
 
 } // namespace
@@ -56,37 +91,29 @@ double powerOfTen(long exponent) noexcept {
     return std::pow(10.0, static_cast<double>(exponent));
 }
 
-DigitRun readDigits(const char* p) noexcept {
-    DigitRun run{p, p, 0};
-    std::uint64_t value = 0; // wraps silently in runs that are too long to be exact
-    for (; isDigitByte(*run.end); ++run.end) {
-        value = value * 10 + static_cast<std::uint64_t>(*run.end - '0');
+NCNumber readNumber(const char* text, int sign, char separator) noexcept {
+    const char* end = text;
+    const std::int64_t whole = takeDigits(end);
+    const char* const integerEnd = end;
+    const char* fraction = end;
+    std::int64_t part = 0;
+    if (separator != '\0' && *end == separator) {
+        fraction = ++end;
+        part = takeDigits(end);
     }
-    run.value = static_cast<std::int64_t>(value);
-    return run;
+    if (integerEnd - text > kSafeIntegerDigits || end - fraction > kSafeFractionDigits) {
+        return {longNumber(sign, text, integerEnd, fraction, end), end};
+    }
+    return {combine(sign, whole, part, end - fraction), end};
 }
 
-double ncNumber(int sign, const DigitRun& integer, const DigitRun& fraction) noexcept {
-    std::int64_t whole = integer.value;
-    std::int64_t part = fraction.value;
-    if (!integer.isExact() || !fraction.isExact()) {
-        if (!readWhole(integer, whole) || !readWhole(fraction, part)) {
-            return nearestDecimal(sign, integer, fraction);
-        }
-    }
-    if (part > std::numeric_limits<int>::max()) {
-        return nearestDecimal(sign, integer, fraction);
-    }
-    const auto value = static_cast<double>(sign * whole);
-    if (fraction.empty()) {
-        return value;
-    }
-    return value + static_cast<double>(sign * part) * powerOfTen(fraction.begin - fraction.end);
-}
-
-std::int32_t clampedInteger(const DigitRun& digits) noexcept {
+std::int32_t readCommandNumber(const char* text) noexcept {
+    const char* end = text;
+    const std::int64_t number = takeDigits(end);
     constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
-    std::int64_t number = 0;
-    return static_cast<std::int32_t>(readWhole(digits, number) ? std::min(number, kHighest)
-                                                               : kHighest);
+    std::int32_t exact = 0;
+    if (end - text > kSafeIntegerDigits) {
+        return fits(text, end, exact) ? exact : std::numeric_limits<std::int32_t>::max();
+    }
+    return static_cast<std::int32_t>(std::min(number, kHighest));
 }

@@ -159,13 +159,14 @@ int NCScan::convertBlock(char* block, CommandIndex& commands) {
     if (const int code = status.GetRecordNumber()->DeleteRecordNumber(block); code != 0) {
         return code;
     }
-    if (const int code = status.GetComment()->KillComments(block); code != 0) {
+    // Record number and comment may go into the set: it only rules words out.
+    const ByteSet bytes = ByteSet::Of(block);
+    if (const int code = status.GetComment()->KillComments(block, bytes); code != 0) {
         return code;
     }
     if (std::strlen(block) != m_blockLength) {
         string_mani(3, block);
     }
-    const ByteSet bytes = ByteSet::Of(block);
     status.InitBlockBytes(bytes);
     commands.Select(bytes);
     const int code = commands.ForEachSelected([block](Command& command) {

@@ -56,6 +56,10 @@ void moveToFrontAndCut(char* string) noexcept {
 
 std::size_t trimText(char* string) noexcept {
     const char* const text = string + countLeadingBlanks(string);
+    if (*text == '\0') {
+        *string = '\0';
+        return 0;
+    }
     std::size_t length = std::strlen(text);
     // Two plain searches are faster than one for either byte, and every block is trimmed.
     for (const char lineEnd : {'\n', '\r'}) {
