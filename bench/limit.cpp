@@ -12,20 +12,20 @@
 #include <unistd.h>
 
 /// The hand-tuned contestant: limit NC APT. The dialect of mill.pp is wired in, the input is mapped
-/// into memory, numbers are read and printed by loops of its own, and one buffer collects the
-/// output: the floor that a converter with a described dialect can approach. It makes the same
-/// bytes as quillmark for programs that carry at most one word of each address and at most one G
-/// code of a modal group in a block, whose blocks are shorter than 255 characters and whose
-/// numbers have at most nine digits on either side of the point.
-/// Built with LIMIT_TO_CHARS it prints every number with std::to_chars instead of its own loop:
-/// what the standard library's way of printing costs.
+/// into memory, numbers are read by a loop of its own, and one buffer collects the output: the
+/// floor that a converter with a described dialect can approach. It makes the same bytes as
+/// quillmark for programs that carry at most one word of each address and at most one G code of a
+/// modal group in a block, whose blocks are shorter than 255 characters and whose numbers have at
+/// most nine digits on either side of the point. Numbers are printed with std::to_chars. Built with
+/// LIMIT_OWN_DIGITS it prints them with a loop of its own where rounding is beyond doubt: what is
+/// left below the standard library.
 
 namespace {
 
-#ifdef LIMIT_TO_CHARS
-constexpr bool kPrintsDigitsItself = false;
-#else
+#ifdef LIMIT_OWN_DIGITS
 constexpr bool kPrintsDigitsItself = true;
+#else
+constexpr bool kPrintsDigitsItself = false;
 #endif
 
 /// "00" to "99".

@@ -225,9 +225,13 @@ void printRow(const Contestant& contestant, double blocks) {
     }
 }
 
-enum class Bound { kAtLeast, kAtMost };
+enum class Bound { kAtLeast, kAtMost, kNone };
 
 void printVerdict(double value, Bound bound, double goal) {
+    if (bound == Bound::kNone) {
+        std::printf("  no goal\n");
+        return;
+    }
     const bool met = bound == Bound::kAtLeast ? value >= goal : value <= goal;
     std::printf("  %s %5.2f  %s\n", bound == Bound::kAtLeast ? ">=" : "<=", goal,
                 met ? "met" : "MISSED");
@@ -278,7 +282,7 @@ public:
         std::printf("%-34s %4s %10s %10s %10s %10s %9s %9s\n", "contestant", "runs", "median",
                     "min", "max", "CPU", "peak MiB", "Mblocks/s");
         for (const Contestant* contestant :
-             {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit, &m_limitToChars}) {
+             {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit, &m_limitOwnDigits}) {
             printRow(*contestant, kPartBlocks);
         }
         for (const Contestant& contestant : m_rs274) {
@@ -319,8 +323,9 @@ private:
     /// Every contestant makes the one output of the small program that is written down.
     void checkSmallProgram() const {
         const std::string nc = m_sources + "/small.nc";
-        for (Contestant contestant : {loop("naive loop", "naive", nc), loop("limit", "limit", nc),
-                                      loop("limit with to_chars", "limitToChars", nc), m_small}) {
+        for (Contestant contestant :
+             {loop("naive loop", "naive", nc), loop("limit", "limit", nc),
+              loop("limit with its own digits", "limitOwnDigits", nc), m_small}) {
             runAndCompare(contestant, m_sources + "/small.apt");
         }
     }
@@ -339,7 +344,7 @@ private:
     void runRound() {
         std::vector<std::function<void()>> turns;
         for (int turn = 0; turn < kQuickTurns; ++turn) {
-            for (Contestant* quick : {&m_plain, &m_wide, &m_limit, &m_limitToChars}) {
+            for (Contestant* quick : {&m_plain, &m_wide, &m_limit, &m_limitOwnDigits}) {
                 turns.emplace_back([this, quick] { runAndCompare(*quick, m_partApt); });
             }
             turns.emplace_back([this] { runAndCompare(m_long, m_longApt); });
@@ -376,6 +381,8 @@ private:
         std::printf("\n%-52s %8s %8s  %8s\n", "ratios of the medians", "wall", "CPU", "goal");
         printRatio("naive loop / quillmark", m_naive, m_plain, Bound::kAtLeast, 3);
         printRatio("quillmark / hand-tuned limit", m_plain, m_limit, Bound::kAtMost, 1.4);
+        printRatio("quillmark / limit printing digits itself", m_plain, m_limitOwnDigits,
+                   Bound::kNone, 0);
         printRatio("quillmark with log / without", m_logged, m_plain, Bound::kAtMost, 1.8);
         for (const Contestant& contestant : m_rs274) {
             printRatio("rs274 -g / quillmark", contestant, m_plain, Bound::kAtLeast, 12);
@@ -417,7 +424,7 @@ private:
     Contestant m_small = quillmark("quillmark, 11 blocks", m_dialect, m_sources + "/small.nc");
     Contestant m_naive = loop("naive loop", "naive", part());
     Contestant m_limit = loop("hand-tuned limit", "limit", part());
-    Contestant m_limitToChars = loop("limit printing with to_chars", "limitToChars", part());
+    Contestant m_limitOwnDigits = loop("limit printing digits itself", "limitOwnDigits", part());
     Contestant m_empty{"empty C++ program", {m_programs + "/empty"}, {}};
     Contestant m_emptyRuntime{"empty, C++ runtime loaded", {m_programs + "/emptyRuntime"}, {}};
     std::vector<Contestant> m_rs274; ///< one, or none when it is not installed

@@ -1,6 +1,12 @@
 #include "commands/CommandIndex.h"
 
+#include "commands/ncNumber.h"
+#include "softCommon/CStringUtil/asciiBytes.h"
+#include "softCommon/CStringUtil/string_mani.h"
+
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 CommandIndex::CommandIndex(const AvailableCommands& commands) {
     for (int i = 0; i < commands.GetCommandCount(); ++i) {
@@ -13,21 +19,69 @@ CommandIndex::CommandIndex(const AvailableCommands& commands) {
     }
     m_selected.resize((m_commands.size() + kBits - 1) / kBits);
     for (std::size_t i = 0; i < m_commands.size(); ++i) {
-        const char byte = *m_commands[i]->GetSyntaxString();
-        auto row = std::ranges::find(m_firstBytes, byte, &FirstByte::byte);
-        if (row == m_firstBytes.end()) {
-            row = m_firstBytes.insert(row, {byte, decltype(m_selected)(m_selected.size())});
-        }
-        row->members[i / kBits] |= std::uint64_t{1} << (i % kBits);
+        const char* const syntax = m_commands[i]->GetSyntaxString();
+        const int number = m_commands[i]->GetSyntaxNumber();
+        FirstByte& row = rowOf(*syntax);
+        const bool isLetterWithNumber = syntax[1] == '\0' && number >= 0;
+        Set& set = isLetterWithNumber ? row.byNumber[numberClass(number)] : row.any;
+        set.resize(m_selected.size());
+        set[i / kBits] |= std::uint64_t{1} << (i % kBits);
     }
 }
 
-void CommandIndex::Select(const ByteSet& bytes) noexcept {
-    for (std::size_t word = 0; word < m_selected.size(); ++word) {
-        std::uint64_t selected = 0;
-        for (const FirstByte& row : m_firstBytes) {
-            selected |= bytes.MayContain(row.byte) ? row.members[word] : 0;
-        }
-        m_selected[word] = selected;
+CommandIndex::FirstByte& CommandIndex::rowOf(char byte) {
+    const auto row = std::ranges::find(m_firstBytes, byte, &FirstByte::byte);
+    return row != m_firstBytes.end()
+               ? *row
+               : m_firstBytes.emplace_back(FirstByte{byte, {}, std::vector<Set>(kNumberClasses)});
+}
+
+// An empty set adds nothing, so sets without members take no memory.
+void CommandIndex::add(const Set& set) noexcept {
+    for (std::size_t word = 0; word < set.size(); ++word) {
+        m_selected[word] |= set[word];
     }
+}
+
+void CommandIndex::select(const char* block, const ByteSet& bytes) noexcept {
+    std::ranges::fill(m_selected, 0);
+    for (const FirstByte& row : m_firstBytes) {
+        if (!bytes.MayContain(row.byte)) {
+            continue;
+        }
+        add(row.any);
+        for (const char* p = std::strchr(block, row.byte); p != nullptr;
+             p = std::strchr(p, row.byte)) {
+            if (isDigitByte(*++p)) {
+                add(row.byNumber[numberClass(readCommandNumber(p))]);
+            }
+        }
+    }
+}
+
+int CommandIndex::scanNC(char* block, const ByteSet& bytes) {
+    select(block, bytes);
+    for (std::size_t word = 0; word < m_selected.size(); ++word) {
+        std::uint64_t untried = ~std::uint64_t{0};
+        while (const std::uint64_t bits = m_selected[word] & untried) {
+            const int bit = std::countr_zero(bits);
+            untried = ~std::uint64_t{0} << bit << 1;
+            if (*block == ' ') {
+                string_mani(3, block);
+            }
+            if (*block == '\0') {
+                return 0;
+            }
+            const std::size_t length = std::strlen(block);
+            Command& command = *m_commands[word * kBits + static_cast<std::size_t>(bit)];
+            if (const int code = command.scanNC(block); code != 0) {
+                return code;
+            }
+            // Taking a word out can bring a letter and a number together.
+            if (std::strlen(block) != length) {
+                select(block, bytes);
+            }
+        }
+    }
+    return 0;
 }

@@ -168,12 +168,6 @@ int NCScan::convertBlock(char* block, CommandIndex& commands) {
         string_mani(3, block);
     }
     status.InitBlockBytes(bytes);
-    commands.Select(bytes);
-    const int code = commands.ForEachSelected([block](Command& command) {
-        if (*block == ' ') {
-            string_mani(3, block);
-        }
-        return *block == '\0' ? 0 : command.scanNC(block);
-    });
+    const int code = commands.scanNC(block, bytes);
     return code != 0 ? code : status.scanNC(block);
 }
