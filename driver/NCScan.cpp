@@ -64,6 +64,8 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
     return result;
 }
 
+void NCScan::SetNoOutput() { m_factory = std::make_unique<APTFactory>(nullptr, nullptr); }
+
 int NCScan::openOutput(const char* name) noexcept {
     m_outputFile.close();
     if (name == nullptr || !m_outputFile.open(name, "wt")) {

@@ -33,6 +33,9 @@ public:
     /// cannot be opened or is the output. `logfile` may be null.
     virtual int SetOutputType(const eOutputType& type, const char* outputfile, const char* logfile);
 
+    /// Makes a factory without output and log, for a model that is configured but never runs.
+    void SetNoOutput();
+
     [[nodiscard]] MachineStatus& Machinestatus() noexcept { return m_model->status; }
     [[nodiscard]] const MachineStatus& Machinestatus() const noexcept { return m_model->status; }
     [[nodiscard]] AvailableCommands& Availablecommands() noexcept { return m_model->commands; }

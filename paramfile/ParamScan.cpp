@@ -11,6 +11,7 @@
 #include "driver/NCScan.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
+#include "paramfile/fileLines.h"
 #include "paramfile/ppcrypt.h"
 #include "softCommon/CStringUtil/CharFeld.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
@@ -66,12 +67,16 @@ int ParamScan::SetParameterFile(const char* name) {
         m_ncscan.KeepFailure({.text = "it did not exist before this run made it as output or log"});
         return kParameterFileUnreadable;
     }
+    return SetParameterStream(input.get());
+}
+
+int ParamScan::SetParameterStream(std::FILE* in) {
     m_file.reset(std::tmpfile());
     if (m_file == nullptr) {
         m_ncscan.KeepFailure({.systemError = errno});
         return kNoTemporaryFile;
     }
-    if (const int code = convert(input.get(), m_file.get()); code != 0) {
+    if (const int code = convert(in, m_file.get()); code != 0) {
         return code;
     }
     if (std::fflush(m_file.get()) != 0 || std::ferror(m_file.get()) != 0) {
@@ -98,21 +103,18 @@ int ParamScan::convert(std::FILE* in, std::FILE* out) {
         m_ncscan.KeepFailure({.systemError = errno});
         return kRewindFailed;
     }
-    return std::strstr(line.data(), "Header") != nullptr ? decode(in, out) : update(in, out);
+    return IsCurrentFormat(line.data()) ? decode(in, out) : update(in, out);
+}
+
+bool ParamScan::IsCurrentFormat(const char* firstLine) noexcept {
+    return std::strstr(firstLine, "Header") != nullptr;
 }
 
 int ParamScan::decode(std::FILE* in, std::FILE* out) {
-    errno = 0;
-    const CharFeldOwner lines(fp2CharFeld(in));
-    if (errno == ENOMEM) {
-        return kMemoryExhausted;
-    }
-    if (std::ferror(in) != 0) {
-        m_ncscan.KeepFailure({.systemError = errno});
-        return kParameterFileEndsEarly;
-    }
-    for (char** line = lines.get(); *line != nullptr; ++line) {
-        string_mani(0, *line);
+    CharFeldOwner lines;
+    if (const int error = readFileLines(in, lines); error != 0) {
+        m_ncscan.KeepFailure({.systemError = error});
+        return error == ENOMEM ? kMemoryExhausted : kParameterFileEndsEarly;
     }
     const int code = ppcrypt(1, lines.get());
     for (char** line = lines.get(); *line != nullptr; ++line) {
@@ -143,7 +145,7 @@ int ParamScan::run() {
     }
     Line line;
     while (std::feof(m_file.get()) == 0) {
-        if (std::fgets(line.data(), static_cast<int>(line.size()), m_file.get()) == nullptr) {
+        if (!fetchLine(line)) {
             if (std::ferror(m_file.get()) != 0) {
                 m_ncscan.KeepFailure({.systemError = errno});
                 return kParameterFileEndsEarly;
@@ -162,8 +164,18 @@ int ParamScan::run() {
     return 0;
 }
 
-int ParamScan::readLine(Line& line) noexcept {
+// A line that does not fit is read in pieces, all with the number of that line.
+bool ParamScan::fetchLine(Line& line) noexcept {
     if (std::fgets(line.data(), static_cast<int>(line.size()), m_file.get()) == nullptr) {
+        return false;
+    }
+    m_lineNumber += m_continuesLine ? 0 : 1;
+    m_continuesLine = std::strchr(line.data(), '\n') == nullptr;
+    return true;
+}
+
+int ParamScan::readLine(Line& line) noexcept {
+    if (!fetchLine(line)) {
         return kParameterFileEndsEarly;
     }
     string_mani(3, line.data());
@@ -199,9 +211,15 @@ int ParamScan::search(std::span<const Key> keys, const char* line) {
         if (const int code = readLine(value); code != 0) {
             return code;
         }
-        return value[0] == '\0' ? 0 : key.act(*this, value.data());
+        return Act(key, value.data());
     }
     return 0;
+}
+
+int ParamScan::Act(const Key& key, char* value) {
+    m_configured = nullptr;
+    m_addedWord = nullptr;
+    return value[0] == '\0' ? 0 : key.act(*this, value);
 }
 
 int ParamScan::CheckForLatheMachine(const char* line) { return search(ClassKeys(), line); }
@@ -290,6 +308,7 @@ int ParamScan::configure(Kind* command, char* value, Arguments... arguments) {
     }
     command->InitInstSyntax(letters, static_cast<int>(number), m_ncscan.GetOutputFactory(),
                             arguments...);
+    m_configured = command;
     const bool isTextLost = letters != nullptr && command->GetSyntaxString() == nullptr;
     return isTextLost || !command->HasWriter() ? kMemoryExhausted : 0;
 }
@@ -309,6 +328,7 @@ int ParamScan::addParameter(char* value, Parameter*& parameter) {
         return kMemoryExhausted;
     }
     parameter = word.get();
+    m_addedWord = parameter;
     m_ncscan.Availableparameters().NewParameter(word.release());
     return 0;
 }

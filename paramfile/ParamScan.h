@@ -7,6 +7,7 @@
 #include <span>
 
 class CircularMovement;
+class Command;
 class CommandGroup;
 class Coolant;
 class FeedRate;
@@ -44,6 +45,8 @@ public:
     virtual int run();
     /// Makes a plain temporary copy of the named file, in the current format.
     virtual int SetParameterFile(const char* name);
+    /// The same for the file that `in` holds from its start on; `in` stays open and the caller's.
+    int SetParameterStream(std::FILE* in);
     /// Makes and registers the fourteen modal commands, with the defaults of each group.
     virtual int CreateModalCommands();
     /// The three searches take one trimmed line, and read its value lines from the copy when it is
@@ -61,6 +64,8 @@ public:
     virtual int convert(std::FILE* in, std::FILE* out);
     /// Writes the lines of a current-format file to `out`, decoded when they are coded.
     virtual int decode(std::FILE* in, std::FILE* out);
+    /// Whether a file with this first line is of the current format; else it is of the older one.
+    [[nodiscard]] static bool IsCurrentFormat(const char* firstLine) noexcept;
 
     /// The keys in the order in which they are tried.
     [[nodiscard]] static std::span<const Key> ClassKeys() noexcept;
@@ -70,10 +75,26 @@ public:
     [[nodiscard]] static bool Matches(const Key& key, const char* line, bool isLathe) noexcept;
     [[nodiscard]] bool IsLathe() const noexcept { return m_isLathe == 1; }
 
+    /// The copy that SetParameterFile made; null before. Owned by the scan, which reads from its
+    /// current position.
+    [[nodiscard]] std::FILE* PlainCopy() const noexcept { return m_file.get(); }
+
+protected:
+    /// Lets a key of the file act on its value line: trimmed, in a writable buffer. An empty value
+    /// leaves everything as it is.
+    virtual int Act(const Key& key, char* value);
+    /// Number in the copy, from 1, of the line that was read last; 0 before the first.
+    [[nodiscard]] long LineNumber() const noexcept { return m_lineNumber; }
+    /// The command that the key which acted last gave a code, and the address word that it added;
+    /// null when it did not.
+    [[nodiscard]] const Command* ConfiguredCommand() const noexcept { return m_configured; }
+    [[nodiscard]] const Parameter* AddedWord() const noexcept { return m_addedWord; }
+
 private:
     static constexpr std::size_t kLineSize = 256;
     using Line = std::array<char, kLineSize>;
 
+    bool fetchLine(Line& line) noexcept;
     int readLine(Line& line) noexcept;
     int search(std::span<const Key> keys, const char* line);
     int update(std::FILE* in, std::FILE* out);
@@ -121,4 +142,9 @@ private:
 
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     int m_isLathe = 0;
+
+    long m_lineNumber = 0;
+    bool m_continuesLine = false; // the next piece belongs to the same line of the copy
+    const Command* m_configured = nullptr;
+    const Parameter* m_addedWord = nullptr;
 };

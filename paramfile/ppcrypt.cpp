@@ -1,6 +1,7 @@
 #include "paramfile/ppcrypt.h"
 
 #include "paramfile/HeapText.h"
+#include "paramfile/codingMarks.h"
 #include "paramfile/lineCoder.h"
 #include "softCommon/CStringUtil/numberText.h"
 
@@ -18,17 +19,11 @@ constexpr int kCode = 0;
 constexpr int kDecode = 1;
 
 constexpr std::string_view kVersionTag = "#VERSION: ";
-constexpr std::string_view kFileTag = "#FILE:";
-constexpr std::string_view kLastPlainLine = "##### Toolmachine Section";
 
 // A corrupt line may be of any length; more than the longest readable line says nothing more.
 constexpr int kShownCharacters = 511;
 
 constexpr int kFirstReleaseOfNewKey = 7;
-
-bool beginsWith(const char* line, std::string_view tag) noexcept {
-    return std::string_view(line).starts_with(tag);
-}
 
 std::string_view trimmed(std::string_view text) noexcept {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
@@ -36,28 +31,11 @@ std::string_view trimmed(std::string_view text) noexcept {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-// The first coded line; the null entry when there is none.
-char** findCodedPart(char** lines) noexcept {
-    for (char** line = lines;; ++line) {
-        if (*line == nullptr) {
-            return line;
-        }
-        if (beginsWith(*line, kLastPlainLine)) {
-            return line + 1;
-        }
-    }
-}
-
-bool marksPlainFile(const char* line) noexcept {
-    return beginsWith(line, kFileTag) &&
-           (std::strstr(line, "UNCODED") != nullptr || std::strstr(line, "uncoded") != nullptr);
-}
-
 // The version is sought in the plain lines only: behind them it would be found when coding, not
 // when decoding.
 const CodingKey& chooseKey(std::span<char* const> plainLines) noexcept {
     for (const char* const line : plainLines) {
-        if (beginsWith(line, kVersionTag)) {
+        if (std::string_view(line).starts_with(kVersionTag)) {
             const std::string_view version = trimmed(line + kVersionTag.size());
             // "V1R5": the release stands from the fourth character on.
             const bool isOld = version.size() >= 4 &&
@@ -114,8 +92,7 @@ int ppcrypt(int option, char** lines) noexcept {
     if (lines == nullptr) {
         return kCoderDone;
     }
-    char** const codedPart = findCodedPart(lines);
-    const std::span<char* const> plainLines(lines, codedPart);
+    const std::span<char* const> plainLines = plainHead(lines);
     for (char* const line : plainLines) {
         if (marksPlainFile(line)) {
             if (option == kDecode) {
@@ -126,7 +103,7 @@ int ppcrypt(int option, char** lines) noexcept {
     }
     CodingGenerator generator;
     vxinit(generator, chooseKey(plainLines));
-    for (char** line = codedPart; *line != nullptr; ++line) {
+    for (char** line = lines + plainLines.size(); *line != nullptr; ++line) {
         const int code = convertLine(option, generator, *line);
         if (code != kCoderDone) {
             reportLine(option, code, line - lines + 1, *line);
