@@ -24,9 +24,9 @@ const char* nameOf(ConversionFile file, const ConversionFiles& files) noexcept {
 
 } // namespace
 
-void printErrorLine(std::FILE* stream, int code, const ConversionFiles& files,
+void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
                     const NCScan::Failure& failure) noexcept {
-    std::fprintf(stream, "quillmark: error %d", code);
+    std::fprintf(stream, "%s: error %d", program, code);
     if (const ReturnCode* const row = findReturnCode(code)) {
         std::fprintf(stream, ": %s", row->meaning);
         if (const char* const name = nameOf(row->file, files)) {

@@ -12,7 +12,8 @@ struct ConversionFiles {
     const char* log = nullptr;
 };
 
-/// Prints the one line that tells a user about a failed conversion: code, meaning, file, and the
-/// reason, or what helps when no reason is known. Needs no memory: it may just have run out.
-void printErrorLine(std::FILE* stream, int code, const ConversionFiles& files,
+/// Prints the one line in which `program` tells a user about a failed conversion: code, meaning,
+/// file, and the reason, or what helps when no reason is known. Needs no memory: it may just have
+/// run out.
+void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
                     const NCScan::Failure& failure) noexcept;

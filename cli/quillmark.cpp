@@ -1,16 +1,16 @@
 // The command line front end: a thin shell around Controller::run.
 
-#include "include/quillmark.h"
 #include "cli/errorLine.h"
 #include "cli/helpText.h"
+#include "cli/movementCommands.h"
+#include "cli/standardDescriptors.h"
+#include "cli/versionText.h"
 #include "driver/Controller.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -20,10 +20,7 @@ bool printsInformation(const char* argument, const Controller& controller) {
         return true;
     }
     if (std::strcmp(argument, "--version") == 0) {
-        char banner[64] = "";
-        int length = 0;
-        gtvers(banner, &length);
-        std::printf("quillmark " QUILLMARK_VERSION "\n%.*s\n", length, banner);
+        printVersion(stdout, "quillmark");
         return true;
     }
     return false;
@@ -46,19 +43,7 @@ void reportFailure(const Controller& controller, int code, int argc, char** argv
     eOutputType type = eOutputAPT;
     (void)controller.ScanParameters(argc, argv, parameter, nc, log, output, type);
     const ConversionFiles files{parameter, nc, output, log};
-    printErrorLine(stderr, code, files, controller.LastFailure());
-}
-
-// A conversion must not open its files on the standard descriptors that the caller closed: what is
-// printed would land in them.
-void occupyStandardDescriptors() noexcept {
-    int descriptor = 0;
-    do {
-        descriptor = open("/dev/null", O_RDWR);
-    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-    if (descriptor >= 0) {
-        (void)close(descriptor);
-    }
+    printErrorLine(stderr, "quillmark", code, files, controller.LastFailure());
 }
 
 } // namespace
@@ -74,6 +59,9 @@ int main(int argc, char** argv, char** envp) {
     // After the code for an incomplete command line the usage text stands alone.
     if (code != 0 && code != kCommandLineIncomplete) {
         reportFailure(controller, code, argc, argv);
+    }
+    if (code == 0 && !configuresMovement(controller)) {
+        std::fprintf(stderr, "quillmark: warning: %s\n", kNoMovementCommand);
     }
     return code;
 }

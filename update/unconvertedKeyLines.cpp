@@ -19,22 +19,19 @@ CharFeldOwner copyOf(char* const* lines) noexcept {
 
 } // namespace
 
-char** unconvertedKeyLines(char* const* lines) noexcept {
+std::unique_ptr<bool[]> unconvertedKeyLines(char* const* lines) noexcept {
     const CharFeldOwner renamed = copyOf(lines);
     if (renamed == nullptr || versionCopy(renamed.get()) != 0) {
         return nullptr;
     }
-    const std::unique_ptr<bool[]> taken = takenLines(renamed.get());
-    if (taken == nullptr) {
+    std::unique_ptr<bool[]> marks = takenLines(renamed.get());
+    if (marks == nullptr) {
         return nullptr;
     }
-    LineCollector lost;
-    for (int i = 0; lines[i] != nullptr; ++i) {
+    for (std::size_t i = 0; lines[i] != nullptr; ++i) {
         const char* const current = renamed.get()[i];
         const bool isReplaced = hasKey(lines[i], current) && std::strcmp(lines[i], current) != 0;
-        if (isKeyLine(lines[i]) && (isReplaced || !taken[static_cast<std::size_t>(i)])) {
-            lost.add(lines[i]);
-        }
+        marks[i] = isKeyLine(lines[i]) && (isReplaced || !marks[i]);
     }
-    return lost.release();
+    return marks;
 }

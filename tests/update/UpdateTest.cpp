@@ -364,7 +364,18 @@ TEST(SetzeBlkUm, TellsOfBlocksThatAreLost) {
     }
 }
 
-TEST(UnconvertedKeyLines, ListWhatNoConverterTakes) {
+Texts unconverted(char* const* lines) {
+    const std::unique_ptr<bool[]> marks = unconvertedKeyLines(lines);
+    Texts marked;
+    for (std::size_t i = 0; lines[i] != nullptr; ++i) {
+        if (marks[i]) {
+            marked.emplace_back(lines[i]);
+        }
+    }
+    return marked;
+}
+
+TEST(UnconvertedKeyLines, MarkWhatNoConverterTakes) {
     const CharFeldOwner lines = fieldOf({"*5XGABEL 1",
                                          "*5XKRDAA 1",
                                          "*5XKRDUA 2",
@@ -387,13 +398,12 @@ TEST(UnconvertedKeyLines, ListWhatNoConverterTakes) {
                                          "*GOHOMEX 1",
                                          "*CYCPK07",
                                          "block"});
-    EXPECT_THAT(taken(unconvertedKeyLines(lines.get())),
+    EXPECT_THAT(unconverted(lines.get()),
                 ElementsAre("*5XAL1DR replaced", "*NEWP443 no third axis", "*5XAL3MX no third axis",
                             "*UNKNOWN 1", "*CYCAP01 second", "*CYCAP36 none"));
     // Of a standard machine no axis setting is converted.
     const CharFeldOwner standard = fieldOf({"*5XGABEL 0", "*5XKRDAA 1", "*5XAL1MX 1"});
-    EXPECT_THAT(taken(unconvertedKeyLines(standard.get())),
-                ElementsAre("*5XKRDAA 1", "*5XAL1MX 1"));
+    EXPECT_THAT(unconverted(standard.get()), ElementsAre("*5XKRDAA 1", "*5XAL1MX 1"));
     EXPECT_STREQ(lines.get()[5], "*NEWP441 1") << "the lines themselves stay";
 }
 

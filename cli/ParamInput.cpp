@@ -1,0 +1,64 @@
+#include "cli/ParamInput.h"
+
+#include "cli/paramMessages.h"
+#include "paramfile/ParamScan.h"
+#include "paramfile/fileLines.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <new>
+
+int ParamInput::Read(const char* name) {
+    const bool isStandardInput = std::strcmp(name, "-") == 0;
+    m_name = isStandardInput ? "standard input" : name;
+    const FileOwner file(isStandardInput ? nullptr : std::fopen(name, "rb"));
+    std::FILE* const source = isStandardInput ? stdin : file.get();
+    std::array<char, 16384> buffer{};
+    while (source != nullptr) {
+        const std::size_t length = std::fread(buffer.data(), 1, buffer.size(), source);
+        if (length == 0) {
+            break;
+        }
+        m_content.append(buffer.data(), length);
+    }
+    if (source == nullptr || std::ferror(source) != 0) {
+        return failWith(Name(), "cannot be read: " + std::string(std::strerror(errno)));
+    }
+    if (m_content.empty()) {
+        return failWith(Name(), "the file is empty");
+    }
+    const auto zero = std::find(m_content.begin(), m_content.end(), '\0');
+    if (zero != m_content.end()) {
+        const auto line = std::count(m_content.begin(), zero, '\n') + 1;
+        return failWith(Name(),
+                        "no parameter file: line " + std::to_string(line) + " holds a byte 0");
+    }
+    return kParamDone;
+}
+
+FileOwner ParamInput::Open() const noexcept {
+    FileOwner file(std::tmpfile());
+    if (file == nullptr ||
+        std::fwrite(m_content.data(), 1, m_content.size(), file.get()) != m_content.size() ||
+        std::fseek(file.get(), 0, SEEK_SET) != 0) {
+        return nullptr;
+    }
+    return file;
+}
+
+CharFeldOwner ParamInput::Lines() const {
+    const FileOwner file = Open();
+    CharFeldOwner lines;
+    if (file == nullptr || readFileLines(file.get(), lines) != 0) {
+        throw std::bad_alloc();
+    }
+    return lines;
+}
+
+bool ParamInput::IsCurrentFormat() const {
+    constexpr std::size_t kLongestFirstLine = 255; // as the scan of parameter files reads it
+    const std::size_t end = std::min(m_content.find('\n'), kLongestFirstLine);
+    return ParamScan::IsCurrentFormat(m_content.substr(0, end).c_str());
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/FileOwner.h"
+
+#include <string>
+
+/// The input of one call of quillmark-param. It is read as a whole first: so a pipe can be used
+/// more than once, and the output may go to the file that was the input.
+class ParamInput {
+public:
+    /// Reads the named file, "-" for standard input. Returns kParamDone, or kParamFailed after a
+    /// line on standard error when it cannot be read, is empty, or holds a byte 0 and so is no
+    /// text.
+    [[nodiscard]] int Read(const char* name);
+
+    /// For messages.
+    [[nodiscard]] const char* Name() const noexcept { return m_name.c_str(); }
+    /// A new file with the content, at its start; null, with errno, when there can be none. It has
+    /// a descriptor, as readers want that make a stream of their own from one.
+    [[nodiscard]] FileOwner Open() const noexcept;
+    /// The lines, each cut at its line end. Throws std::bad_alloc when memory is exhausted.
+    [[nodiscard]] CharFeldOwner Lines() const;
+    [[nodiscard]] bool IsCurrentFormat() const;
+
+private:
+    std::string m_name;
+    std::string m_content;
+};

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// What check may find in a parameter file.
+enum class FindingKind : std::size_t {
+    kScanFails,
+    kNotMarkedPlain,
+    kValueIsKey,
+    kFormatMissing,
+    kWrongVariant,
+    kBeforeLatheClass,
+    kCentreModeLost,
+    kSameCode,
+    kNoLetters,
+    kEntryTooLong,
+    kMarkMissing,
+    kSectionMissing,
+    kBeforeClass,
+    kCentreModeEarly,
+    kSameEndCode,
+    kSameLetters,
+    kShortDivisor,
+    kReadAsOther,
+    kReplaced,
+    kLineTooLong,
+    kNoMovement,
+    kEmptyValue,
+    kAbsent,
+    kCount
+};
+
+enum class Severity {
+    kError,   ///< the converter fails on the file or misreads programs
+    kWarning, ///< the file works otherwise than its author may expect
+    kNote     ///< a key is absent
+};
+
+struct Finding {
+    FindingKind kind;
+    long line;        ///< of the decoded text, from 1; 0 when it belongs to no line
+    std::string text; ///< for people
+};
+
+[[nodiscard]] Severity severityOf(FindingKind kind) noexcept;
+
+/// The findings of one file, which take their texts from one table.
+class Findings {
+public:
+    /// `first` and `second` go where the text of the kind names them.
+    void Add(FindingKind kind, long line, const std::string& first = {},
+             const std::string& second = {});
+    /// By line, those without one last; within a line by severity.
+    void Sort();
+    [[nodiscard]] const std::vector<Finding>& All() const noexcept { return m_findings; }
+    [[nodiscard]] long Count(Severity severity) const noexcept;
+
+private:
+    std::vector<Finding> m_findings;
+};
