@@ -44,10 +44,12 @@ bool looksLikeKey(const std::string& text) noexcept {
 }
 
 // The exact key of which `text` is the variant for lathes or for mills, or null.
-const Key* exactKeyOf(const std::string& text, bool forLathe) {
+const Key* exactKeyOf(const std::string& text, bool forLathe) noexcept {
+    const char* const suffix = forLathe ? kLatheSuffix : "";
     for (const auto& keys : keyTables()) {
         for (const Key& key : keys) {
-            if (key.exact && text == std::string(key.text) + (forLathe ? kLatheSuffix : "")) {
+            if (key.exact && text.starts_with(key.text) &&
+                text.compare(std::strlen(key.text), text.npos, suffix) == 0) {
                 return &key;
             }
         }
