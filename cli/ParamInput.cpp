@@ -49,7 +49,8 @@ FileOwner ParamInput::Open() const noexcept {
 }
 
 CharFeldOwner ParamInput::Lines() const {
-    const FileOwner file = Open();
+    // Opened for reading only, the stream leaves the content alone.
+    const FileOwner file(fmemopen(const_cast<char*>(m_content.data()), m_content.size(), "r"));
     CharFeldOwner lines;
     if (file == nullptr || readFileLines(file.get(), lines) != 0) {
         throw std::bad_alloc();

@@ -71,6 +71,8 @@ int ParamScan::SetParameterFile(const char* name) {
 }
 
 int ParamScan::SetParameterStream(std::FILE* in) {
+    m_lineNumber = 0;
+    m_continuesLine = false;
     m_file.reset(std::tmpfile());
     if (m_file == nullptr) {
         m_ncscan.KeepFailure({.systemError = errno});

@@ -45,7 +45,7 @@ public:
     virtual int run();
     /// Makes a plain temporary copy of the named file, in the current format.
     virtual int SetParameterFile(const char* name);
-    /// The same for the file that `in` holds from its start on; `in` stays open and the caller's.
+    /// The same for an open file that stands at its start; it stays open and the caller's.
     int SetParameterStream(std::FILE* in);
     /// Makes and registers the fourteen modal commands, with the defaults of each group.
     virtual int CreateModalCommands();

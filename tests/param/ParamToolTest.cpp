@@ -89,6 +89,12 @@ TEST_F(ParamTool, GivesTheSameAPTWhetherCodedOrNot) {
     EXPECT_EQ(read("coded"), read("plain"));
 }
 
+TEST_F(ParamTool, UpdatesAFileWithEveryOldKey) {
+    ASSERT_EQ(param("encode-old " UPDATE_DATA "allKeys.old old.pp").status, 0);
+    ASSERT_EQ(param("update old.pp new.pp").status, 0);
+    EXPECT_EQ(shell("cmp new.pp " UPDATE_DATA "allKeys.new").status, 0);
+}
+
 TEST_F(ParamTool, WarnsOfOldFilesThatCannotMove) {
     const char* const warning = "warning: ";
     write("old.txt", kOld);
@@ -283,6 +289,8 @@ TEST_F(ParamTool, PresentsNoCorruptFileAsSuccess) {
             EXPECT_LT(run.err.size(), 2000U) << row.what << ": " << call;
             EXPECT_FALSE(exists("x")) << row.what << ": " << call;
         }
+        const std::string both = param("decode bad x 2>&1").out; // in the order of printing
+        EXPECT_EQ(both.rfind("quillmark-param: "), both.rfind('\n', both.size() - 2) + 1) << both;
         const Run front = shell(QUILLMARK " -p bad -nc part.nc -of part.apt");
         EXPECT_EQ(front.status, row.code & 0xFF) << row.what;
         EXPECT_THAT(front.err, HasSubstr("quillmark: error " + std::to_string(row.code)))
