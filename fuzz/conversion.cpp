@@ -1,0 +1,71 @@
+#include "fuzz/conversion.h"
+
+#include "driver/Controller.h"
+#include "driver/returnCodes.h"
+#include "fuzz/MemoryFile.h"
+#include "softCommon/CErrorUtil/processEnd.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+constexpr int kUndefinedMachineStatus = 99;
+
+struct EndOfRun {};
+
+// A degenerate arc and a parameter file without a machine type are results, not crashes.
+void endRun(void* context, const ProcessEnd& end) {
+    const bool isArc = end.kind == ProcessEnd::Kind::kAssertion &&
+                       std::string_view(end.expression).starts_with("!gmIsZero(");
+    const bool isMachine =
+        end.kind == ProcessEnd::Kind::kExit && end.status == kUndefinedMachineStatus;
+    if (!isArc && !isMachine) {
+        std::abort();
+    }
+    *static_cast<bool*>(context) = true;
+    throw EndOfRun{};
+}
+
+void expect(bool promise, const char* text) {
+    if (!promise) {
+        (void)std::fprintf(stderr, "broken promise: %s\n", text);
+        std::abort();
+    }
+}
+
+// Every line of the output stands in the log, in the same order.
+bool isCopied(std::string_view output, std::string_view log) {
+    while (!output.empty()) {
+        const std::string_view line = output.substr(0, output.find('\n') + 1);
+        const std::size_t found = line.empty() ? std::string_view::npos : log.find(line);
+        if (found == std::string_view::npos) {
+            return false;
+        }
+        output.remove_prefix(line.size());
+        log.remove_prefix(found + line.size());
+    }
+    return true;
+}
+
+} // namespace
+
+void convert(std::string_view parameters, std::string_view program) {
+    static MemoryFile parameterFile;
+    static MemoryFile ncFile;
+    static MemoryFile outputFile;
+    static MemoryFile logFile;
+    parameterFile.write(parameters);
+    ncFile.write(program);
+    bool hasEnded = false;
+    setProcessEndHook(endRun, &hasEnded);
+    const int code = dllentry(parameterFile.path(), ncFile.path(), outputFile.path(),
+                              logFile.path(), eOutputAPT);
+    setProcessEndHook(nullptr, nullptr);
+    expect(code == 0 || findReturnCode(code) != nullptr, "every code is known");
+    expect((code == kInternalError) == hasEnded, "only a process end is an internal error");
+    // The log is complete after an end as well: the hook runs before the statement is begun.
+    expect(code == kDialectUnsupported || isCopied(outputFile.read(), logFile.read()),
+           "the log holds every statement of the output");
+}

@@ -1,0 +1,79 @@
+#include "fuzz/parameterFiles.h"
+
+#include "paramfile/codeOldLine.h"
+#include "paramfile/ppcrypt.h"
+#include "softCommon/CStringUtil/CharFeld.h"
+
+#include <cstdio>
+
+const std::string_view kMill =
+    "##### Header\n#FILE:       UNCODED\n##### Toolmachine Section\n"
+    "MFG_CLASS_NAME\nMILLING_MACHINE\nMFG_INIT_SPINDLE\n0;0.6;0.8\n"
+    "COMMENT_START\n(\nCOMMENT_END\n)\nRECORD_NUMBER\nN\nDECIMAL_POINT_REPRESENTATION\n.\n"
+    "RAPID\nG0\nLINEAR_INTERPOLATION\nG1\nCIRCULAR_INTERPOLATION_RIGHT\nG2\n"
+    "CIRCULAR_INTERPOLATION_LEFT\nG3\nABSOLUTE_ON\nG90\nINCREMENTAL_ON\nG91\n"
+    "FEEDRAT_MMPM\nG94\nFEEDRAT_MMPR\nG95\nSPINDLE_CLOCKWISE\nM3\n"
+    "SPINDLE_COUNTER_CLOCKWISE\nM4\nSPINDLE_STOP\nM5\nCOOLANT_ON\nM8\nCOOLANT_OFF\nM9\n"
+    "PROGRAM_END\nM30\nPROGRAM_STOP\nEND\nFEEDRATE\nF\n1\nM5.3\nSPINDLE_SPEED\nS\n1\nM5.0\n"
+    "1ST_COORDINATE_INCR\nU\n1\nM5.3\n2ND_COORDINATE_INCR\nV\n1\nM5.3\n"
+    "3RD_COORDINATE_INCR\nW\n1\nM5.3\n1ST_COORDINATE\nX\n1\nM5.3\n2ND_COORDINATE\nY\n1\nM5.3\n"
+    "3RD_COORDINATE\nZ\n1\nM5.3\n1ST_CIRCLE_CENTER_COORDINATE\nI\n1\nM5.3\n"
+    "2ND_CIRCLE_CENTER_COORDINATE\nJ\n1\nM5.3\n3RD_CIRCLE_CENTER_COORDINATE\nK\n1\nM5.3\n"
+    "CIRCLE_CENTER_ABS\n0\n";
+
+const std::string_view kLathe =
+    "##### Header\n#FILE:       UNCODED\n##### Toolmachine Section\n"
+    "MFG_CLASS_NAME\nNC_LATHE_MACHINE\nCOMMENT_START\n*\nCOMMENT_END\n*/\nRECORD_NUMBER\nN\n"
+    "RAPID_LATHE\nG0\nLINEAR_INTERPOLATION_LATHE\nG1\nCIRCULAR_INTERPOLATION_RIGHT_LATHE\nG2\n"
+    "CIRCULAR_INTERPOLATION_LEFT\nG3\nABSOLUTE_ON\nG90\nINCREMENTAL_ON\nG91\n"
+    "FEEDRAT_MMPM\nG98\nFEEDRAT_MMPR\nG99\nSPINDLE_CLOCKWISE\nM3\n"
+    "SPINDLE_COUNTER_CLOCKWISE\nM4\nSPINDLE_OFF_LATHE\nM5\nCOOLANT_ON\nM8\nCOOLANT_OFF\nM9\n"
+    "REV_TLCHG_COM\nT\nREV_TLCHG_TLADR\nD\nPROGRAM_END\nM30\n"
+    "ZX_LATHE_X_ASSIGNMENT\n-2*Z\nZX_LATHE_Z_ASSIGNMENT\n+1*X\n"
+    "FEEDRATE\nF\n1\nM5.3\nSPINDLE_SPEED\nS\n1\nM5.0\n1ST_COORDINATE_LATHE\nX\n1\nM5.3\n"
+    "3RD_COORDINATE_LATHE\nZ\n1\nM5.2147483647\n1ST_COORDINATE_INCR_LATHE\nU\n1\nM5.3\n"
+    "1ST_CIRCLE_CENTER_COORDINATE\nI\n1\nM5.3\n3RD_CIRCLE_CENTER_COORDINATE\nK\n1\nM5.3\n"
+    "CIRCLE_CENTER_ABS\n1\n";
+
+namespace {
+
+std::string codeOld(std::string_view plain) {
+    std::string file;
+    for (std::size_t end = 0; !plain.empty(); plain.remove_prefix(end)) {
+        end = plain.find('\n');
+        end = end == std::string_view::npos ? plain.size() : end + 1;
+        const std::string line(plain.substr(0, end).substr(0, plain.find('\n')));
+        OldPhysicalLines physical;
+        if (codeOldLine(line.c_str(), physical) == 0) {
+            file.append(physical.first.data()).append("\n").append(physical.second.data());
+            file.append("\n").append(physical.third.data()).append("\n");
+        }
+    }
+    return file;
+}
+
+std::string codeNew(std::string_view plain) {
+    std::string copy(plain);
+    std::FILE* const in = fmemopen(copy.data(), copy.size(), "r");
+    std::string file;
+    if (in != nullptr) {
+        const CharFeldOwner lines(fp2CharFeld(in));
+        (void)std::fclose(in);
+        (void)ppcrypt(0, lines.get());
+        for (char* const* line = lines.get(); *line != nullptr; ++line) {
+            file.append(*line).append("\n");
+        }
+    }
+    return file;
+}
+
+} // namespace
+
+std::string parameterFileOf(std::string_view input) {
+    constexpr std::string_view kOld = "CODE OLD\n";
+    constexpr std::string_view kNew = "CODE NEW\n";
+    if (input.starts_with(kOld)) {
+        return codeOld(input.substr(kOld.size()));
+    }
+    return input.starts_with(kNew) ? codeNew(input.substr(kNew.size())) : std::string(input);
+}
