@@ -12,6 +12,7 @@
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
 #include "paramfile/fileLines.h"
+#include "paramfile/lineCoder.h"
 #include "paramfile/ppcrypt.h"
 #include "softCommon/CStringUtil/CharFeld.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
@@ -122,6 +123,9 @@ int ParamScan::decode(std::FILE* in, std::FILE* out) {
     for (char** line = lines.get(); *line != nullptr; ++line) {
         std::fprintf(out, "%s\n", *line);
     }
+    if (code == kCoderNoMemory) {
+        return kMemoryExhausted;
+    }
     return code == 0 ? 0 : kDecodeFailed;
 }
 
@@ -137,8 +141,16 @@ int ParamScan::update(std::FILE* in, std::FILE* out) {
         return kUpdateFailed;
     }
     // Both streams share one position, and `in` may have kept its rewinding to its own buffer.
-    std::rewind(own);
-    return updatePP(own, out) == 0 ? 0 : kUpdateFailed;
+    if (std::fseek(own, 0, SEEK_SET) != 0) {
+        m_ncscan.KeepFailure({.systemError = errno});
+        (void)std::fclose(own);
+        return kRewindFailed;
+    }
+    errno = 0;
+    if (updatePP(own, out) == 0) {
+        return 0;
+    }
+    return errno == ENOMEM ? kMemoryExhausted : kUpdateFailed;
 }
 
 int ParamScan::run() {
