@@ -1,0 +1,170 @@
+#include "tests/faults/Fault.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+Fault* g_armed = nullptr;
+
+} // namespace
+
+Fault::Fault(FaultKind kind, long index, std::function<void()> action)
+    : m_kind(kind), m_left(index), m_action(std::move(action)) {
+    g_armed = this;
+}
+
+Fault::~Fault() { g_armed = nullptr; }
+
+bool Fault::isArmed() noexcept { return g_armed != nullptr; }
+
+bool Fault::strikes(FaultKind kind) {
+    if (g_armed == nullptr || g_armed->m_kind != kind || g_armed->m_left-- != 0) {
+        return false;
+    }
+    if (g_armed->m_action) {
+        g_armed->m_action();
+        return false;
+    }
+    constexpr int kReasons[] = {ENOMEM, EMFILE, EIO, ENOSPC, EIO};
+    errno = kReasons[static_cast<int>(kind)];
+    return true;
+}
+
+// The linker sends the calls of every object in the test through these.
+extern "C" {
+void* __real_malloc(std::size_t size);
+void* __wrap_malloc(std::size_t size) {
+    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_malloc(size);
+}
+void* __real_calloc(std::size_t count, std::size_t size);
+void* __wrap_calloc(std::size_t count, std::size_t size) {
+    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_calloc(count, size);
+}
+void* __real_realloc(void* block, std::size_t size);
+void* __wrap_realloc(void* block, std::size_t size) {
+    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_realloc(block, size);
+}
+char* __real_strdup(const char* text);
+char* __wrap_strdup(const char* text) {
+    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_strdup(text);
+}
+char* __real_strndup(const char* text, std::size_t length);
+char* __wrap_strndup(const char* text, std::size_t length) {
+    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_strndup(text, length);
+}
+}
+
+// The other forms of new and delete are defined through these, except under sanitizers, which bring
+// their own.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return __wrap_malloc(size);
+}
+void* operator new(std::size_t size) {
+    if (void* const block = __wrap_malloc(size)) {
+        return block;
+    }
+    throw std::bad_alloc();
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
+}
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
+void operator delete[](void* block) noexcept { std::free(block); }
+void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(block); }
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept { std::free(block); }
+
+namespace {
+
+// A stream whose reads, writes and seeks pass through here.
+struct Tapped {
+    std::FILE* stream; // what its user has; null for a free entry
+    std::FILE* inner;
+    std::array<char, kStreamBuffer> buffer;
+};
+std::array<Tapped, 16> g_tapped{};
+
+int descriptorOf(void* tapped) { return fileno(static_cast<Tapped*>(tapped)->inner); }
+
+ssize_t readTapped(void* tapped, char* bytes, std::size_t size) {
+    return Fault::strikes(FaultKind::kRead) ? -1 : read(descriptorOf(tapped), bytes, size);
+}
+
+// The C library takes 0 for the failure of a write.
+ssize_t writeTapped(void* tapped, const char* bytes, std::size_t size) {
+    return Fault::strikes(FaultKind::kWrite) ? 0 : write(descriptorOf(tapped), bytes, size);
+}
+
+int seekTapped(void* tapped, off64_t* offset, int origin) {
+    if (Fault::strikes(FaultKind::kSeek)) {
+        return -1;
+    }
+    const off64_t position = lseek64(descriptorOf(tapped), *offset, origin);
+    *offset = position;
+    return position < 0 ? -1 : 0;
+}
+
+int closeTapped(void* tapped) {
+    static_cast<Tapped*>(tapped)->stream = nullptr;
+    return std::fclose(static_cast<Tapped*>(tapped)->inner);
+}
+
+extern "C" int __real_setvbuf(std::FILE* stream, char* buffer, int mode, std::size_t size);
+
+std::FILE* tap(std::FILE* inner, const char* mode) {
+    if (inner == nullptr || !Fault::isArmed()) {
+        return inner;
+    }
+    for (Tapped& entry : g_tapped) {
+        if (entry.stream == nullptr) {
+            entry.inner = inner;
+            entry.stream =
+                fopencookie(&entry, mode, {readTapped, writeTapped, seekTapped, closeTapped});
+            (void)__real_setvbuf(entry.stream, entry.buffer.data(), _IOFBF, entry.buffer.size());
+            return entry.stream;
+        }
+    }
+    std::abort();
+}
+
+} // namespace
+
+extern "C" {
+std::FILE* __real_fopen(const char* name, const char* mode);
+std::FILE* __wrap_fopen(const char* name, const char* mode) {
+    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_fopen(name, mode), mode);
+}
+std::FILE* __real_tmpfile();
+std::FILE* __wrap_tmpfile() {
+    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_tmpfile(), "w+");
+}
+std::FILE* __real_fdopen(int descriptor, const char* mode);
+std::FILE* __wrap_fdopen(int descriptor, const char* mode) {
+    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_fdopen(descriptor, mode), mode);
+}
+// A buffer of the library's own would leave few reads and writes to fail.
+int __wrap_setvbuf(std::FILE* stream, char* buffer, int mode, std::size_t size) {
+    return Fault::isArmed() ? 0 : __real_setvbuf(stream, buffer, mode, size);
+}
+int __real_dup(int descriptor);
+int __wrap_dup(int descriptor) {
+    return Fault::strikes(FaultKind::kOpen) ? -1 : __real_dup(descriptor);
+}
+int __real_fileno(std::FILE* stream);
+int __wrap_fileno(std::FILE* stream) {
+    for (const Tapped& entry : g_tapped) {
+        if (entry.stream == stream) {
+            return __real_fileno(entry.inner);
+        }
+    }
+    return __real_fileno(stream);
+}
+}

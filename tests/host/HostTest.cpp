@@ -1,0 +1,158 @@
+#include "include/quillmark.h"
+#include "tests/host/hostNames.h"
+#include "tests/support/Quiet.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/dialects.h"
+
+#include <csignal>
+#include <dirent.h>
+#include <dlfcn.h>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <malloc.h>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/allocator_interface.h>
+#endif
+
+namespace {
+
+// The descriptors in use, the one that lists them included.
+int countDescriptors() {
+    DIR* const folder = opendir("/proc/self/fd");
+    int count = 0;
+    while (readdir(folder) != nullptr) {
+        ++count;
+    }
+    closedir(folder);
+    return count;
+}
+
+std::size_t countBytesInUse() {
+#if defined(__SANITIZE_ADDRESS__)
+    return __sanitizer_get_current_allocated_bytes();
+#else
+    return mallinfo2().uordblks;
+#endif
+}
+
+// A host that works in a folder of its own.
+class Host : public testing::Test {
+protected:
+    Host() { std::filesystem::current_path(m_folder.path()); }
+    ~Host() override { std::filesystem::current_path(m_before); }
+
+    const std::filesystem::path m_before = std::filesystem::current_path();
+    const TempFolder m_folder;
+};
+
+struct Job {
+    std::string dialect;
+    std::string program;
+    int code;
+    std::string apt;
+};
+
+// Dialects and failures of every sort, in turn.
+std::vector<Job> jobs(const TempFolder& folder) {
+    folder.write("mill.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}));
+    folder.write("lathe.pp", lathe({{"ZX_LATHE_X_ASSIGNMENT", "-2"}}));
+    folder.write("bare.pp", dialectOf({{"1ST_COORDINATE", "X\n1\nM5.3"}}));
+    folder.write("cut.pp", std::string(kHeader) + "RAPID\n");
+    folder.write("coded.pp", "##### Header\n##### Toolmachine Section\nnot coded\n");
+    folder.write("old.pp", "*5XGABEL 0\n");
+    folder.write("part.nc", "G91 G1 X1500 F6 M3 S5 (text)\nT7 M6\nM30\n");
+    return {
+        {"mill.pp", "part.nc", 0, ""},    {"lathe.pp", "part.nc", 0, ""},
+        {"bare.pp", "part.nc", 0, ""},    {"cut.pp", "part.nc", 302, ""},
+        {"coded.pp", "part.nc", 307, ""}, {"old.pp", "part.nc", 306, ""},
+        {"mill.pp", "missing", 200, ""},  {"missing", "part.nc", 301, ""},
+    };
+}
+
+int convert(const Job& job) {
+    const Quiet quiet;
+    // File systems wait for the disk when a file is truncated and written again.
+    (void)std::remove("part.apt");
+    (void)std::remove("part.log");
+    return dllentry(job.dialect.c_str(), job.program.c_str(), "part.apt", "part.log", eOutputAPT);
+}
+
+TEST_F(Host, ConvertsTenThousandTimesWithoutATrace) {
+    constexpr int kConversions = 10000;
+    std::vector<Job> all = jobs(m_folder);
+    for (Job& job : all) {
+        EXPECT_EQ(convert(job), job.code) << job.dialect;
+        job.apt = m_folder.read("part.apt");
+    }
+    EXPECT_NE(all[0].apt, all[1].apt);
+    EXPECT_NE(all[0].apt, all[2].apt);
+    const int descriptors = countDescriptors();
+    const std::size_t bytes = countBytesInUse();
+    for (int i = 0; i < kConversions; ++i) {
+        const Job& job = all[static_cast<std::size_t>(i) % all.size()];
+        ASSERT_EQ(convert(job), job.code) << job.dialect;
+        ASSERT_EQ(m_folder.read("part.apt"), job.apt) << job.dialect;
+    }
+    // A byte lost per conversion would be sixteen in the heap; the rest is its own bookkeeping.
+    EXPECT_LT(countBytesInUse(), bytes + kConversions);
+    EXPECT_EQ(countDescriptors(), descriptors);
+}
+
+void handleSignal(int /*signal*/) {}
+
+TEST_F(Host, KeepsItsFolderMaskAndSignals) {
+    constexpr int kSignals[] = {SIGINT,  SIGABRT, SIGFPE,  SIGSEGV, SIGBUS,
+                                SIGPIPE, SIGXFSZ, SIGCHLD, SIGALRM, SIGUSR1};
+    const mode_t mask = umask(0027);
+    std::vector<struct sigaction> before(std::size(kSignals));
+    struct sigaction own {};
+    own.sa_handler = handleSignal;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        sigaction(kSignals[i], &own, &before[i]);
+    }
+    sigset_t blocked;
+    sigset_t blockedBefore;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGUSR2);
+    sigprocmask(SIG_SETMASK, &blocked, &blockedBefore);
+
+    for (const Job& job : jobs(m_folder)) {
+        EXPECT_EQ(convert(job), job.code) << job.dialect;
+    }
+
+    sigset_t blockedAfter;
+    sigprocmask(SIG_SETMASK, &blockedBefore, &blockedAfter);
+    for (int signal = 1; signal < SIGRTMIN; ++signal) {
+        EXPECT_EQ(sigismember(&blockedAfter, signal), sigismember(&blocked, signal)) << signal;
+    }
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        struct sigaction after {};
+        sigaction(kSignals[i], &before[i], &after);
+        EXPECT_EQ(after.sa_handler, handleSignal) << kSignals[i];
+    }
+    EXPECT_EQ(umask(mask), 0027U);
+    struct stat output {};
+    EXPECT_EQ(stat("part.apt", &output), 0);
+    EXPECT_EQ(output.st_mode & 0777U, 0640U);
+    EXPECT_EQ(std::filesystem::current_path(), m_folder.path());
+}
+
+TEST_F(Host, MayUseTheNamesOfTheLibrary) {
+    g_hostCalls = 0;
+    for (const Job& job : jobs(m_folder)) {
+        EXPECT_EQ(convert(job), job.code) << job.dialect;
+    }
+    EXPECT_EQ(g_hostCalls, 0);
+    // The names stand where the loader looks first: a library that asked would get the host's.
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "vxveh"), nullptr);
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "_Z7stricmpPKcS0_"), nullptr);
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "_ZTV10Controller"), nullptr);
+}
+
+} // namespace
