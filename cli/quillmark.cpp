@@ -26,41 +26,52 @@ bool printsInformation(const char* argument, const Controller& controller) {
     return false;
 }
 
-// Tells where the program stands before the process ends in the middle of a conversion.
-void reportStoppedBlock(void* context, const ProcessEnd& /*end*/) {
-    const auto& controller = *static_cast<const Controller*>(context);
-    if (controller.BlockNumber() > 0) {
-        std::fprintf(stderr, "quillmark: stopped at block %ld: %s\n", controller.BlockNumber(),
-                     controller.BlockText());
-    }
-}
-
-void reportFailure(const Controller& controller, int code, int argc, char** argv) {
+// The names that the command line gives.
+ConversionFiles namedFiles(const Controller& controller, int argc, char** argv) {
     char* parameter = nullptr;
     char* nc = nullptr;
     char* log = nullptr;
     char* output = nullptr;
     eOutputType type = eOutputAPT;
     (void)controller.ScanParameters(argc, argv, parameter, nc, log, output, type);
-    const ConversionFiles files{parameter, nc, output, log};
-    printErrorLine(stderr, "quillmark", code, files, controller.LastFailure());
+    return {parameter, nc, output, log};
+}
+
+struct Run {
+    Controller controller;
+    ConversionFiles files;
+};
+
+// Tells where the program stands before the process ends in the middle of a conversion.
+void reportProcessEnd(void* context, const ProcessEnd& /*end*/) {
+    const auto& run = *static_cast<const Run*>(context);
+    printStoppedBlock(stderr, run.controller, run.files);
+}
+
+void reportFailure(const Run& run, int code) {
+    printErrorLine(stderr, "quillmark", code, run.files, run.controller.LastFailure());
+    // When output or log could not be written, no block is to blame: every one was converted.
+    if (code != kOutputFileUnwritable && code != kLogFileUnwritable) {
+        printStoppedBlock(stderr, run.controller, run.files);
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv, char** envp) {
     occupyStandardDescriptors();
-    Controller controller;
-    if (argc == 2 && printsInformation(argv[1], controller)) {
+    Run run;
+    if (argc == 2 && printsInformation(argv[1], run.controller)) {
         return std::fflush(stdout) == 0 ? 0 : 1;
     }
-    setProcessEndHook(reportStoppedBlock, &controller);
-    const int code = controller.run(argc, argv, envp);
+    run.files = namedFiles(run.controller, argc, argv);
+    setProcessEndHook(reportProcessEnd, &run);
+    const int code = run.controller.run(argc, argv, envp);
     // After the code for an incomplete command line the usage text stands alone.
     if (code != 0 && code != kCommandLineIncomplete) {
-        reportFailure(controller, code, argc, argv);
+        reportFailure(run, code);
     }
-    if (code == 0 && !configuresMovement(controller)) {
+    if (code == 0 && !configuresMovement(run.controller)) {
         std::fprintf(stderr, "quillmark: warning: %s\n", kNoMovementCommand);
     }
     return code;

@@ -1,3 +1,4 @@
+#include "cli/errorLine.h"
 #include "driver/Controller.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codeOldLine.h"
@@ -9,6 +10,7 @@
 #include "tests/support/dialects.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -232,6 +234,32 @@ TEST_F(Faults, OfInputsThatChangeGiveWhatWasRead) {
         }
         rewrite(whole);
     }
+}
+
+// What a user finds after a program that could not be read to its end.
+TEST_F(Faults, LeaveTheOutputUpToTheBlockThatIsNamed) {
+    const std::string begin = "G1 X1.\nX2.\n";
+    m_folder.write("part.nc", begin);
+    const std::string expected = converted(m_plain).apt;
+    m_folder.write("part.nc", begin + "(" + std::string(kStreamBuffer, 'c') + ")\nX3.\n");
+    Controller controller;
+    int code = 0;
+    for (long call = 0; controller.BlockNumber() == 0; ++call) {
+        const Fault fault(FaultKind::kRead, call);
+        code = controller.execute(m_plain.c_str(), m_program.c_str(), m_apt.c_str(), nullptr,
+                                  eOutputAPT);
+    }
+    std::array<char, 1000> said{};
+    std::FILE* const stream = fmemopen(said.data(), said.size(), "w");
+    const ConversionFiles files{"mill.pp", "part.nc", "part.apt", nullptr};
+    printErrorLine(stream, code, files, controller.LastFailure());
+    printStoppedBlock(stream, controller, files);
+    (void)std::fclose(stream);
+    EXPECT_STREQ(said.data(),
+                 "quillmark: error 200: cannot read NC file 'part.nc': Input/output error\n"
+                 "quillmark: stopped at block 2: X2.\n"
+                 "quillmark: the output written so far stays in 'part.apt'\n");
+    EXPECT_EQ(outputs().apt, expected);
 }
 
 // Folders that are read-only refuse nobody who is root; these refuse everybody.
