@@ -37,43 +37,34 @@ bool Fault::strikes(FaultKind kind) {
     return true;
 }
 
-// The linker sends the calls of every object in the test through these.
-extern "C" {
-void* __real_malloc(std::size_t size);
-void* __wrap_malloc(std::size_t size) {
-    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_malloc(size);
-}
-void* __real_calloc(std::size_t count, std::size_t size);
-void* __wrap_calloc(std::size_t count, std::size_t size) {
-    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_calloc(count, size);
-}
-void* __real_realloc(void* block, std::size_t size);
-void* __wrap_realloc(void* block, std::size_t size) {
-    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_realloc(block, size);
-}
-char* __real_strdup(const char* text);
-char* __wrap_strdup(const char* text) {
-    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_strdup(text);
-}
-char* __real_strndup(const char* text, std::size_t length);
-char* __wrap_strndup(const char* text, std::size_t length) {
-    return Fault::strikes(FaultKind::kMemory) ? nullptr : __real_strndup(text, length);
-}
-}
+// The linker sends the calls of every object in the test to __wrap_NAME; __real_NAME is the C
+// library's.
+#define MAY_FAIL(kind, failure, result, name, parameters, otherwise)                               \
+    extern "C" result __real_##name parameters;                                                    \
+    extern "C" result __wrap_##name parameters {                                                   \
+        return Fault::strikes(kind) ? failure : otherwise;                                         \
+    }
 
-// The other forms of new and delete are defined through these, except under sanitizers, which bring
-// their own.
+MAY_FAIL(FaultKind::kMemory, nullptr, void*, malloc, (std::size_t size), __real_malloc(size))
+MAY_FAIL(FaultKind::kMemory, nullptr, void*, calloc, (std::size_t n, std::size_t size),
+         __real_calloc(n, size))
+MAY_FAIL(FaultKind::kMemory, nullptr, void*, realloc, (void* old, std::size_t size),
+         __real_realloc(old, size))
+MAY_FAIL(FaultKind::kMemory, nullptr, char*, strdup, (const char* text), __real_strdup(text))
+MAY_FAIL(FaultKind::kMemory, nullptr, char*, strndup, (const char* text, std::size_t n),
+         __real_strndup(text, n))
+MAY_FAIL(FaultKind::kOpen, -1, int, dup, (int descriptor), __real_dup(descriptor))
+
+// Sanitizers bring all forms of new and delete, so all have to be replaced.
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     return __wrap_malloc(size);
 }
 void* operator new(std::size_t size) {
-    if (void* const block = __wrap_malloc(size)) {
-        return block;
-    }
-    throw std::bad_alloc();
+    void* const block = __wrap_malloc(size);
+    return block != nullptr ? block : throw std::bad_alloc();
 }
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
-    return operator new(size, tag);
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return __wrap_malloc(size);
 }
 void* operator new[](std::size_t size) { return operator new(size); }
 void operator delete(void* block) noexcept { std::free(block); }
@@ -137,26 +128,16 @@ std::FILE* tap(std::FILE* inner, const char* mode) {
 
 } // namespace
 
+MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, fopen, (const char* name, const char* mode),
+         tap(__real_fopen(name, mode), mode))
+MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, fdopen, (int descriptor, const char* mode),
+         tap(__real_fdopen(descriptor, mode), mode))
+MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, tmpfile, (), tap(__real_tmpfile(), "w+"))
+
 extern "C" {
-std::FILE* __real_fopen(const char* name, const char* mode);
-std::FILE* __wrap_fopen(const char* name, const char* mode) {
-    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_fopen(name, mode), mode);
-}
-std::FILE* __real_tmpfile();
-std::FILE* __wrap_tmpfile() {
-    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_tmpfile(), "w+");
-}
-std::FILE* __real_fdopen(int descriptor, const char* mode);
-std::FILE* __wrap_fdopen(int descriptor, const char* mode) {
-    return Fault::strikes(FaultKind::kOpen) ? nullptr : tap(__real_fdopen(descriptor, mode), mode);
-}
 // A buffer of the library's own would leave few reads and writes to fail.
 int __wrap_setvbuf(std::FILE* stream, char* buffer, int mode, std::size_t size) {
     return Fault::isArmed() ? 0 : __real_setvbuf(stream, buffer, mode, size);
-}
-int __real_dup(int descriptor);
-int __wrap_dup(int descriptor) {
-    return Fault::strikes(FaultKind::kOpen) ? -1 : __real_dup(descriptor);
 }
 int __real_fileno(std::FILE* stream);
 int __wrap_fileno(std::FILE* stream) {

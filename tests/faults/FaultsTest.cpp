@@ -190,8 +190,9 @@ TEST_F(Faults, AFullDiskLeavesTheBeginningOfTheFilesAndACode) {
 
 TEST_F(Faults, WithoutDescriptorsGiveTheCodeOfTheFile) {
     const Outputs expected = converted(m_old);
-    const int next = dup(STDOUT_FILENO); // the lowest free number
-    close(next);
+    // What the test inherited would leave gaps in the numbers.
+    const int next = STDERR_FILENO + 1;
+    EXPECT_EQ(close_range(next, ~0U, 0), 0);
     std::vector<int> codes;
     do {
         // Quiet takes two and needs a third to begin with.

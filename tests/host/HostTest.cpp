@@ -150,7 +150,7 @@ TEST_F(Host, MayUseTheNamesOfTheLibrary) {
     }
     EXPECT_EQ(g_hostCalls, 0);
     // The names stand where the loader looks first: a library that asked would get the host's.
-    EXPECT_NE(dlsym(RTLD_DEFAULT, "vxveh"), nullptr);
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "errorFile"), nullptr);
     EXPECT_NE(dlsym(RTLD_DEFAULT, "_Z7stricmpPKcS0_"), nullptr);
     EXPECT_NE(dlsym(RTLD_DEFAULT, "_ZTV10Controller"), nullptr);
 }

@@ -15,17 +15,9 @@ int g_hostCalls = 0;
 HOST_FUNCTION(int stricmp(const char* /*left*/, const char* /*right*/), 1)
 HOST_FUNCTION(void string_mani(int /*code*/, char* /*string*/), )
 HOST_FUNCTION(int dbinit(), 1)
-HOST_FUNCTION(void dbexit(), )
 HOST_FUNCTION(void fehler(int /*number*/), )
-HOST_FUNCTION(double readReal(const char* /*text*/), 7.5)
 HOST_FUNCTION(double powerOfTen(long /*exponent*/), 2.0)
 HOST_FUNCTION(char** freeCharFeld(char** /*array*/), nullptr)
-HOST_FUNCTION(int ppcrypt(int /*option*/, char** /*lines*/), 1)
-
-extern "C" {
-HOST_FUNCTION(int vxveh(int /*activity*/), 1)
-HOST_FUNCTION(char* vstrcat(const char* /*first*/), nullptr)
-}
 
 char errorFile[3] = "no";
 char stddbg[3] = "no";
@@ -33,12 +25,10 @@ double severityLevel = 99.5;
 
 class Command {
 public:
-    Command() noexcept;
+    Command() noexcept { ++g_hostCalls; }
     virtual ~Command();
     virtual int scanNC(char* line);
-    char m_more[512] = "the host's";
 };
-Command::Command() noexcept { ++g_hostCalls; }
 Command::~Command() { ++g_hostCalls; }
 int Command::scanNC(char* /*line*/) { return ++g_hostCalls; }
 
