@@ -55,15 +55,14 @@ TEST(Differential, NumbersAreReadAsTheCLibraryReadsThem) {
         const std::string fraction = randomDigits(random);
         const int sign = below(random, 2) == 0 ? 1 : -1;
         const std::string text = integer + "." + fraction + "X";
-        const DigitRun whole = readDigits(text.c_str());
-        const DigitRun part = readDigits(text.c_str() + integer.size() + 1);
-        const double value = ncNumber(sign, whole, part);
+        const auto [value, end] = readNumber(text.c_str(), sign, '.');
+        ASSERT_STREQ(end, "X") << text;
         const double expected = referenceNumber(sign, integer, fraction);
         ASSERT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected))
             << sign << " " << text << " gives " << value << ", not " << expected;
         const long clamped = std::min<long>(std::strtol(integer.c_str(), nullptr, 10),
                                             std::numeric_limits<std::int32_t>::max());
-        ASSERT_EQ(clampedInteger(whole), clamped) << text;
+        ASSERT_EQ(readCommandNumber(text.c_str()), clamped) << text;
     }
 }
 

@@ -253,7 +253,7 @@ TEST_F(Faults, LeaveTheOutputUpToTheBlockThatIsNamed) {
     std::array<char, 1000> said{};
     std::FILE* const stream = fmemopen(said.data(), said.size(), "w");
     const ConversionFiles files{"mill.pp", "part.nc", "part.apt", nullptr};
-    printErrorLine(stream, code, files, controller.LastFailure());
+    printErrorLine(stream, "quillmark", code, files, controller.LastFailure());
     printStoppedBlock(stream, controller, files);
     (void)std::fclose(stream);
     EXPECT_STREQ(said.data(),
