@@ -1,6 +1,8 @@
 #include "driver/NCScan.h"
 
+#include "commands/CircularMovement.h"
 #include "driver/fileIdentity.h"
+#include "driver/lastLineHoldsNul.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CStringUtil/string_mani.h"
 
@@ -14,7 +16,9 @@ void NCScan::BeginConversion() {
     m_model.emplace();
     m_blockNumber = 0;
     m_continuesLine = false;
+    m_block[0] = '\0';
     m_blockText[0] = '\0';
+    m_report = {};
     m_failure = {};
 }
 
@@ -59,7 +63,8 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
         return kOutputTypeUnsupported;
     }
     if (m_outputFile.get() != nullptr) {
-        m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get());
+        m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get(),
+                                                 &m_report.Statements());
     }
     return result;
 }
@@ -120,47 +125,63 @@ int NCScan::runBlocks() {
         return kNCFileUnreadable;
     }
     CommandIndex commands(m_model->commands);
-    Block block;
     while (std::feof(file) == 0) {
         // A line that does not fit is read in pieces, each a block of its own. Only a full piece
         // has its end in the last byte.
-        block.back() = '\n';
-        if (fgets_unlocked(block.data(), static_cast<int>(block.size()), file) == nullptr) {
+        m_block.back() = '\n';
+        if (fgets_unlocked(m_block.data(), static_cast<int>(m_block.size()), file) == nullptr) {
             if (std::ferror(file) != 0) {
                 KeepFailure({.systemError = errno});
                 return kNCFileUnreadable;
             }
             continue;
         }
-        beginBlock(block);
-        if (const int code = convertBlock(block.data(), commands); code != 0) {
+        beginBlock();
+        if (const int code = convertBlock(commands); code != 0) {
             return code;
         }
     }
     return 0;
 }
 
-void NCScan::beginBlock(Block& block) noexcept {
+void NCScan::beginBlock() noexcept {
+    char* const block = m_block.data();
     if (!m_continuesLine) {
         ++m_blockNumber;
+    } else {
+        m_report.NoteFurtherPiece(m_blockNumber, *block == '\n' || *block == '\r');
     }
-    m_continuesLine = block.back() == '\0' && block[block.size() - 2] != '\n';
-    m_blockLength = trimText(block.data());
-    std::memcpy(m_blockText.data(), block.data(), m_blockLength + 1);
+    const bool isFull = m_block.back() == '\0';
+    m_continuesLine = isFull && m_block[kBlockSize - 2] != '\n';
+    bool holdsNul = isFull && std::strlen(block) < kBlockSize - 1;
+    bool hasNewline = false;
+    m_blockLength = trimText(block, hasNewline);
+    if (!hasNewline && !isFull) {
+        // The text ends at a NUL byte, if not with the file.
+        holdsNul = std::feof(m_ncFile.get()) == 0 || lastLineHoldsNul(m_ncFile.get());
+    }
+    if (holdsNul) {
+        m_report.Note(Oddity::kNulByte, m_blockNumber);
+    }
+    std::memcpy(m_blockText.data(), block, m_blockLength + 1);
     if (std::FILE* const log = m_logFile.get()) {
         (void)putc_unlocked('\n', log);
-        (void)fwrite_unlocked(block.data(), 1, m_blockLength, log);
+        (void)fwrite_unlocked(block, 1, m_blockLength, log);
         (void)putc_unlocked('\n', log);
     }
 }
 
-int NCScan::convertBlock(char* block, CommandIndex& commands) {
+int NCScan::convertBlock(CommandIndex& commands) {
+    char* const block = m_block.data();
     MachineStatus& status = m_model->status;
     if (const int code = status.GetRecordNumber()->DeleteRecordNumber(block); code != 0) {
         return code;
     }
     if (const int code = status.GetComment()->KillComments(block); code != 0) {
         return code;
+    }
+    if (status.GetComment()->WasUnterminated()) {
+        m_report.Note(Oddity::kOpenComment, m_blockNumber);
     }
     if (std::strlen(block) != m_blockLength) {
         string_mani(3, block);
@@ -174,5 +195,41 @@ int NCScan::convertBlock(char* block, CommandIndex& commands) {
         }
         return *block == '\0' ? 0 : command.scanNC(block);
     });
-    return code != 0 ? code : status.scanNC(block);
+    return code != 0 ? code : computeBlock(block);
+}
+
+int NCScan::computeBlock(char* block) {
+    MachineStatus& status = m_model->status;
+    const StatementCounts& statements = m_report.Statements();
+    const long motions = statements.Motions();
+    const long droppedArcs = statements.Of(StatementKind::kDroppedArc);
+    const int code = status.scanNC(block);
+    if (*block != '\0') {
+        m_report.NoteRest(m_blockNumber, BlockText(), block, *status.GetDecimalSeparator(),
+                          statements.Motions() != motions);
+    }
+    if (statements.Of(StatementKind::kDroppedArc) != droppedArcs) {
+        m_report.Note(Oddity::kDroppedArc, m_blockNumber);
+        warnIfArcWithoutCentre();
+    }
+    return code;
+}
+
+// The centre of such an arc is its start, so the arc is dropped or ends the process: no other block
+// needs the question.
+void NCScan::warnIfArcWithoutCentre() noexcept {
+    const Command* const active = m_model->status.GetMovementCom()->GetActiveCommand();
+    const auto* const arc = dynamic_cast<const CircularMovement*>(active);
+    if (arc != nullptr && !arc->HasCentreWord()) {
+        m_report.WarnOfArc(m_blockNumber, BlockText());
+    }
+}
+
+void NCScan::ReportFatalArc() noexcept {
+    if (m_blockNumber == 0) {
+        return;
+    }
+    warnIfArcWithoutCentre();
+    m_report.WarnOfGWord(m_blockNumber, BlockText(), m_block.data(),
+                         *m_model->status.GetDecimalSeparator());
 }

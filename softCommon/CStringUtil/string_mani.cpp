@@ -55,14 +55,23 @@ void moveToFrontAndCut(char* string) noexcept {
 } // namespace
 
 std::size_t trimText(char* string) noexcept {
+    bool hasNewline = false;
+    return trimText(string, hasNewline);
+}
+
+std::size_t trimText(char* string, bool& hasNewline) noexcept {
     const char* const text = string + countLeadingBlanks(string);
     std::size_t length = std::strlen(text);
     // Two plain searches are faster than one for either byte, and every block is trimmed.
-    for (const char lineEnd : {'\n', '\r'}) {
-        if (const void* const cut = std::memchr(text, lineEnd, length)) {
+    const auto cutAt = [&](char lineEnd) {
+        const void* const cut = std::memchr(text, lineEnd, length);
+        if (cut != nullptr) {
             length = static_cast<std::size_t>(static_cast<const char*>(cut) - text);
         }
-    }
+        return cut != nullptr;
+    };
+    hasNewline = cutAt('\n');
+    cutAt('\r');
     if (text != string) {
         std::memmove(string, text, length);
     }

@@ -18,3 +18,6 @@ void string_mani(int code, char* string) noexcept;
 
 /// Operation 3 of string_mani, which also tells the length of what is left.
 std::size_t trimText(char* string) noexcept;
+
+/// The same; `hasNewline` becomes true when a newline stood in the text, else false.
+std::size_t trimText(char* string, bool& hasNewline) noexcept;
