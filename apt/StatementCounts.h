@@ -19,19 +19,30 @@ enum class StatementKind : std::size_t {
     kCount
 };
 
-/// How often each kind was written in one conversion.
+/// How often each kind was written in one conversion, and which ones in the block at hand.
 class StatementCounts {
 public:
-    void Count(StatementKind kind) noexcept { ++m_counts[static_cast<std::size_t>(kind)]; }
+    void BeginBlock() noexcept { m_kindsOfBlock = 0; }
+    void Count(StatementKind kind) noexcept {
+        ++m_counts[static_cast<std::size_t>(kind)];
+        m_kindsOfBlock |= bitOf(kind);
+    }
     [[nodiscard]] long Of(StatementKind kind) const noexcept {
         return m_counts[static_cast<std::size_t>(kind)];
     }
-    /// Moves and arcs that were written.
-    [[nodiscard]] long Motions() const noexcept {
-        return Of(StatementKind::kRapidMove) + Of(StatementKind::kFeedMove) +
-               Of(StatementKind::kArc);
+    [[nodiscard]] bool BlockHas(StatementKind kind) const noexcept {
+        return (m_kindsOfBlock & bitOf(kind)) != 0;
+    }
+    [[nodiscard]] bool BlockMoves() const noexcept {
+        return BlockHas(StatementKind::kRapidMove) || BlockHas(StatementKind::kFeedMove) ||
+               BlockHas(StatementKind::kArc);
     }
 
 private:
+    [[nodiscard]] static constexpr unsigned bitOf(StatementKind kind) noexcept {
+        return 1U << static_cast<unsigned>(kind);
+    }
+
     std::array<long, static_cast<std::size_t>(StatementKind::kCount)> m_counts = {};
+    unsigned m_kindsOfBlock = 0;
 };

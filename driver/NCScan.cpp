@@ -153,22 +153,27 @@ void NCScan::beginBlock() noexcept {
     }
     const bool isFull = m_block.back() == '\0';
     m_continuesLine = isFull && m_block[kBlockSize - 2] != '\n';
-    bool holdsNul = isFull && std::strlen(block) < kBlockSize - 1;
-    bool hasNewline = false;
-    m_blockLength = trimText(block, hasNewline);
-    if (!hasNewline && !isFull) {
-        // The text ends at a NUL byte, if not with the file.
-        holdsNul = std::feof(m_ncFile.get()) == 0 || lastLineHoldsNul(m_ncFile.get());
-    }
-    if (holdsNul) {
+    const std::size_t length = std::strlen(block);
+    const bool hasNewline = length > 0 && block[length - 1] == '\n';
+    if (!hasNewline && endsAtNul(length, isFull)) {
         m_report.Note(Oddity::kNulByte, m_blockNumber);
     }
+    m_blockLength = trimText(block, hasNewline ? length - 1 : length);
     std::memcpy(m_blockText.data(), block, m_blockLength + 1);
     if (std::FILE* const log = m_logFile.get()) {
         (void)putc_unlocked('\n', log);
         (void)fwrite_unlocked(block, 1, m_blockLength, log);
         (void)putc_unlocked('\n', log);
     }
+}
+
+// Only a full piece and the last line of the file have no newline and no NUL byte either.
+bool NCScan::endsAtNul(std::size_t length, bool isFull) const noexcept {
+    if (isFull) {
+        return length < kBlockSize - 1;
+    }
+    std::FILE* const file = m_ncFile.get();
+    return std::feof(file) == 0 || lastLineHoldsNul(file);
 }
 
 int NCScan::convertBlock(CommandIndex& commands) {
@@ -200,15 +205,14 @@ int NCScan::convertBlock(CommandIndex& commands) {
 
 int NCScan::computeBlock(char* block) {
     MachineStatus& status = m_model->status;
-    const StatementCounts& statements = m_report.Statements();
-    const long motions = statements.Motions();
-    const long droppedArcs = statements.Of(StatementKind::kDroppedArc);
+    StatementCounts& statements = m_report.Statements();
+    statements.BeginBlock();
     const int code = status.scanNC(block);
     if (*block != '\0') {
         m_report.NoteRest(m_blockNumber, BlockText(), block, *status.GetDecimalSeparator(),
-                          statements.Motions() != motions);
+                          statements.BlockMoves());
     }
-    if (statements.Of(StatementKind::kDroppedArc) != droppedArcs) {
+    if (statements.BlockHas(StatementKind::kDroppedArc)) {
         m_report.Note(Oddity::kDroppedArc, m_blockNumber);
         warnIfArcWithoutCentre();
     }

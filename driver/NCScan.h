@@ -93,6 +93,7 @@ private:
     int openLog(const char* name) noexcept;
     int runBlocks();
     void beginBlock() noexcept;
+    [[nodiscard]] bool endsAtNul(std::size_t length, bool isFull) const noexcept;
     int convertBlock(CommandIndex& commands);
     int computeBlock(char* block);
     void warnIfArcWithoutCentre() noexcept;

@@ -19,5 +19,5 @@ void string_mani(int code, char* string) noexcept;
 /// Operation 3 of string_mani, which also tells the length of what is left.
 std::size_t trimText(char* string) noexcept;
 
-/// The same; `hasNewline` becomes true when a newline stood in the text, else false.
-std::size_t trimText(char* string, bool& hasNewline) noexcept;
+/// The same for the first `length` bytes of `string`, none of which is a newline.
+std::size_t trimText(char* string, std::size_t length) noexcept;
