@@ -75,7 +75,7 @@ public:
                 printErrorLine(stderr, code, m_result.files, m_controller.LastFailure());
             }
         }
-        if (!writeReportFile() && m_result.exitStatus == 0) {
+        if (!writeReportFile() && code == 0) {
             m_result.exitStatus = kExitUsage;
         }
         return *m_result.exitStatus;

@@ -158,8 +158,10 @@ TEST_F(BadInput, EndsTheProcessAtAnArcWithoutADirection) {
     const ProgramResult result = run({"a.pp", "a.nc", "o", "l"});
     EXPECT_EQ(result.status, -SIGABRT);
     EXPECT_THAT(result.err,
-                testing::StartsWith("quillmark: stopped at block 3: N30 G2 X5 (no "
-                                    "centre)\nquillmark: apt/AResCircularMovement.cpp:"));
+                testing::StartsWith("quillmark: warning: line 3: arc without a centre word: "
+                                    "N30 G2 X5 (no centre)\n"
+                                    "quillmark: stopped at block 3: N30 G2 X5 (no centre)\n"
+                                    "quillmark: apt/AResCircularMovement.cpp:"));
     EXPECT_THAT(result.err, testing::EndsWith("Assertion `!gmIsZero(len)' failed.\n"));
     EXPECT_EQ(m_folder.read("o"), goTo(1, 0, 0));
     EXPECT_EQ(m_folder.read("l"), std::string(kLogHead) + "\nG1 X1\n" + goTo(1, 0, 0) +
