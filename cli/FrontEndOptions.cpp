@@ -45,11 +45,12 @@ bool readSwitch(std::string_view argument, FrontEndOptions& options) noexcept {
 
 FrontEndOptions readFrontEndOptions(int argc, char** argv) {
     FrontEndOptions options;
-    for (int i = 0; i < argc; ++i) {
+    if (argc > 0) {
+        options.arguments.push_back(argv[0]);
+    }
+    for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        if (i == 0) {
-            options.arguments.push_back(argv[i]);
-        } else if (Controller::TakesValue(argv[i])) {
+        if (Controller::TakesValue(argv[i])) {
             options.arguments.push_back(argv[i]);
             if (i + 1 < argc) {
                 options.arguments.push_back(argv[++i]);

@@ -54,14 +54,8 @@ void moveToFrontAndCut(char* string) noexcept {
 
 } // namespace
 
-std::size_t trimText(char* string) noexcept {
-    // Two plain searches are faster than one for either byte, and every block is trimmed.
-    const std::size_t length = std::strlen(string);
-    const void* const newline = std::memchr(string, '\n', length);
-    return trimText(string, newline == nullptr ? length
-                                               : static_cast<std::size_t>(
-                                                     static_cast<const char*>(newline) - string));
-}
+// Two searches for one byte each are faster than one for either, and every block is trimmed.
+std::size_t trimText(char* string) noexcept { return trimText(string, std::strcspn(string, "\n")); }
 
 std::size_t trimText(char* string, std::size_t length) noexcept {
     std::size_t blanks = 0;
