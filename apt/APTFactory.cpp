@@ -14,27 +14,33 @@
 // Raw pointers on purpose: the caller owns what the described interface hands out.
 
 ResLinearMovement* APTFactory::GetLinearCom() {
-    return new (std::nothrow) AResLinearMovement(m_output, m_log);
+    return new (std::nothrow) AResLinearMovement(m_output, m_log, m_counts);
 }
 
 ResCircularMovement* APTFactory::GetCirculCom() {
-    return new (std::nothrow) AResCircularMovement(m_output, m_log);
+    return new (std::nothrow) AResCircularMovement(m_output, m_log, m_counts);
 }
 
-ResCoolant* APTFactory::GetCoolanCom() { return new (std::nothrow) AResCoolant(m_output, m_log); }
+ResCoolant* APTFactory::GetCoolanCom() {
+    return new (std::nothrow) AResCoolant(m_output, m_log, m_counts);
+}
 
-ResSpindle* APTFactory::GetSpindlCom() { return new (std::nothrow) AResSpindle(m_output, m_log); }
+ResSpindle* APTFactory::GetSpindlCom() {
+    return new (std::nothrow) AResSpindle(m_output, m_log, m_counts);
+}
 
-ResFeedRate* APTFactory::GetFeedRaCom() { return new (std::nothrow) AResFeedRate(m_output, m_log); }
+ResFeedRate* APTFactory::GetFeedRaCom() {
+    return new (std::nothrow) AResFeedRate(m_output, m_log, m_counts);
+}
 
 ResMovTypeCom* APTFactory::GetMovTypCom() {
-    return new (std::nothrow) AResMovTypeCom(m_output, m_log);
+    return new (std::nothrow) AResMovTypeCom(m_output, m_log, m_counts);
 }
 
 ResRegularCommand* APTFactory::GetRegulaCom() {
-    return new (std::nothrow) AResRegularCommand(m_output, m_log);
+    return new (std::nothrow) AResRegularCommand(m_output, m_log, m_counts);
 }
 
 ResEndCommand* APTFactory::GetEndCom() {
-    return new (std::nothrow) AResEndCommand(m_output, m_log);
+    return new (std::nothrow) AResEndCommand(m_output, m_log, m_counts);
 }

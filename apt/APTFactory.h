@@ -1,11 +1,14 @@
 #pragma once
 
 #include "apt/Factory.h"
+#include "apt/StatementCounts.h"
 
 /// Makes the writers of APT statements. Owns neither of its streams; the log stream may be null.
+/// With counts, which it does not own either, the writers count there what they write.
 class APTFactory final : public Factory {
 public:
-    APTFactory(std::FILE* output, std::FILE* log) noexcept : m_output(output), m_log(log) {}
+    APTFactory(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
+        : m_output(output), m_log(log), m_counts(counts) {}
 
     [[nodiscard]] ResLinearMovement* GetLinearCom() override;
     [[nodiscard]] ResCircularMovement* GetCirculCom() override;
@@ -23,4 +26,5 @@ public:
 private:
     std::FILE* m_output;
     std::FILE* m_log;
+    StatementCounts* m_counts;
 };

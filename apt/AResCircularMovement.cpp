@@ -7,7 +7,7 @@
 #include <cmath>
 
 void AResCircularMovement::InitOutput(const gmVector3& axis) {
-    write(toolAxisStatement(axis).view());
+    write(StatementKind::kToolAxis, toolAxisStatement(axis).view());
 }
 
 void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, const double& startY,
@@ -20,6 +20,7 @@ void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, c
     const gmVector3 centre(centreX, centreY, centreZ);
     const double radius = (end - centre).length();
     if (gmIsZero(radius)) {
+        count(StatementKind::kDroppedArc);
         writeToLog("Circle with radius 0 not allowed! Continuing!\n");
         return;
     }
@@ -38,7 +39,7 @@ void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, c
     text.circleValue(centre[0]).add(",").circleValue(centre[1]).add(",").circleValue(centre[2]);
     text.add(",$\n");
     text.circleValue(end[0]).add(",").circleValue(end[1]).add(",").circleValue(end[2]).add(")\n");
-    write(text.view());
+    write(StatementKind::kArc, text.view());
 }
 
 gmVector3 AResCircularMovement::computeTangent(const double& startX, const double& startY,

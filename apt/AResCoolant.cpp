@@ -1,3 +1,5 @@
 #include "apt/AResCoolant.h"
 
-void AResCoolant::InitOutput(Boolean on) { write(on == TRUE ? "COOLNT/ON\n" : "COOLNT/OFF\n"); }
+void AResCoolant::InitOutput(Boolean on) {
+    write(StatementKind::kCoolant, on == TRUE ? "COOLNT/ON\n" : "COOLNT/OFF\n");
+}

@@ -1,3 +1,3 @@
 #include "apt/AResEndCommand.h"
 
-void AResEndCommand::InitOutput() { write("REWIND/0\nEND\n"); }
+void AResEndCommand::InitOutput() { write(StatementKind::kProgramEnd, "REWIND/0\nEND\n"); }

@@ -5,7 +5,8 @@
 /// The program end in APT.
 class AResEndCommand final : public ResEndCommand {
 public:
-    AResEndCommand(std::FILE* output, std::FILE* log) noexcept : ResEndCommand(output, log) {}
+    AResEndCommand(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
+        : ResEndCommand(output, log, counts) {}
 
     void InitOutput() override;
 };

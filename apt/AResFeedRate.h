@@ -5,7 +5,8 @@
 /// The feed in APT.
 class AResFeedRate final : public ResFeedRate {
 public:
-    AResFeedRate(std::FILE* output, std::FILE* log) noexcept : ResFeedRate(output, log) {}
+    AResFeedRate(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
+        : ResFeedRate(output, log, counts) {}
 
     void InitOutput(Boolean perMinute, const double& feed) override;
 };

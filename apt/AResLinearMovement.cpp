@@ -3,7 +3,7 @@
 #include "apt/toolAxisStatement.h"
 
 void AResLinearMovement::InitOutput(const gmVector3& axis) {
-    write(toolAxisStatement(axis).view());
+    write(StatementKind::kToolAxis, toolAxisStatement(axis).view());
 }
 
 // RAPID holds for the next motion statement only, so it stands in front of every rapid point.
@@ -11,5 +11,5 @@ void AResLinearMovement::InitOutput(Boolean rapid, double& x, double& y, double&
     StatementText text;
     text.add(rapid == TRUE ? "RAPID\nGOTO/" : "GOTO/");
     text.coordinate(x).add(",").coordinate(y).add(",").coordinate(z).add("\n");
-    write(text.view());
+    write(rapid == TRUE ? StatementKind::kRapidMove : StatementKind::kFeedMove, text.view());
 }

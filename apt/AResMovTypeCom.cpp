@@ -1,5 +1,5 @@
 #include "apt/AResMovTypeCom.h"
 
 void AResMovTypeCom::InitOutput(Boolean absolute) {
-    write(absolute == TRUE ? "MODE/INCR,OFF\n" : "MODE/INCR,ON\n");
+    write(StatementKind::kMode, absolute == TRUE ? "MODE/INCR,OFF\n" : "MODE/INCR,ON\n");
 }

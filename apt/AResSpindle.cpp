@@ -4,10 +4,10 @@
 
 void AResSpindle::InitOutput(int direction, double speed) {
     if (direction == 0) {
-        write("SPINDL/OFF\n");
+        write(StatementKind::kSpindle, "SPINDL/OFF\n");
         return;
     }
     StatementText text;
     text.add("SPINDL/").rate(speed).add(direction > 0 ? ",RPM,CLW\n" : ",RPM,CCLW\n");
-    write(text.view());
+    write(StatementKind::kSpindle, text.view());
 }

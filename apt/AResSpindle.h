@@ -5,7 +5,8 @@
 /// The spindle in APT.
 class AResSpindle final : public ResSpindle {
 public:
-    AResSpindle(std::FILE* output, std::FILE* log) noexcept : ResSpindle(output, log) {}
+    AResSpindle(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
+        : ResSpindle(output, log, counts) {}
 
     void InitOutput(int direction, double speed) override;
 };

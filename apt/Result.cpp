@@ -9,7 +9,8 @@ void writeUnlocked(std::string_view text, std::FILE* stream) noexcept {
 
 } // namespace
 
-void Result::write(std::string_view statements) const noexcept {
+void Result::write(StatementKind kind, std::string_view statements) const noexcept {
+    count(kind);
     writeUnlocked(statements, m_output);
     writeToLog(statements);
 }

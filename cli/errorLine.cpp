@@ -39,13 +39,3 @@ void printErrorLine(std::FILE* stream, const char* program, int code, const Conv
     }
     (void)std::fputc('\n', stream);
 }
-
-void printStoppedBlock(std::FILE* stream, const NCScan& scan,
-                       const ConversionFiles& files) noexcept {
-    if (scan.BlockNumber() > 0) {
-        std::fprintf(stream,
-                     "quillmark: stopped at block %ld: %s\n"
-                     "quillmark: the output written so far stays in '%s'\n",
-                     scan.BlockNumber(), scan.BlockText(), files.output);
-    }
-}

@@ -17,8 +17,3 @@ struct ConversionFiles {
 /// run out.
 void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
                     const NCScan::Failure& failure) noexcept;
-
-/// Prints where a conversion stopped and what became of its output, when a block was begun: the
-/// number and the text of the block, and that the output up to it stays. Needs no memory.
-void printStoppedBlock(std::FILE* stream, const NCScan& scan,
-                       const ConversionFiles& files) noexcept;

@@ -31,11 +31,13 @@ void CircularMovement::InitStatus(char* line) {
 
 // Relative to the start point or absolute is the centre word's own matter; the movement type does
 // not count here. An omitted component equals the start point's.
-gmVector3 CircularMovement::resolveCentre() const {
+gmVector3 CircularMovement::resolveCentre() {
+    m_hasCentreWord = false;
     gmVector3 centre = status().GetEndPosition();
     for (int axis = 0; axis < 3; ++axis) {
         Parameter* const word = m_centreWords[static_cast<std::size_t>(axis)];
         if (word != nullptr && word->GetNCLineStatus() == TRUE) {
+            m_hasCentreWord = true;
             word->ConvertIncremental(centre[axis]);
             centre[axis] = word->GetValue();
             word->SetNCLineStatus(FALSE);

@@ -26,15 +26,19 @@ public:
     /// Normal of the plane of the arc, pointing at the viewer; (0, 0, 1) unless set.
     void SetNormVector(double x, double y, double z) { m_normal.assign(x, y, z); }
 
+    /// Whether the arc that was computed last had a centre word.
+    [[nodiscard]] bool HasCentreWord() const noexcept { return m_hasCentreWord; }
+
     void InitStatus(char* line) override;
     int Compute(char* line) override;
 
 private:
     bool scanWords(char* line) const;
-    [[nodiscard]] gmVector3 resolveCentre() const;
+    [[nodiscard]] gmVector3 resolveCentre();
 
     std::unique_ptr<ResCircularMovement> m_writer;
     Boolean m_clockwise = TRUE;
     std::array<Parameter*, 3> m_centreWords = {}; // not owned, may be null
+    bool m_hasCentreWord = false;
     gmVector3 m_normal = gmVector3(0.0, 0.0, 1.0);
 };

@@ -32,7 +32,8 @@ char* Comment::findEnd(char* comment) const noexcept {
     return end == nullptr ? nullptr : end + m_end.size();
 }
 
-int Comment::KillComments(char* line, const ByteSet& bytes) const noexcept {
+int Comment::KillComments(char* line, const ByteSet& bytes) noexcept {
+    m_wasUnterminated = false;
     if (line == nullptr || m_start.empty() || !bytes.MayContain(m_start.front())) {
         return 0;
     }
@@ -44,6 +45,8 @@ int Comment::KillComments(char* line, const ByteSet& bytes) const noexcept {
     while (comment != nullptr) {
         char* const kept = findEnd(comment);
         if (kept == nullptr) {
+            // Without an end text in the dialect, the end of the block is the regular end.
+            m_wasUnterminated = !m_end.empty();
             break;
         }
         comment = findText(kept, m_start);

@@ -20,13 +20,16 @@ public:
     /// Removes every comment from `line`; the text between comments stays. Without an end text, or
     /// without its occurrence, a comment runs to the end of the block. Comments do not nest.
     /// Returns 0; works in place, so it never runs out of memory.
-    int KillComments(char* line) const noexcept { return KillComments(line, ByteSet::All()); }
+    int KillComments(char* line) noexcept { return KillComments(line, ByteSet::All()); }
     /// The same for a line of known bytes: without the first byte of the start text, no search.
-    int KillComments(char* line, const ByteSet& bytes) const noexcept;
+    int KillComments(char* line, const ByteSet& bytes) noexcept;
+    /// Whether the last KillComments met a comment that lacks its end text.
+    [[nodiscard]] bool WasUnterminated() const noexcept { return m_wasUnterminated; }
 
 private:
     [[nodiscard]] char* findEnd(char* comment) const noexcept;
 
     TextCopy m_start;
     TextCopy m_end;
+    bool m_wasUnterminated = false;
 };

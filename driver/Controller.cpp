@@ -36,6 +36,13 @@ constexpr Spelling kSpellings[] = {
     {"-OT", Option::kOutputType},
 };
 
+// The row of `argument`; null when it is no option.
+const Spelling* findSpelling(const char* argument) noexcept {
+    const auto* const row = std::ranges::find_if(
+        kSpellings, [&](const Spelling& s) { return std::strcmp(argument, s.text) == 0; });
+    return row == std::end(kSpellings) ? nullptr : row;
+}
+
 void readOutputType(const char* value, eOutputType& type) noexcept {
     if (value == nullptr) {
         return;
@@ -145,9 +152,8 @@ int Controller::ScanParameters(int argc, char** argv, char*& paramfile, char*& n
     outputfile = nullptr;
     type = eOutputAPT;
     for (int i = 1; i < argc; ++i) {
-        const auto* const spelling = std::ranges::find_if(
-            kSpellings, [&](const Spelling& s) { return std::strcmp(argv[i], s.text) == 0; });
-        if (spelling == std::end(kSpellings)) {
+        const Spelling* const spelling = findSpelling(argv[i]);
+        if (spelling == nullptr) {
             continue;
         }
         // The null that ends argv is the value of an option without one.
@@ -175,3 +181,7 @@ int Controller::ScanParameters(int argc, char** argv, char*& paramfile, char*& n
 }
 
 const char* Controller::CmdLineParamsDesc() const { return kUsage; }
+
+bool Controller::TakesValue(const char* argument) noexcept {
+    return findSpelling(argument) != nullptr;
+}

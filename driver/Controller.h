@@ -26,6 +26,8 @@ public:
     virtual int ScanParameters(int argc, char** argv, char*& paramfile, char*& ncfile,
                                char*& logfile, char*& outputfile, eOutputType& type) const;
     [[nodiscard]] virtual const char* CmdLineParamsDesc() const;
+    /// Whether ScanParameters takes the argument behind this one as its value.
+    [[nodiscard]] static bool TakesValue(const char* argument) noexcept;
 
 private:
     int runSteps(const char* paramfile, const char* ncfile, const char* outputfile,

@@ -1,6 +1,8 @@
 #include "driver/NCScan.h"
 
+#include "commands/CircularMovement.h"
 #include "driver/fileIdentity.h"
+#include "driver/lastLineHoldsNul.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CStringUtil/string_mani.h"
 
@@ -14,7 +16,9 @@ void NCScan::BeginConversion() {
     m_model.emplace();
     m_blockNumber = 0;
     m_continuesLine = false;
+    m_block[0] = '\0';
     m_blockText[0] = '\0';
+    m_report = {};
     m_failure = {};
 }
 
@@ -59,7 +63,8 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
         return kOutputTypeUnsupported;
     }
     if (m_outputFile.get() != nullptr) {
-        m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get());
+        m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get(),
+                                                 &m_report.Statements());
     }
     return result;
 }
@@ -122,41 +127,59 @@ int NCScan::runBlocks() {
         return kNCFileUnreadable;
     }
     CommandIndex commands(m_model->commands);
-    Block block;
     while (std::feof(file) == 0) {
         // A line that does not fit is read in pieces, each a block of its own. Only a full piece
         // has its end in the last byte.
-        block.back() = '\n';
-        if (fgets_unlocked(block.data(), static_cast<int>(block.size()), file) == nullptr) {
+        m_block.back() = '\n';
+        if (fgets_unlocked(m_block.data(), static_cast<int>(m_block.size()), file) == nullptr) {
             if (std::ferror(file) != 0) {
                 KeepFailure({.systemError = errno});
                 return kNCFileUnreadable;
             }
             continue;
         }
-        beginBlock(block);
-        if (const int code = convertBlock(block.data(), commands); code != 0) {
+        beginBlock();
+        if (const int code = convertBlock(commands); code != 0) {
             return code;
         }
     }
     return 0;
 }
 
-void NCScan::beginBlock(Block& block) noexcept {
+void NCScan::beginBlock() noexcept {
+    char* const block = m_block.data();
     if (!m_continuesLine) {
         ++m_blockNumber;
+    } else {
+        m_report.NoteFurtherPiece(m_blockNumber, *block == '\n' || *block == '\r');
     }
-    m_continuesLine = block.back() == '\0' && block[block.size() - 2] != '\n';
-    m_blockLength = trimText(block.data());
-    std::memcpy(m_blockText.data(), block.data(), m_blockLength + 1);
+    const bool isFull = m_block.back() == '\0';
+    m_continuesLine = isFull && m_block[kBlockSize - 2] != '\n';
+    const std::size_t length = std::strlen(block);
+    const bool hasNewline = length > 0 && block[length - 1] == '\n';
+    if (!hasNewline && endsAtNul(length, isFull)) {
+        m_report.Note(Oddity::kNulByte, m_blockNumber);
+    }
+    m_blockLength = trimText(block, hasNewline ? length - 1 : length);
+    std::memcpy(m_blockText.data(), block, m_blockLength + 1);
     if (std::FILE* const log = m_logFile.get()) {
         (void)putc_unlocked('\n', log);
-        (void)fwrite_unlocked(block.data(), 1, m_blockLength, log);
+        (void)fwrite_unlocked(block, 1, m_blockLength, log);
         (void)putc_unlocked('\n', log);
     }
 }
 
-int NCScan::convertBlock(char* block, CommandIndex& commands) {
+// Only a full piece and the last line of the file have no newline and no NUL byte either.
+bool NCScan::endsAtNul(std::size_t length, bool isFull) const noexcept {
+    if (isFull) {
+        return length < kBlockSize - 1;
+    }
+    std::FILE* const file = m_ncFile.get();
+    return std::feof(file) == 0 || lastLineHoldsNul(file);
+}
+
+int NCScan::convertBlock(CommandIndex& commands) {
+    char* const block = m_block.data();
     MachineStatus& status = m_model->status;
     if (const int code = status.GetRecordNumber()->DeleteRecordNumber(block); code != 0) {
         return code;
@@ -166,10 +189,48 @@ int NCScan::convertBlock(char* block, CommandIndex& commands) {
     if (const int code = status.GetComment()->KillComments(block, bytes); code != 0) {
         return code;
     }
+    if (status.GetComment()->WasUnterminated()) {
+        m_report.Note(Oddity::kOpenComment, m_blockNumber);
+    }
     if (std::strlen(block) != m_blockLength) {
         string_mani(3, block);
     }
     status.InitBlockBytes(bytes);
     const int code = commands.scanNC(block, bytes);
-    return code != 0 ? code : status.scanNC(block);
+    return code != 0 ? code : computeBlock(block);
+}
+
+int NCScan::computeBlock(char* block) {
+    MachineStatus& status = m_model->status;
+    StatementCounts& statements = m_report.Statements();
+    statements.BeginBlock();
+    const int code = status.scanNC(block);
+    if (*block != '\0') {
+        m_report.NoteRest(m_blockNumber, BlockText(), block, *status.GetDecimalSeparator(),
+                          statements.BlockMoves());
+    }
+    if (statements.BlockHas(StatementKind::kDroppedArc)) {
+        m_report.Note(Oddity::kDroppedArc, m_blockNumber);
+        warnIfArcWithoutCentre();
+    }
+    return code;
+}
+
+// The centre of such an arc is its start, so the arc is dropped or ends the process: no other block
+// needs the question.
+void NCScan::warnIfArcWithoutCentre() noexcept {
+    const Command* const active = m_model->status.GetMovementCom()->GetActiveCommand();
+    const auto* const arc = dynamic_cast<const CircularMovement*>(active);
+    if (arc != nullptr && !arc->HasCentreWord()) {
+        m_report.WarnOfArc(m_blockNumber, BlockText());
+    }
+}
+
+void NCScan::ReportFatalArc() noexcept {
+    if (m_blockNumber == 0) {
+        return;
+    }
+    warnIfArcWithoutCentre();
+    m_report.WarnOfGWord(m_blockNumber, BlockText(), m_block.data(),
+                         *m_model->status.GetDecimalSeparator());
 }

@@ -7,6 +7,7 @@
 #include "commands/MachineStatus.h"
 #include "commands/TextCopy.h"
 #include "driver/BufferedFile.h"
+#include "driver/ScanReport.h"
 #include "include/quillmark.h"
 
 #include <array>
@@ -62,6 +63,12 @@ public:
     /// That block as it stood in the file, trimmed.
     [[nodiscard]] const char* BlockText() const noexcept { return m_blockText.data(); }
 
+    /// What the conversion did not understand so far, and its figures.
+    [[nodiscard]] ScanReport& Report() noexcept { return m_report; }
+    /// For a hook of the process ends: reports what in the block under conversion is the likely
+    /// cause when an arc of it ends the process.
+    void ReportFatalArc() noexcept;
+
     /// Why a step failed, beyond its code: the system's error, or else a text of our own with
     /// static storage, or neither.
     struct Failure {
@@ -88,8 +95,11 @@ private:
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
     int runBlocks();
-    void beginBlock(Block& block) noexcept;
-    int convertBlock(char* block, CommandIndex& commands);
+    void beginBlock() noexcept;
+    [[nodiscard]] bool endsAtNul(std::size_t length, bool isFull) const noexcept;
+    int convertBlock(CommandIndex& commands);
+    int computeBlock(char* block);
+    void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
     BufferedFile m_ncFile;
@@ -98,8 +108,10 @@ private:
     BufferedFile m_outputFile;
     BufferedFile m_logFile;
 
+    ScanReport m_report;
     long m_blockNumber = 0;
     bool m_continuesLine = false; // the next piece belongs to the same line of the file
+    Block m_block = {};           // what is left of it to be recognised
     Block m_blockText = {};
     std::size_t m_blockLength = 0; // of that text
     Failure m_failure;

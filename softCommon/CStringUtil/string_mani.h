@@ -18,3 +18,6 @@ void string_mani(int code, char* string) noexcept;
 
 /// Operation 3 of string_mani, which also tells the length of what is left.
 std::size_t trimText(char* string) noexcept;
+
+/// The same for the first `length` bytes of `string`, none of which is a newline.
+std::size_t trimText(char* string, std::size_t length) noexcept;

@@ -158,7 +158,9 @@ TEST_F(BadInput, EndsTheProcessAtAnArcWithoutADirection) {
     const ProgramResult result = run({"a.pp", "a.nc", "o", "l"});
     EXPECT_EQ(result.status, -SIGABRT);
     EXPECT_THAT(result.err,
-                testing::StartsWith("quillmark: stopped at block 3: N30 G2 X5 (no centre)\n"
+                testing::StartsWith("quillmark: warning: line 3: arc without a centre word: "
+                                    "N30 G2 X5 (no centre)\n"
+                                    "quillmark: stopped at block 3: N30 G2 X5 (no centre)\n"
                                     "quillmark: the output written so far stays in 'o'\n"
                                     "quillmark: apt/AResCircularMovement.cpp:"));
     EXPECT_THAT(result.err, testing::EndsWith("Assertion `!gmIsZero(len)' failed.\n"));

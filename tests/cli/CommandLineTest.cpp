@@ -40,8 +40,9 @@ TEST(Program, AnswersQuestionsAboutItself) {
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
     EXPECT_THAT(help.out, testing::StartsWith(kUsage));
-    for (const char* const spelling : {"-P", "-Nc", "-nC", "-NC", "-Of", "-oF", "-OF", "-L", "-ot",
-                                       "-Ot", "-oT", "-OT", "--help", "--version"}) {
+    for (const char* const spelling :
+         {"-P", "-Nc", "-nC", "-NC", "-Of", "-oF", "-OF", "-L", "-ot", "-Ot", "-oT", "-OT",
+          "--help", "--version", "--summary", "--quiet", "--strict", "--report FILE"}) {
         EXPECT_THAT(help.out, testing::HasSubstr(spelling));
     }
     for (const ReturnCode& row : returnCodes()) {

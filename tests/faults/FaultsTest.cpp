@@ -1,3 +1,4 @@
+#include "cli/blockText.h"
 #include "cli/errorLine.h"
 #include "driver/Controller.h"
 #include "driver/returnCodes.h"
@@ -254,7 +255,7 @@ TEST_F(Faults, LeaveTheOutputUpToTheBlockThatIsNamed) {
     std::FILE* const stream = fmemopen(said.data(), said.size(), "w");
     const ConversionFiles files{"mill.pp", "part.nc", "part.apt", nullptr};
     printErrorLine(stream, "quillmark", code, files, controller.LastFailure());
-    printStoppedBlock(stream, controller, files);
+    printStoppedBlock(stream, controller, files.output);
     (void)std::fclose(stream);
     EXPECT_STREQ(said.data(),
                  "quillmark: error 200: cannot read NC file 'part.nc': Input/output error\n"

@@ -111,7 +111,8 @@ TEST_F(ParamTool, WarnsOfOldFilesThatCannotMove) {
     EXPECT_THAT(read("new.pp"), StartsWith("##### Header\n#FILE:       UNCODED\n"));
     EXPECT_THAT(read("new.pp"), HasSubstr("##### Address Section\nCOMMENT_START\n(\n"));
     // What the update wrote is used, and with movements it moves.
-    write("new.pp", read("new.pp") + "RAPID\nG0\n1ST_COORDINATE\nX\n1\nM5.3\n");
+    write("new.pp", read("new.pp") + "RAPID\nG0\nLINEAR_INTERPOLATION\nG1\n"
+                                     "1ST_COORDINATE\nX\n1\nM5.3\n2ND_COORDINATE\nY\n1\nM5.3\n");
     const Run updated = shell(QUILLMARK " -p new.pp -nc part.nc -of part.apt");
     EXPECT_THAT(updated.err, IsEmpty());
     EXPECT_THAT(read("part.apt"), HasSubstr("GOTO/"));

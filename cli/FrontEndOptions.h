@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+/// The options that belong to the front end, and the arguments that are left without them.
+struct FrontEndOptions {
+    bool summary = false;
+    bool quiet = false;
+    bool strict = false;
+    const char* report = nullptr; ///< name of the report file; null for none
+
+    /// What is wrong with the options, for a message; null when nothing is.
+    const char* usageError = nullptr;
+    /// The program's name and the arguments of Controller::run, with a null behind them.
+    std::vector<char*> arguments;
+
+    [[nodiscard]] int ArgumentCount() const noexcept {
+        return static_cast<int>(arguments.size()) - 1;
+    }
+};
+
+/// Takes the front end's options out of a command line. What stands where an option of the
+/// conversion expects its value is that value and stays, whatever it looks like. All pointers point
+/// into `argv`, except the error, which has static storage.
+[[nodiscard]] FrontEndOptions readFrontEndOptions(int argc, char** argv);

@@ -1,0 +1,7 @@
+#pragma once
+
+/// Exit statuses of the front end's own. No return code of a conversion has them as its low 8 bits.
+enum : int {
+    kExitUsage = 2,       ///< its options are wrong, or the report file cannot be written
+    kExitUnrecognised = 3 ///< --strict, and the program holds text that was not recognised
+};

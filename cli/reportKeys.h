@@ -1,0 +1,58 @@
+#pragma once
+
+#include "driver/ScanReport.h"
+
+/// The names under which the front end tells what a conversion reports.
+
+/// Statements of one kind; `text` names them in a sentence.
+struct StatementRow {
+    StatementKind kind;
+    const char* key;
+    const char* text;
+};
+
+inline constexpr StatementRow kStatementRows[] = {
+    {StatementKind::kRapidMove, "rapid_moves", "rapid moves"},
+    {StatementKind::kFeedMove, "feed_moves", "feed moves"},
+    {StatementKind::kArc, "arcs", "arcs"},
+    {StatementKind::kToolAxis, "tool_axes", "tool axes"},
+    {StatementKind::kFeedRate, "feed_rates", "feed rates"},
+    {StatementKind::kSpindle, "spindle", "spindle"},
+    {StatementKind::kCoolant, "coolant", "coolant"},
+    {StatementKind::kTool, "tools", "tools"},
+    {StatementKind::kMode, "modes", "modes"},
+    {StatementKind::kProgramEnd, "program_ends", "program ends"},
+};
+
+/// An oddity, what it is and what follows from it.
+struct OddityRow {
+    Oddity oddity;
+    const char* key;
+    const char* text;
+    const char* consequence;
+};
+
+inline constexpr OddityRow kOddityRows[] = {
+    {Oddity::kDroppedArc, "dropped_arcs", "arcs of radius 0", "nothing was written for them"},
+    {Oddity::kLongLine, "long_blocks", "blocks longer than 255 characters",
+     "they were read in pieces, a number can be cut in two"},
+    {Oddity::kNulByte, "nul_bytes", "blocks with a NUL byte", "what follows it was not read"},
+    {Oddity::kOpenComment, "unterminated_comments", "comments without an end",
+     "the rest of the block was not read"},
+};
+
+struct WarningRow {
+    Warning::Kind kind;
+    const char* key;
+    const char* text;
+};
+
+inline constexpr WarningRow kWarningRows[] = {
+    {Warning::Kind::kUnknownGWord, "unrecognised_g_word",
+     "not recognised, in a block that moves the tool"},
+    {Warning::Kind::kArcWithoutCentre, "arc_without_centre", "arc without a centre word"},
+};
+
+[[nodiscard]] constexpr const WarningRow& rowOf(Warning::Kind kind) noexcept {
+    return kWarningRows[kind == Warning::Kind::kUnknownGWord ? 0 : 1];
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "apt/StatementCounts.h"
+#include "driver/WordTally.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A block of the NC file that the report keeps: its line, and of its text what matters.
+struct ReportedBlock {
+    long line = 0;
+    std::string text;
+};
+
+/// Something that a control may mean differently than the APT says.
+struct Warning {
+    enum class Kind {
+        kUnknownGWord,    ///< the block holds a G word that was not recognised, yet it moved
+        kArcWithoutCentre ///< the arc has no centre word, so its centre is taken to be its start
+    };
+
+    Kind kind = Kind::kUnknownGWord;
+    ReportedBlock block; ///< with its whole text
+    std::string word;    ///< the first such G word, or empty
+};
+
+/// What is noticed once and counted, without a list.
+enum class Oddity : std::size_t {
+    kDroppedArc,  ///< an arc of radius 0, of which no statement was written
+    kLongLine,    ///< a line longer than a block, read in pieces: a number can be cut in two
+    kNulByte,     ///< a block with a NUL byte: the rest of the block is not read
+    kOpenComment, ///< a comment without its end: the rest of the block is not read
+    kCount
+};
+
+/// What one conversion did not understand, and its figures. It is told by the driver and read by
+/// a front end; it changes nothing in output or log. Lists keep the first entries up to a bound,
+/// counts go on. Nothing here throws: what memory cannot hold is counted all the same.
+class ScanReport {
+public:
+    static constexpr std::size_t kMaxBlocks = 100;
+    static constexpr std::size_t kMaxWarnings = 100;
+
+    /// A block of which `rest` was left when all recognisers had run. A rest of blanks is none.
+    /// `text` is the block as it stood in the file; `separator` is the dialect's decimal one.
+    void NoteRest(long line, std::string_view text, std::string_view rest, char separator,
+                  bool hasMoved) noexcept;
+    /// The first G word of `rest`, if there is one, becomes a warning.
+    void WarnOfGWord(long line, std::string_view text, std::string_view rest,
+                     char separator) noexcept;
+    void WarnOfArc(long line, std::string_view text) noexcept;
+    void Note(Oddity oddity, long line) noexcept {
+        m_oddities[static_cast<std::size_t>(oddity)].Add(line);
+    }
+    /// A line that filled a block gave a further one, perhaps with its line end alone.
+    void NoteFurtherPiece(long line, bool isLineEnd) noexcept;
+
+    [[nodiscard]] StatementCounts& Statements() noexcept { return m_statements; }
+    [[nodiscard]] const StatementCounts& Statements() const noexcept { return m_statements; }
+    /// Blocks that were more than one to their line.
+    [[nodiscard]] long FurtherPieces() const noexcept { return m_furtherPieces; }
+
+    [[nodiscard]] const Tally& Of(Oddity oddity) const noexcept {
+        return m_oddities[static_cast<std::size_t>(oddity)];
+    }
+    [[nodiscard]] long UnrecognisedBlocks() const noexcept { return m_unrecognisedBlocks; }
+    /// The first of them, with their rests.
+    [[nodiscard]] std::span<const ReportedBlock> FirstRests() const noexcept {
+        return m_firstRests;
+    }
+    [[nodiscard]] WordTally& Words() noexcept { return m_words; }
+    [[nodiscard]] long WarningCount() const noexcept { return m_warningCount; }
+    [[nodiscard]] std::span<const Warning> FirstWarnings() const noexcept {
+        return m_firstWarnings;
+    }
+
+private:
+    void warn(Warning::Kind kind, long line, std::string_view text, std::string_view word) noexcept;
+
+    StatementCounts m_statements;
+    long m_furtherPieces = 0;
+    std::array<Tally, static_cast<std::size_t>(Oddity::kCount)> m_oddities;
+    long m_lastLongLine = 0;
+    long m_unrecognisedBlocks = 0;
+    std::vector<ReportedBlock> m_firstRests;
+    WordTally m_words;
+    long m_warningCount = 0;
+    std::vector<Warning> m_firstWarnings;
+};
