@@ -1,18 +1,22 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
+# Mill with a decimal comma, words for the dimensions, and absolute centres.
+# Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
 MILLING_MACHINE
 MFG_INIT_SPINDLE
 0;0;1
 ##### String Section
+# Without an end text a comment lasts to the end of its block.
 COMMENT_START
 ;
 COMMENT_END
 
 RECORD_NUMBER
 :
+# One character, the comma.
 DECIMAL_POINT_REPRESENTATION
 ,
 ##### Block Section
@@ -24,12 +28,15 @@ CIRCULAR_INTERPOLATION_RIGHT
 G2
 CIRCULAR_INTERPOLATION_LEFT
 G3
+# A command without a number is its letters alone.
 ABSOLUTE_ON
 ABS
 INCREMENTAL_ON
 REL
 SPINDLE_CLOCKWISE
 M13
+SPINDLE_COUNTER_CLOCKWISE
+M14
 SPINDLE_STOP
 M15
 COOLANT_ON
@@ -38,9 +45,12 @@ COOLANT_OFF
 M9
 REV_TLCHG_COM
 M67
+PROGRAM_STOP
+M0
 PROGRAM_END
 M30
 ##### Address Section
+# An address may have several letters.
 FEEDRATE
 FA
 1
@@ -69,6 +79,7 @@ M5.3
 J
 1
 M5.3
+# Centres are positions of the workpiece.
 CIRCLE_CENTER_ABS
 1
 REV_TLCHG_TLADR

@@ -1,6 +1,8 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
+# Mill, ISO codes, numbers without a decimal point: the places are implied.
+# Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
 MILLING_MACHINE
@@ -13,6 +15,7 @@ COMMENT_END
 ]
 RECORD_NUMBER
 N
+# Empty: numbers are written without a separator.
 DECIMAL_POINT_REPRESENTATION
 
 ##### Block Section
@@ -49,6 +52,8 @@ M0
 PROGRAM_END
 M2
 ##### Address Section
+# The digits behind the point are the decimal places: with 5.1 the word F800 is 80.
+# The feed has one place per minute and per revolution alike.
 FEEDRATE
 F
 1
@@ -57,6 +62,7 @@ SPINDLE_SPEED
 S
 1
 B5.0
+# With 4.3 the word X+012500 is 12.5.
 1ST_COORDINATE
 X
 1

@@ -1,7 +1,10 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
+# Lathe, ISO codes, decimal point, X and I in diameter.
+# Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
+# The class comes before the movement keys: it decides which of them count.
 MFG_CLASS_NAME
 NC_LATHE_MACHINE
 ##### String Section
@@ -14,12 +17,12 @@ N
 DECIMAL_POINT_REPRESENTATION
 .
 ##### Block Section
-RAPID
-G99
+# On a lathe the movements and coordinates are configured by their lathe keys alone.
 RAPID_LATHE
 G0
 LINEAR_INTERPOLATION_LATHE
 G1
+# Clockwise and counter-clockwise as seen with the tool in front of the axis.
 CIRCULAR_INTERPOLATION_RIGHT_LATHE
 G2
 CIRCULAR_INTERPOLATION_LEFT_LATHE
@@ -40,8 +43,11 @@ COOLANT_OFF_LATHE
 M9
 REV_TLCHG_COM_LATHE
 M6
+PROGRAM_STOP_LATHE
+M0
 PROGRAM_END_LATHE
 M30
+# A sign, then what X and I are divided by: diameters become radii.
 ZX_LATHE_X_ASSIGNMENT
 +2
 ZX_LATHE_Z_ASSIGNMENT
@@ -63,6 +69,7 @@ M5.3
 Z
 1
 M5.3
+# U and W count from the last position.
 1ST_COORDINATE_INCR_LATHE
 U
 1

@@ -1,10 +1,14 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
+# Mill with marked words: X=AC(5) is absolute and X=IC(5) incremental in any mode.
+# Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
 MILLING_MACHINE
 ##### String Section
+# Marked words need their parentheses, so comments begin with something else.
+# Without an end text a comment lasts to the end of its block.
 COMMENT_START
 ;
 RECORD_NUMBER
@@ -40,6 +44,9 @@ COOLANT_OFF
 M9
 REV_TLCHG_COM
 M6
+PROGRAM_STOP
+M0
+# Each end of program is a command of its own.
 PROGRAM_END
 M17
 PROGRAM_END
@@ -53,6 +60,7 @@ SPINDLE_SPEED
 S
 1
 M5.0
+# These words count from the last position in any mode.
 1ST_COORDINATE_INCR
 U
 1
@@ -89,6 +97,7 @@ M5.3
 K
 1
 M5.3
+# Centres count from the start of the arc, unless the word says I=AC(...).
 CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR

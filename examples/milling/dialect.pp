@@ -1,25 +1,32 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
+# Mill, ISO codes, numbers with a decimal point, comments in parentheses.
+# Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
 MILLING_MACHINE
+# The tool axis, written once before the first movement.
 MFG_INIT_SPINDLE
 0.0;0.0;1.0
 ##### String Section
+# Comments go before any word is read, wherever they stand in a block.
 COMMENT_START
 (
 COMMENT_END
 )
 RECORD_NUMBER
 N
+# The point decides: X5. and X5.0 are 5, and X5 is 5 as well.
 DECIMAL_POINT_REPRESENTATION
 .
 ##### Block Section
+# Leading zeros do not count: G00 stands for G0, G00 and G000.
 RAPID
 G00
 LINEAR_INTERPOLATION
 G01
+# Clockwise, then counter-clockwise.
 CIRCULAR_INTERPOLATION_RIGHT
 G02
 CIRCULAR_INTERPOLATION_LEFT
@@ -44,9 +51,13 @@ COOLANT_OFF
 M09
 REV_TLCHG_COM
 M06
+# A stop writes the same statements as the end of the program.
+PROGRAM_STOP
+M00
 PROGRAM_END
 M30
 ##### Address Section
+# Behind each address stand a line that is passed over and the number format.
 FEEDRATE
 F
 1
@@ -79,6 +90,7 @@ M5.3
 K
 1
 M5.3
+# Centres count from the start of the arc. The key stands behind the centre words.
 CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR

@@ -1,0 +1,89 @@
+##### Header
+#FILE:       UNCODED
+#VERSION:    V1R5
+# Router: comments behind a semicolon, no block numbers, one feed per minute.
+# Lines that begin with a number sign and a blank are comments.
+##### Toolmachine Section
+MFG_CLASS_NAME
+MILLING_MACHINE
+MFG_INIT_SPINDLE
+0;0;1
+##### String Section
+# Without an end text a comment lasts to the end of its block.
+COMMENT_START
+;
+COMMENT_END
+
+# Empty: blocks carry no numbers, and a word N5 would be none.
+RECORD_NUMBER
+
+DECIMAL_POINT_REPRESENTATION
+.
+##### Block Section
+RAPID
+G0
+LINEAR_INTERPOLATION
+G1
+CIRCULAR_INTERPOLATION_RIGHT
+G2
+CIRCULAR_INTERPOLATION_LEFT
+G3
+ABSOLUTE_ON
+G90
+INCREMENTAL_ON
+G91
+FEEDRAT_MMPM
+G94
+SPINDLE_CLOCKWISE
+M3
+SPINDLE_COUNTER_CLOCKWISE
+M4
+SPINDLE_STOP
+M5
+# The air of the tool.
+COOLANT_ON
+M7
+COOLANT_OFF
+M9
+REV_TLCHG_COM
+M6
+PROGRAM_STOP
+M0
+# Either ends a program.
+PROGRAM_END
+M2
+PROGRAM_END
+M30
+##### Address Section
+FEEDRATE
+F
+1
+M5.1
+SPINDLE_SPEED
+S
+1
+M5.0
+1ST_COORDINATE
+X
+1
+M5.4
+2ND_COORDINATE
+Y
+1
+M5.4
+3RD_COORDINATE
+Z
+1
+M5.4
+1ST_CIRCLE_CENTER_COORDINATE
+I
+1
+M5.4
+2ND_CIRCLE_CENTER_COORDINATE
+J
+1
+M5.4
+CIRCLE_CENTER_ABS
+0
+REV_TLCHG_TLADR
+T
