@@ -5,6 +5,8 @@
 #include "paramfile/codeOldLine.h"
 #include "paramfile/ppcrypt.h"
 #include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/CStringUtil/fixedField.h"
+#include "softCommon/CStringUtil/splitString.h"
 #include "tests/faults/Fault.h"
 #include "tests/support/Quiet.h"
 #include "tests/support/TempFolder.h"
@@ -14,9 +16,13 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 #include <sstream>
 #include <string>
@@ -147,6 +153,66 @@ TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
         EXPECT_EQ(seen, codes) << "kind " << static_cast<int>(kind);
         EXPECT_GE(faults, atLeast) << "kind " << static_cast<int>(kind);
         RecordProperty("faults" + std::to_string(static_cast<int>(kind)), static_cast<int>(faults));
+    }
+}
+
+// The routines on strings say that memory ran out, and keep nothing of what they began.
+TEST_F(Faults, OfTheStringRoutinesGiveNothing) {
+    std::string text;
+    for (int line = 0; line < 300; ++line) {
+        text += std::string(static_cast<std::size_t>(line), 'x') + "\n";
+    }
+    const std::string file = m_folder.write("lines", text);
+    struct Row {
+        std::function<int()> count; // of strings made; 0 when memory ran out
+        int complete;
+    };
+    const Row rows[] = {
+        {[] {
+             int count = -1;
+             char** fields = splitString(" a, b,,,,,,,,,,,,,,,,,,,,,z", ",", 1, &count);
+             for (int more = 0; more < 20 && fields != nullptr; ++more) {
+                 fields = add_splitStringArray(fields, "more", &count);
+             }
+             free_splitStringArray(fields, count);
+             return count;
+         },
+         43},
+        {[] {
+             const std::unique_ptr<char, decltype(&std::free)> copy(s2ccpy("abc", 2), std::free);
+             return copy != nullptr && std::strcmp(copy.get(), "ab") == 0 ? 1 : 0;
+         },
+         1},
+        {[&] {
+             errno = 0;
+             const CharFeldOwner lines(file2CharFeld(file.c_str()));
+             return errno == ENOMEM ? 0 : sizeofCharFeld(lines.get());
+         },
+         300},
+        {[] {
+             CharFeldOwner lines;
+             for (int count = 0; count < 45;) {
+                 lines.reset(addCharFeld20(lines.release(), &count, "line"));
+                 if (lines == nullptr) {
+                     return 0;
+                 }
+             }
+             return sizeofCharFeld(lines.get());
+         },
+         45},
+    };
+    for (const auto& [count, complete] : rows) {
+        bool isReached = true;
+        for (long call = 0; isReached; ++call) {
+            int made = 0;
+            {
+                const Quiet quiet;
+                const Fault fault(FaultKind::kMemory, call);
+                made = count();
+                isReached = fault.happened();
+            }
+            EXPECT_EQ(made, isReached ? 0 : complete) << "call " << call;
+        }
     }
 }
 
