@@ -35,6 +35,7 @@ TYPED_TEST(EveryMatrix, ObeysTheRulesOfArithmetic) {
         EXPECT_EQ(c, 1.5 * (b - a));
     }
     EXPECT_EQ(preconditionFailure([&] { c[-1][0] = 0.0; }), "i == 0 || i == 1 || i == 2 || i == 3");
+    EXPECT_NE(preconditionFailure([&] { (void)std::as_const(c)[4]; }), "");
     EXPECT_EQ(preconditionFailure([&] { c /= 9.9e-11; }), "!gmIsZero(d)");
     c = TypeParam::identity();
     c[0][0] = 1e-10;
