@@ -1,16 +1,13 @@
 #pragma once
 
 #include "include/quillmark_messages.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
+
 #include <sstream>
-#include <string>
-#include <unistd.h>
-#include <utility>
 
 /// The parts as one text.
 template<class... Parts>
@@ -47,11 +44,10 @@ protected:
         }
         std::fclose(std::exchange(stddbg, nullptr));
         std::free(m_trace);
-        std::filesystem::remove(m_file);
     }
 
     void useMessages(const std::string& content) const {
-        std::ofstream(m_file, std::ios::binary) << content;
+        m_folder.write("messages", content);
         ASSERT_EQ(CatInitError("QMTEST"), 0);
     }
 
@@ -62,9 +58,8 @@ protected:
         return all.substr(std::exchange(m_seen, all.size()));
     }
 
-    const std::string m_file = testing::TempDir() + "messages." + std::to_string(getpid());
-
-private:
+    const TempFolder m_folder;
+    const std::string m_file = m_folder.path("messages");
     char* m_trace = nullptr;
     std::size_t m_traceSize = 0;
     std::size_t m_seen = 0;

@@ -25,10 +25,6 @@ void* __wrap_realloc(void* block, std::size_t size) {
 }
 char* __real_strdup(const char* text);
 char* __wrap_strdup(const char* text) { return fails("strdup") ? nullptr : __real_strdup(text); }
-char* __real_strndup(const char* text, std::size_t length);
-char* __wrap_strndup(const char* text, std::size_t length) {
-    return fails("strndup") ? nullptr : __real_strndup(text, length);
-}
 void* __real__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag);
 void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) {
     return fails("new") ? nullptr : __real__ZnwmRKSt9nothrow_t(size, tag);
@@ -37,18 +33,17 @@ void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) {
 
 namespace {
 
-class MessageFaults : public MessageFixture {
-protected:
-    /// Runs `action` while the named allocation fails; returns what perror said.
-    template<class Action>
-    std::string failing(const char* allocation, Action action) {
-        testing::internal::CaptureStderr();
-        g_failing = allocation;
-        action();
-        g_failing = "";
-        return testing::internal::GetCapturedStderr();
-    }
-};
+/// Runs `action` while the named allocation fails; returns what perror said.
+template<class Action>
+std::string failing(const char* allocation, Action action) {
+    testing::internal::CaptureStderr();
+    g_failing = allocation;
+    action();
+    g_failing = "";
+    return testing::internal::GetCapturedStderr();
+}
+
+using MessageFaults = MessageFixture;
 
 TEST_F(MessageFaults, EveryAllocationMayFail) {
     useMessages("00001 2\n&text\n00002 4\n39999 3\n&no memory\n");
@@ -71,12 +66,6 @@ TEST_F(MessageFaults, EveryAllocationMayFail) {
     EXPECT_EQ(rc, 39999);
     EXPECT_EQ(softErrors, nullptr);
     EXPECT_EQ(traced(), kRule + "MSG.NR.: 39999\nno memory\nSEVERITY: 3\n" + kRule);
-
-    CatInitErrorFehlerFuncs(
-        [](std::int32_t, std::int32_t, const char*) { return severityLevel = 0; }, nullptr);
-    EXPECT_THAT(failing("strndup", [&] { rc = CatInitError("QMTEST"); }), HasSubstr("gueuse: "));
-    EXPECT_EQ(rc, 1);
-    EXPECT_EQ(errorFile, nullptr);
 }
 
 } // namespace
