@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paramfile/codeOldLine.h"
 #include "softCommon/CStringUtil/CharFeld.h"
 
 #include <string>
@@ -21,4 +22,13 @@ inline CharFeldOwner fieldOf(const Texts& texts) {
 inline Texts taken(char** lines) {
     const CharFeldOwner owner(lines);
     return {lines, lines + sizeofCharFeld(lines)};
+}
+
+/// The three physical lines of a line of an old parameter file, each with `end` behind it; texts
+/// that cannot be coded give empty ones.
+inline std::string codedOld(const std::string& plain, const char* end = "") {
+    OldPhysicalLines physical;
+    (void)codeOldLine(plain.c_str(), physical);
+    return physical.first.data() + std::string(end) + physical.second.data() + end +
+           physical.third.data() + end;
 }

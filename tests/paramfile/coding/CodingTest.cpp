@@ -1,4 +1,3 @@
-#include "paramfile/codeOldLine.h"
 #include "paramfile/lineCoder.h"
 #include "paramfile/ppcrypt.h"
 #include "tests/charFeldTexts.h"
@@ -36,12 +35,6 @@ std::string randomLine(std::mt19937& random, std::size_t longest) {
     return line;
 }
 
-std::string recordOf(const std::string& plain) {
-    OldPhysicalLines physical;
-    EXPECT_EQ(codeOldLine(plain.c_str(), physical), 0);
-    return std::string(physical.first.data()) + physical.second.data() + physical.third.data();
-}
-
 int decodeOld(std::string record, std::string& plain) {
     plain.assign(kOldLineLength, '\0');
     return vxveh(2, plain, record);
@@ -68,7 +61,7 @@ TEST(Coding, DecodesToExactlyWhatWasCoded) {
     for (int i = 0; i < 3000; ++i) {
         std::string plain = randomLine(random, kOldLineLength) + "x", decoded;
         plain.resize(std::min(plain.size(), kOldLineLength));
-        ASSERT_EQ(decodeOld(recordOf(plain), decoded), 0);
+        ASSERT_EQ(decodeOld(codedOld(plain), decoded), 0);
         plain.resize(kOldLineLength, ' ');
         ASSERT_EQ(decoded, plain);
     }
@@ -113,13 +106,7 @@ TEST(Ppcrypt, LeavesPlainFilesAlone) {
 }
 
 TEST(Ppcrypt, NamesTheLineThatFails) {
-    struct Row {
-        int option;
-        std::string line;
-        int code;
-        const char* message;
-    };
-    const Row rows[] = {
+    const std::tuple<int, std::string, int, const char*> rows[] = {
         {0, "a\xFF", kCoderUncodable, "line <a\xFF> can't be coded\n"},
         {1, "EC751A45BB", kCoderUndecodable, "line <EC751A45BB> can't be decoded\n"},
         {1, "RAPID", kCoderUndecodable, "line <RAPID> can't be decoded\n"},
@@ -127,20 +114,20 @@ TEST(Ppcrypt, NamesTheLineThatFails) {
         {1, "EB751A45BB0", kCoderChecksum, "Error in GGUVXVEH : Checksum-Error\n"},
         {1, std::string(10'000'000, 'x'), kCoderUndecodable, "> can't be decoded\n"},
     };
-    for (const Row& row : rows) {
-        Texts lines = {"##### Header", kHeading, row.line, "G00"};
+    for (const auto& [option, line, expected, message] : rows) {
+        Texts lines = {"##### Header", kHeading, line, "G00"};
         CaptureStderr();
-        EXPECT_EQ(crypt(row.option, lines), row.code);
+        EXPECT_EQ(crypt(option, lines), expected);
         const std::string messages = GetCapturedStderr();
-        EXPECT_THAT(messages, HasSubstr(row.message));
+        EXPECT_THAT(messages, HasSubstr(message));
         EXPECT_THAT(messages, HasSubstr("error in line 3\n"));
         EXPECT_LT(messages.size(), 700U);
-        EXPECT_THAT(lines, ElementsAre("##### Header", kHeading, row.line, "G00"));
+        EXPECT_THAT(lines, ElementsAre("##### Header", kHeading, line, "G00"));
     }
 }
 
 TEST(Vxveh, SeesEveryChangeOfASecondDigitByOne) {
-    const std::string record = recordOf("*ENDCHAR %");
+    const std::string record = codedOld("*ENDCHAR %");
     for (std::size_t i = 1; i + 1 < kOldRecordLength; i += 2) {
         std::string corrupt = record, decoded;
         corrupt[i] = corrupt[i] == 'F' ? 'E' : corrupt[i] == '9' ? 'A' : char(corrupt[i] + 1);
