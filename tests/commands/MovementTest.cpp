@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -16,138 +17,98 @@ std::string markedMill(Entries entries = {}) {
 
 const Point kOrigin = {0, 0, 0};
 
-struct Row {
-    const char* nc;
-    std::string apt;
-};
-
 TEST(LinearMovement, IsModalAndKeepsOmittedCoordinates) {
-    const Row rows[] = {
-        {"X1\nG1 Y2\nZ3\nG0\nG01",
-         rapidTo(1, 0, 0) + goTo(1, 2, 0) + goTo(1, 2, 3) + rapidTo(1, 2, 3) + goTo(1, 2, 3)},
-        {"M8\nG1 X1\n\nQ5\n(X2)\nG4 X3", "COOLNT/ON\n" + goTo(1, 0, 0) + goTo(3, 0, 0)},
-        {"G1X1Y2Z3", goTo(1, 2, 3)},
-        {"G1 X1 X2\nY1", goTo(1, 0, 0) + goTo(1, 1, 0)}, // one word of a kind on a block
-        // Of two movements the one tried last is active, and it finds the coordinate taken.
-        {"G0 G1 X5\nX6", rapidTo(0, 0, 0) + rapidTo(6, 0, 0)},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(aptOf(mill(), row.nc), row.apt) << row.nc;
-    }
+    expectAPT(mill(),
+              {{"X1\nG1 Y2\nZ3\nG0\nG01", rapidTo(1, 0, 0) + goTo(1, 2, 0) + goTo(1, 2, 3) +
+                                              rapidTo(1, 2, 3) + goTo(1, 2, 3)},
+               {"M8\nG1 X1\n\nQ5\n(X2)\nG4 X3", "COOLNT/ON\n" + goTo(1, 0, 0) + goTo(3, 0, 0)},
+               {"G1X1Y2Z3", goTo(1, 2, 3)},
+               {"G1 X1 X2\nY1", goTo(1, 0, 0) + goTo(1, 1, 0)}, // one word of a kind on a block
+               // Of two movements the one tried last is active, and it finds the coordinate taken.
+               {"G0 G1 X5\nX6", rapidTo(0, 0, 0) + rapidTo(6, 0, 0)}});
 }
 
 TEST(LinearMovement, AddsIncrementalValuesToTheLastPosition) {
     const std::string on = "MODE/INCR,ON\n";
     const std::string off = "MODE/INCR,OFF\n";
-    const Row rows[] = {
-        {"G1 X10\nG91 X5\nX=AC(5)\nX5",
-         goTo(10, 0, 0) + on + goTo(15, 0, 0) + goTo(5, 0, 0) + goTo(10, 0, 0)},
-        {"G1 X10 Y1\nX=IC(-2.5)\nX=IC(-2.5) Y=IC(1)\nX7",
-         goTo(10, 1, 0) + goTo(7.5, 1, 0) + goTo(5, 2, 0) + goTo(7, 2, 0)},
-        {"G1 X10\nU5 V-1 W.5\nU5", goTo(10, 0, 0) + goTo(15, -1, 0.5) + goTo(20, -1, 0.5)},
-        {"G1 U5 X10", goTo(10, 0, 0)},          // the absolute word comes last and wins
-        {"G1 G91 U5 X10", on + goTo(15, 0, 0)}, // or adds, in incremental mode
-        {"G1 G91 U=AC(5) X10", on + goTo(15, 0, 0)},
-        {"G91\nG1 X1\nG90\nX1 Y1", on + goTo(1, 0, 0) + off + goTo(1, 1, 0)},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(aptOf(markedMill(), row.nc), row.apt) << row.nc;
-    }
+    expectAPT(markedMill(),
+              {{"G1 X10\nG91 X5\nX=AC(5)\nX5",
+                goTo(10, 0, 0) + on + goTo(15, 0, 0) + goTo(5, 0, 0) + goTo(10, 0, 0)},
+               {"G1 X10 Y1\nX=IC(-2.5)\nX=IC(-2.5) Y=IC(1)\nX7",
+                goTo(10, 1, 0) + goTo(7.5, 1, 0) + goTo(5, 2, 0) + goTo(7, 2, 0)},
+               {"G1 X10\nU5 V-1 W.5\nU5", goTo(10, 0, 0) + goTo(15, -1, 0.5) + goTo(20, -1, 0.5)},
+               {"G1 U5 X10", goTo(10, 0, 0)},          // the absolute word comes last and wins
+               {"G1 G91 U5 X10", on + goTo(15, 0, 0)}, // or adds, in incremental mode
+               {"G1 G91 U=AC(5) X10", on + goTo(15, 0, 0)},
+               {"G91\nG1 X1\nG90\nX1 Y1", on + goTo(1, 0, 0) + off + goTo(1, 1, 0)}});
 }
 
 TEST(AxisMapping, DividesAndAssignsTheAxes) {
     struct Assignment {
-        const char* x;
-        const char* y;
-        const char* z;
+        const char* axes[3];
         Point expected; // of X1 Y2 Z4
     };
+    // The first byte is always the sign's place; all assignments read the values given, and y falls
+    // through to z, where the later one wins.
     const Assignment rows[] = {
-        {"-2", "", "", {-0.5, 2, 4}},
-        {"+2", "-4", "-0.5", {0.5, -0.5, -8}},
-        {"22", "2", "x", {0.5, 2, 4}}, // the first byte is always the sign's place
-        {"-", "-0", "-none", {-1, -2, -4}},
-        {"-2,5", "", "", {-0.5, 2, 4}},
-        {"-2*Z", "", "", {-2, 2, 4}},
-        {"+2*z*y", "", "", {2, 2, 4}},
-        {"+1*Y", "", "", {4, 2, 4}}, // y falls through to z, and the later one wins
-        {"+1*y", "", "", {4, 2, 4}},
-        {"", "+1*X", "", {1, 4, 4}},
-        {"", "+1*Z", "", {1, 4, 4}},
-        {"", "", "+1*X", {1, 2, 2}},
-        {"", "", "+1*Y", {1, 2, 2}},
-        {"+1*Z", "-1*X", "+2*Y", {4, -4, 1}}, // all read the values given
-        {"+1*X", "+1*Y", "+1*Q", {1, 2, 4}},
-        {"*Z", "+*Z", "+1*", {1, 4, 4}},
-    };
-    for (const Assignment& row : rows) {
-        const auto& [x, y, z] = row.expected;
-        EXPECT_EQ(aptOf(mill({{"ZX_LATHE_X_ASSIGNMENT", row.x},
-                              {"ZX_LATHE_Y_ASSIGNMENT", row.y},
-                              {"ZX_LATHE_Z_ASSIGNMENT", row.z}}),
+        {{"-2,5", "", ""}, {-0.5, 2, 4}},  {{"+2", "-4", "-0.5"}, {0.5, -0.5, -8}},
+        {{"22", "2", "x"}, {0.5, 2, 4}},   {{"-", "-0", "-none"}, {-1, -2, -4}},
+        {{"-2*Z", "", ""}, {-2, 2, 4}},    {{"+2*z*y", "", ""}, {2, 2, 4}},
+        {{"+1*Y", "", ""}, {4, 2, 4}},     {{"", "+1*X", "+1*Y"}, {1, 4, 2}},
+        {{"", "+1*Z", "+1*X"}, {1, 4, 2}}, {{"+1*Z", "-1*X", "+2*Y"}, {4, -4, 1}},
+        {{"*Z", "+*Z", "+1*Q"}, {1, 4, 4}}};
+    for (const auto& [axes, expected] : rows) {
+        EXPECT_EQ(aptOf(mill({{"ZX_LATHE_X_ASSIGNMENT", axes[0]},
+                              {"ZX_LATHE_Y_ASSIGNMENT", axes[1]},
+                              {"ZX_LATHE_Z_ASSIGNMENT", axes[2]}}),
                         "G1 X1 Y2 Z4"),
-                  goTo(x, y, z))
-            << row.x << " " << row.y << " " << row.z;
+                  goTo(expected[0], expected[1], expected[2]))
+            << axes[0] << " " << axes[1] << " " << axes[2];
     }
     // An assignment is never taken back, a factor is.
-    EXPECT_EQ(aptOf(mill({{"ZX_LATHE_X_ASSIGNMENT", "-2*Z"}, {"ZX_LATHE_X_ASSIGNMENT", "+1"}}),
-                    "G1 X1 Y2 Z4"),
-              goTo(4, 2, 4));
-}
-
-TEST(AxisMapping, HoldsPositionsBeforeTheFactors) {
-    const std::string dialect = mill({{"ZX_LATHE_X_ASSIGNMENT", "+2"}});
-    EXPECT_EQ(aptOf(dialect, "G1 X10\nU10\nY1"), goTo(5, 0, 0) + goTo(10, 0, 0) + goTo(10, 1, 0));
+    expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", "-2*Z"}, {"ZX_LATHE_X_ASSIGNMENT", "+1"}}),
+              {{"G1 X1 Y2 Z4", goTo(4, 2, 4)}});
+    // Positions are held before the factors.
+    expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", "+2"}}),
+              {{"G1 X10\nU10\nY1", goTo(5, 0, 0) + goTo(10, 0, 0) + goTo(10, 1, 0)}});
 }
 
 TEST(ToolAxis, IsWrittenOnceBeforeTheFirstMovement) {
-    struct Axis {
-        const char* text;
-        const char* statement;
+    const auto axis = [](double x, double y, double z) {
+        return "TLAXIS" + goTo(x, y, z).substr(4);
     };
-    const Axis rows[] = {
-        {"0;1;0", "TLAXIS/    0.00000,    1.00000,    0.00000\n"},
-        {"-0.6;0;0.8", "TLAXIS/   -0.60000,    0.00000,    0.80000\n"},
-        {"1", "TLAXIS/    1.00000,    0.00000,    1.00000\n"},
-        {"0.5;1;", "TLAXIS/    0.50000,    1.00000,    1.00000\n"},
-        {";2", "TLAXIS/    0.00000,    2.00000,    1.00000\n"},
-        {";;5", "TLAXIS/    0.00000,    0.00000,    5.00000\n"},
-        {"1;2;3;4", "TLAXIS/    1.00000,    2.00000,    3.00000\n"},
-        {"0,7;1;0", "TLAXIS/    0.00000,    1.00000,    0.00000\n"},
-        {"", "TLAXIS/    0.00000,    0.00000,    1.00000\n"},
-    };
-    for (const Axis& row : rows) {
-        const std::string dialect =
-            mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}, {"MFG_INIT_SPINDLE", row.text}});
-        EXPECT_EQ(aptOf(dialect, "M8\nG1 X1\nX2"),
-                  std::string("COOLNT/ON\n") + row.statement + goTo(1, 0, 0) + goTo(2, 0, 0))
-            << row.text;
+    const std::pair<const char*, std::string> rows[] = {
+        {"0;1;0", axis(0, 1, 0)},   {"-0.6;0;0.8", axis(-0.6, 0, 0.8)},
+        {"1", axis(1, 0, 1)},       {"0.5;1;", axis(0.5, 1, 1)},
+        {";2", axis(0, 2, 1)},      {";;5", axis(0, 0, 5)},
+        {"1;2;3;4", axis(1, 2, 3)}, {"0,7;1;0", axis(0, 1, 0)},
+        {"", axis(0, 0, 1)}};
+    for (const auto& [text, statement] : rows) {
+        expectAPT(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}, {"MFG_INIT_SPINDLE", text}}),
+                  {{"M8\nG1 X1\nX2", "COOLNT/ON\n" + statement + goTo(1, 0, 0) + goTo(2, 0, 0)}});
     }
-    EXPECT_EQ(aptOf(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}), "G2 X10 I5"),
-              "TLAXIS/    0.00000,    0.00000,    1.00000\n" +
-                  arcTo({0, 1, 0}, {5, 0, 0}, 5, {10, 0, 0}));
+    expectAPT(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}),
+              {{"G2 X10 I5", axis(0, 0, 1) + arcTo({0, 1, 0}, {5, 0, 0}, 5, {10, 0, 0})}});
 }
 
 TEST(CircularMovement, WritesArcsInBothDirections) {
     const std::string start = rapidTo(10, 0, 0);
     const Point end = {0, 10, 0};
-    const Row rows[] = {
-        {"X10\nG2 X0 Y10 I-10 J0", start + arcTo({0, -1, 0}, kOrigin, 10, end)},
-        // The negated normal shows in the sign of zero.
-        {"X10\nG3 X0 Y10 I-10", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
-        {"X10\nG3 X0 Y10 I=AC(0)", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
-        {"X10\nG91 G3 X-10 Y10 I-10",
-         start + "MODE/INCR,ON\n" + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
-        {"X10\nG2 J5", start + arcTo({-1, 0, 0}, {10, 5, 0}, 5, {10, 0, 0})}, // a full circle
-        {"X10\nG2 X20 I5\nX30 I5", start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) +
-                                       arcTo({0, 1, 0}, {25, 0, 0}, 5, {30, 0, 0})},
-        {"X10\nG2 X20 I5\nG1 X0",
-         start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) + goTo(0, 0, 0)},
-        {"X10\nG2 X3 Y4 I-10 Z-1", start + arcTo({0, -1, 0}, kOrigin, std::sqrt(26.0), {3, 4, -1})},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(aptOf(markedMill(), row.nc), row.apt) << row.nc;
-    }
+    expectAPT(
+        markedMill(),
+        {{"X10\nG2 X0 Y10 I-10 J0", start + arcTo({0, -1, 0}, kOrigin, 10, end)},
+         // The negated normal shows in the sign of zero.
+         {"X10\nG3 X0 Y10 I-10", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
+         {"X10\nG3 X0 Y10 I=AC(0)", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
+         {"X10\nG91 G3 X-10 Y10 I-10",
+          start + "MODE/INCR,ON\n" + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
+         {"X10\nG2 J5", start + arcTo({-1, 0, 0}, {10, 5, 0}, 5, {10, 0, 0})}, // a full circle
+         {"X10\nG2 X20 I5\nX30 I5", start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) +
+                                        arcTo({0, 1, 0}, {25, 0, 0}, 5, {30, 0, 0})},
+         {"X10\nG2 X20 I5\nG1 X0",
+          start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) + goTo(0, 0, 0)},
+         {"X10\nG2 X3 Y4 I-10 Z-1",
+          start + arcTo({0, -1, 0}, kOrigin, std::sqrt(26.0), {3, 4, -1})}});
 }
 
 TEST(CircularMovement, TakesAbsoluteCentresWhereTheDialectSaysSo) {

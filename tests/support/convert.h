@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 struct Conversion {
     int code = 0;
@@ -19,6 +21,10 @@ inline constexpr std::string_view kLogHead =
 
 /// The APT of a conversion that must succeed.
 [[nodiscard]] std::string aptOf(std::string_view dialect, std::string_view nc);
+
+/// Expects that each NC text, converted on its own, gives the APT beside it.
+void expectAPT(std::string_view dialect,
+               const std::vector<std::pair<const char*, std::string>>& rows);
 
 /// "GOTO/x,y,z\n", as printf prints it.
 [[nodiscard]] std::string goTo(double x, double y, double z);
