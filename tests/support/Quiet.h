@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -12,23 +11,21 @@ public:
     Quiet() noexcept {
         (void)std::fflush(stdout);
         const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        for (std::size_t i = 0; i < m_saved.size(); ++i) {
-            m_saved[i] = fcntl(kStreams[i], F_DUPFD_CLOEXEC, kStreams[i]);
-            (void)dup2(nowhere, kStreams[i]);
-        }
+        (void)dup2(nowhere, STDOUT_FILENO);
+        (void)dup2(nowhere, STDERR_FILENO);
         (void)close(nowhere);
     }
     Quiet(const Quiet&) = delete;
     Quiet& operator=(const Quiet&) = delete;
     ~Quiet() {
         (void)std::fflush(stdout);
-        for (std::size_t i = 0; i < m_saved.size(); ++i) {
-            (void)dup2(m_saved[i], kStreams[i]);
-            (void)close(m_saved[i]);
-        }
+        (void)dup2(m_output, STDOUT_FILENO);
+        (void)dup2(m_error, STDERR_FILENO);
+        (void)close(m_output);
+        (void)close(m_error);
     }
 
 private:
-    static constexpr std::array<int, 2> kStreams = {STDOUT_FILENO, STDERR_FILENO};
-    std::array<int, 2> m_saved{};
+    int m_output = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDOUT_FILENO);
+    int m_error = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO);
 };
