@@ -59,8 +59,7 @@ TEST(Writers, TakeWhatIsNoTruthValueForItsSide) {
 
 TEST(CircleWriter, StartsAlongTheTangent) {
     EXPECT_EQ(arc(TRUE, {10, 0, 0}, {0, 0, 1}),
-              "AUTOPS\n"
-              "INDIRV/    0.00000,   -1.00000,     0.00000\n"
+              "AUTOPS\nINDIRV/    0.00000,   -1.00000,     0.00000\n"
               "TLON,GOFWD/(CIRCLE/      0.00000,       0.00000,       0.00000,$\n"
               "     10.00000),ON,(LINE/      0.00000,      0.00000,      0.00000,$\n"
               "      0.00000,     10.00000,      0.00000)\n");

@@ -23,12 +23,11 @@ std::string TempFolder::path(std::string_view name) const {
 }
 
 std::string TempFolder::write(std::string_view name, std::string_view bytes) const {
-    const std::string file = path(name);
-    std::ofstream stream(file, std::ios::binary);
-    if (!stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush()) {
-        throw std::runtime_error("cannot write " + file);
-    }
-    return file;
+    std::ofstream stream;
+    stream.exceptions(std::ios::failbit | std::ios::badbit);
+    stream.open(path(name), std::ios::binary);
+    stream << bytes << std::flush;
+    return path(name);
 }
 
 std::string TempFolder::read(std::string_view name) const { return readFile(path(name)); }
