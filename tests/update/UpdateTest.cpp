@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <map>
 #include <sstream>
 
 using testing::HasSubstr;
@@ -42,7 +43,8 @@ std::string coded(const Texts& plain) {
 }
 
 struct Updated {
-    int code = 0;
+    int code = -1; // stays when the process is to end
+    int exitStatus = 0;
     Texts lines;
     std::string errors;
 };
@@ -55,8 +57,7 @@ Updated update(const std::string& content) {
     const int descriptor = fileno(in);
     Updated result;
     CaptureStderr();
-    const int exitStatus = endOf([&] { result.code = updatePP(in, out); }).status;
-    result.code = exitStatus == -1 ? result.code : exitStatus;
+    result.exitStatus = endOf([&] { result.code = updatePP(in, out); }).status;
     result.errors = GetCapturedStderr();
     EXPECT_EQ(fcntl(descriptor, F_GETFD), -1);
     std::rewind(out);
@@ -116,7 +117,7 @@ TEST(UpdatePP, RefusesCorruptFiles) {
     }
     for (const char* const old : {"*5XGABEL 13", "*5XGABEL -2", "*MACHTYP MILL", "*ANFCHAR %"}) {
         const Updated result = update(coded({old}));
-        EXPECT_EQ(result.code, 99) << old;
+        EXPECT_EQ(result.exitStatus, 99) << old;
         EXPECT_EQ(result.errors, "Undefined Machine Type - no automatic update possible\n");
         EXPECT_THAT(result.lines, IsEmpty());
     }
@@ -139,49 +140,26 @@ TEST(Sections, ConvertEveryMachineType) {
 }
 
 TEST(Sections, FollowTheOldFileAndItsOddRules) {
-    // The lines behind the heading, and whether blocks are lost.
-    const std::tuple<SectionConverter, const char*, const char*, bool> rows[] = {
-        // Too short for a number: the machine word decides.
-        {setzeTdbUm, "*5XGABEL|*MACHTYP MY LATHE 3", "MFG_CLASS_NAME|NC_STANDARD_LATHE_MACHINES",
-         false},
-        {setzeTdbUm, "*5XGABEL ", "MFG_CLASS_NAME|NC_STANDARD_MACHINES", false},
-        // No kind and one out of range, then a direction without a value as the very last line of
-        // an axis, and a value that reads like a direction key.
-        {setzeTdbUm, "*5XGABEL 1|*5XKRDUA 4",
-         "MFG_CLASS_NAME|NC_TWO_AXIS_ON_HEAD_MACHINES|MFG_AXIS_PRIORITY|HEAD_FIRST", false},
-        {setzeTdbUm, "*5XGABEL 5|*PPNAMEN MFG_SPN_POS_WAY|*GOHOMEX 1|*5XKRDUA 2|*5XAL2DR",
-         "MFG_CLASS_NAME|NC_AXIS_ON_TABLE_HEAD_MACHINES|MFG_PP_NAME|MFG_SPN_POS_WAY|MFG_X_HOME_POS|"
-         "1|MFG_SPNDL_AXIS|B|MFG_SPN_POS_WAY||",
-         false},
-        {setzeStrUm, "*NOSUCHK 1|no key", "", false},
-        {setzeStrUm, "*ANFCHAR   123456789|*ANFCHAR",
-         "STRT_PROC_CHARACTER|123456|STRT_PROC_CHARACTER||", false},
-        {setzeStrUm, "*XYZINFK 1|*SATZNR2 2|*AUTROTB 3|*NOBLANK 0",
-         "PLANE_FACT_INCR|1|AUTO_MODE|3|NOBLANK|0", false},
-        {setzeIntUm, "*NOBLANK 5|*NOBLANK 0|*NOBLANK", "NOBLANK|0|NOBLANK|1|NOBLANK|1", false},
-        {setzeIntUm, "*NCRECFM 5|*5XAUSG2 2|*5XAUSG2 -99999999999|*5XAFDAG 7",
-         "RECORD_FORMAT_FIXED|-4|HAS_RTCP_TABLE|-1|HAS_RTCP_TABLE|2147483649|5X_FEED_HANDLING|7",
-         false},
-        {setzeR8Um, "*5XAFDAG 7|*5XWIDE3 1.23456789", "5X_FEED_HANDLING|7|5X_ANG_DIFF_3RD|1.234567",
-         false},
-        {setzeAdrUm, "*MITTEND )|*DEZKOMM|*MITTANF  (* a long comment opener",
-         "COMMENT_END|)|DECIMAL_POINT_REPRESENTATION||COMMENT_START|(* a long comment opener",
-         false},
-        {setzeBlkUm, "before every key|*CYCPL01|taken|*CYCPK35|taken|*MAKRO01|*ANFCHAR %", "",
-         false},
-        {setzeBlkUm, "*MAKRO01|lost", "", true},
-        {setzeBlkUm, "*CYCPL36|lost", "", true},
-        {setzeBlkUm, "*CYCPL01|taken|*CYCPL01|lost", "", true},
-        {setzeBlkUm, "*CYCAP01 text|lost", "", true},
-    };
-    for (const auto& [converter, old, expected, hasLostBlocks] : rows) {
-        CaptureStderr();
-        Texts section = converted(converter, split(old));
-        EXPECT_EQ(GetCapturedStderr(), hasLostBlocks ? kMacros : "") << old;
-        ASSERT_FALSE(section.empty());
-        section.erase(section.begin());
-        EXPECT_EQ(section, split(expected)) << old;
+    const std::map<std::string, SectionConverter> converters = {
+        {"tdb", setzeTdbUm}, {"str", setzeStrUm}, {"int", setzeIntUm}, {"r8", setzeR8Um},
+        {"adr", setzeAdrUm}, {"blk", setzeBlkUm}, {"lost", setzeBlkUm}};
+    std::string name, old;
+    int cases = 0;
+    for (const std::string& line : linesOf("oddRules.txt")) {
+        const std::size_t blank = std::min(line.find(' '), line.size() - 1);
+        if (line[0] == '>') {
+            CaptureStderr();
+            Texts section = converted(converters.at(name), split(old));
+            EXPECT_EQ(GetCapturedStderr(), name == "lost" ? kMacros : "") << old;
+            ASSERT_FALSE(section.empty());
+            section.erase(section.begin());
+            EXPECT_EQ(section, split(line.substr(blank + 1))) << old;
+            ++cases;
+        }
+        name = line.substr(0, blank);
+        old = line.substr(blank + 1);
     }
+    EXPECT_EQ(cases, 16);
     const Texts cycles =
         converted(setzeCycUm, split("*CYCMKOO 3|*CYCBH02|*CYCPK02|*CYCPL02|l1|l2"));
     ASSERT_EQ(cycles.size(), 1U + 34U * 5U + 6U);
@@ -193,16 +171,16 @@ TEST(VersionCopy, LetsTheOldNameWin) {
         "*NEWP559 45|*5XAL1DR new|*NEWP441 old value|*5XAL2NP kept|*NEWP446|*NEWP446 second"));
     EXPECT_EQ(versionCopy(lines.get()), 0);
     EXPECT_EQ(Texts(lines.get(), lines.get() + 6),
-              split("*5XNUT01 45|*5XAL1DR old value|*NEWP441 old value|*5XAL2NP "
-                    "kept|*5XAL3NP|*NEWP446 second"));
+              split("*5XNUT01 45|*5XAL1DR old value|*NEWP441 old value|*5XAL2NP kept|"
+                    "*5XAL3NP|*NEWP446 second"));
 }
 
 TEST(UnconvertedKeyLines, MarkWhatNoConverterTakes) {
     // The lines that are marked end in "!". Of a standard machine no axis setting is converted.
     for (const char* const old :
          {"*5XGABEL 1|*5XKRDAA 1|*5XKRDUA 2|*VERSION 5|*5XAL1DR replaced!|*NEWP441 1|*NEWP443 3!|"
-          "*5XAL2MX 1|*5XAL3MX 3!|*UNKNOWN 1!|block|*CYCAP01 a|*CYCAP01 second!|*CYCAP36 "
-          "none!|*CYCMKOO 1|"
+          "*5XAL2MX 1|*5XAL3MX 3!|*UNKNOWN 1!|block|*CYCAP01 a|*CYCAP01 second!|"
+          "*CYCAP36 none!|*CYCMKOO 1|"
           "*CYCANEN 1|*MITTANF (|*TOLERAN 1|*TOLERAN 2|*GOHOMEX 1|*CYCPK07|block",
           "*5XGABEL 0|*5XKRDAA 1!|*5XAL1MX 1!"}) {
         const CharFeldOwner lines = fieldOf(split(old));
