@@ -7,16 +7,6 @@
 
 #include <cstdlib>
 
-#include <sstream>
-
-/// The parts as one text.
-template<class... Parts>
-std::string joined(const Parts&... parts) {
-    std::ostringstream text;
-    (text << ... << parts);
-    return text.str();
-}
-
 inline const std::string kRule = std::string(50, '*') + "\n";
 
 /// The text of a heap string that the caller owns; "(none)" for null.
@@ -32,7 +22,7 @@ class MessageFixture : public testing::Test {
 protected:
     MessageFixture() {
         stddbg = open_memstream(&m_trace, &m_traceSize);
-        setenv("QMTEST", m_file.c_str(), 1);
+        setenv("QMTEST", m_folder.path("messages").c_str(), 1);
     }
     ~MessageFixture() override {
         freeErrorStack();
@@ -59,7 +49,6 @@ protected:
     }
 
     const TempFolder m_folder;
-    const std::string m_file = m_folder.path("messages");
     char* m_trace = nullptr;
     std::size_t m_traceSize = 0;
     std::size_t m_seen = 0;

@@ -69,8 +69,8 @@ Updated update(const std::string& content) {
 // The expected file was computed apart from this code, from the tables of keys alone.
 TEST(UpdatePP, ConvertsEveryKeyOfALargeFileInEveryLayout) {
     const std::string content = coded(linesOf("allKeys.old"));
-    std::string crlf, spaced = "\n\n";
-    std::string shifted; // the first line of 81 characters, the second of 79
+    // In the shifted layout the first line has 81 characters and the second 79.
+    std::string crlf, spaced = "\n\n", shifted;
     int number = 0;
     for (const std::string& line : split(content, '\n')) {
         crlf += line + "\r\n";
