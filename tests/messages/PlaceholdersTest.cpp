@@ -34,6 +34,8 @@ TEST_F(Placeholders, AreReplacedByTheCurrentParameters) {
     EXPECT_EQ(replaced("ab&I01cd", 6), "ab42c"); // ends with its NUL within the length
     EXPECT_EQ(replaced("abcdef&I01", 4), "abc");
     EXPECT_EQ(replaced("&I01", 0), "&I01");
+    error_ni4 = error_nr8 = error_nbchar = 99; // more than there are must not be read
+    EXPECT_EQ(replaced("&I13 &R13 &C06"), "&I13 &R13 &C06");
 }
 
 TEST_F(Placeholders, RealsHaveAPointInAnyLocale) {
@@ -64,7 +66,7 @@ TEST_F(Placeholders, NeverWriteBehindTheField) {
     };
     std::size_t grown = 0;
     for (int round = 0; round < 20000; ++round) {
-        error_ni4 = error_nr8 = below(15); // more than there are must not be read
+        error_ni4 = error_nr8 = below(15);
         error_nbchar = below(7);
         error_i4.fill(static_cast<std::int32_t>(random()));
         error_r8.fill(std::ldexp(static_cast<double>(random()), below(2000) - 1000));
