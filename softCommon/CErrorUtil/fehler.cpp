@@ -16,9 +16,11 @@ void printMessage(std::int32_t msgnr) {
         text.reset(CatGetShortMessage(msgnr));
     }
     const MessageOutput output = pf_foutput != nullptr ? pf_foutput : fehler_output_default;
-    output(severityLevel, msgnr, text.get());
+    // The first printer may change the level; that decides about the end, not about the second.
+    const std::int32_t severity = severityLevel;
+    output(severity, msgnr, text.get());
     if (pf_fstack != nullptr) {
-        pf_fstack(severityLevel, msgnr, text.get());
+        pf_fstack(severity, msgnr, text.get());
     }
 }
 

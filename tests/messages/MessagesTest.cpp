@@ -78,12 +78,12 @@ TEST_F(Messages, PrintersAreReplaceableAndMayReport) {
             msgnr == 1 ? fehler(2) : void();
             return 1;
         },
-        [](std::int32_t, std::int32_t msgnr, const char*) {
-            return std::fprintf(stddbg, "after %d\n", msgnr);
+        [](std::int32_t severity, std::int32_t msgnr, const char*) {
+            return std::fprintf(stddbg, "after %d %d\n", severity, msgnr);
         });
     SetErrStackPar(1, 0);
     fehler(9);
-    EXPECT_EQ(traced(), "1 1 one\n2 2 two\nafter 2\nafter 1\n");
+    EXPECT_EQ(traced(), "1 1 one\n2 2 two\nafter 2 2\nafter 1 1\n");
 }
 
 TEST_F(Messages, MessageFileMustBeReadable) {
