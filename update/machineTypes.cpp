@@ -54,7 +54,7 @@ constexpr std::array<MachineType, kMachineTypes> kTypes = {{
     {&kStandardLathe, 1},
 }};
 
-int readType(char* const* lines) noexcept {
+long readType(char* const* lines) noexcept {
     const char* const fork = suche_paramter(lines, kForkKey);
     if (fork != nullptr && strnlen(fork, kSeparatorColumn) == kSeparatorColumn) {
         return integerFromColumn(fork, kSeparatorColumn);
@@ -66,6 +66,6 @@ int readType(char* const* lines) noexcept {
 } // namespace
 
 const MachineType* findMachineType(char* const* lines) noexcept {
-    const int type = readType(lines);
+    const long type = readType(lines);
     return type < 0 || type >= kMachineTypes ? nullptr : &kTypes[static_cast<std::size_t>(type)];
 }

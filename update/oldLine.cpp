@@ -39,6 +39,6 @@ HeapText trimmedColumns(const char* line, std::size_t column, std::size_t width)
     return text;
 }
 
-std::int32_t integerFromColumn(const char* line, std::size_t column) noexcept {
-    return line == nullptr ? 0 : readInteger(textFromColumn(line, column));
+long integerFromColumn(const char* line, std::size_t column) noexcept {
+    return line == nullptr ? 0 : readLong(textFromColumn(line, column));
 }

@@ -3,7 +3,6 @@
 #include "paramfile/HeapText.h"
 
 #include <cstddef>
-#include <cstdint>
 
 /// One line of an old parameter file: "*" and seven characters make its key, column 9 is blank, the
 /// value begins in column 10. Columns are counted from 1; a column behind the end of a line counts
@@ -29,4 +28,4 @@ inline constexpr std::size_t kWholeRest = SIZE_MAX;
                                       std::size_t width = kWholeRest) noexcept;
 
 /// The decimal integer at `column` of `line`, 0 without digits; a null line is an empty one.
-[[nodiscard]] std::int32_t integerFromColumn(const char* line, std::size_t column) noexcept;
+[[nodiscard]] long integerFromColumn(const char* line, std::size_t column) noexcept;

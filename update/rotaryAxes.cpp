@@ -81,14 +81,14 @@ int copyKeys(std::span<const char* const> list, int flag, RotaryKeys& keys, int&
 
 } // namespace
 
-std::span<const char* const> oldRotaryKeys(int kind) noexcept {
+std::span<const char* const> oldRotaryKeys(long kind) noexcept {
     if (kind < 1 || kind > kKinds) {
         return {};
     }
     return kOldKeys[kind - 1];
 }
 
-int setzeKennerAlt(int kind, int flag, RotaryKeys& keys, int& count) noexcept {
+int setzeKennerAlt(long kind, int flag, RotaryKeys& keys, int& count) noexcept {
     return copyKeys(oldRotaryKeys(kind), flag, keys, count);
 }
 

@@ -14,12 +14,12 @@ using RotaryKeys = std::array<HeapText, kRotaryKeys>;
 
 /// The old key set of a rotary axis kind (1, 2 or 3), without copies; empty for any other kind. The
 /// first entry is the letter of the axis, not a key; the last one counts for nutators only.
-[[nodiscard]] std::span<const char* const> oldRotaryKeys(int kind) noexcept;
+[[nodiscard]] std::span<const char* const> oldRotaryKeys(long kind) noexcept;
 
 /// Fills `keys` with the old key set of the axis `kind` and sets `count` to 8, or to 9 when `flag`
 /// is 1. What `keys` held is released first. Any other kind leaves `keys` empty. Returns 0, or 1
 /// when memory is exhausted.
-[[nodiscard]] int setzeKennerAlt(int kind, int flag, RotaryKeys& keys, int& count) noexcept;
+[[nodiscard]] int setzeKennerAlt(long kind, int flag, RotaryKeys& keys, int& count) noexcept;
 
 /// The same for the new key set of the rotary axis number `axis` (1 or 2) of a machine class; empty
 /// for a class without rotary axes.

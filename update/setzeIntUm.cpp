@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstring>
 #include <iterator>
 
@@ -15,7 +16,9 @@ struct Rule {
     long (*apply)(long oldNumber) noexcept;
 };
 
-long oneMinus(long number) noexcept { return 1 - number; }
+long oneMinus(long number) noexcept {
+    return number < -LONG_MAX + 1 ? LONG_MAX : 1 - number; // stops at the limit
+}
 long isZero(long number) noexcept { return number == 0 ? 1 : 0; }
 
 // Keys whose sense turned round between the generations. The two inversions differ for numbers

@@ -21,7 +21,7 @@ HeapText machineValue(const KeyMapping& /*mapping*/, const char* line) noexcept 
 char** addAxis(char** out, char* const* lines, int axis, const char* kindKey, const char* className,
                int flag) noexcept {
     CharFeldOwner owned(out);
-    const int kind = integerFromColumn(suche_paramter(lines, kindKey), kSeparatorColumn);
+    const long kind = integerFromColumn(suche_paramter(lines, kindKey), kSeparatorColumn);
     RotaryKeys oldKeys;
     RotaryKeys newKeys;
     int count = 0;

@@ -23,7 +23,7 @@ void markLookup(char* const* lines, const char* key, bool* taken) noexcept {
 
 void markAxis(char* const* lines, const char* kindKey, int flag, bool* taken) noexcept {
     markLookup(lines, kindKey, taken);
-    const int kind = integerFromColumn(suche_paramter(lines, kindKey), kSeparatorColumn);
+    const long kind = integerFromColumn(suche_paramter(lines, kindKey), kSeparatorColumn);
     const std::span<const char* const> keys = oldRotaryKeys(kind);
     for (std::size_t i = 1; i + (flag == 1 ? 0U : 1U) < keys.size(); ++i) {
         markLookup(lines, keys[i], taken);

@@ -7,12 +7,12 @@
 #include <locale.h>
 
 std::int32_t readInteger(const char* text) noexcept {
-    // strtol saturates at the limits of long, so the clamp sees the right side of the range.
-    const long number = std::strtol(text, nullptr, 10);
-    return static_cast<std::int32_t>(std::clamp<long>(number,
+    return static_cast<std::int32_t>(std::clamp<long>(readLong(text),
                                                       std::numeric_limits<std::int32_t>::min(),
                                                       std::numeric_limits<std::int32_t>::max()));
 }
+
+long readLong(const char* text) noexcept { return std::strtol(text, nullptr, 10); }
 
 double readReal(const char* text) noexcept {
     // The "C" locale object is static in the C library: made once, it needs no memory and no end.

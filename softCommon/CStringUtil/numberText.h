@@ -8,5 +8,8 @@
 /// sign, digits; 0 without digits), clamped to 32 bits instead of overflowing.
 [[nodiscard]] std::int32_t readInteger(const char* text) noexcept;
 
+/// The same in the range of long, whose limits it stops at.
+[[nodiscard]] long readLong(const char* text) noexcept;
+
 /// The real number at the start of `text`, with the syntax of `atof` (0.0 without digits).
 [[nodiscard]] double readReal(const char* text) noexcept;
