@@ -2,6 +2,7 @@
 
 #include "cli/movementCommands.h"
 #include "commands/EndCommand.h"
+#include "commands/RegularCommand.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codingMarks.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
@@ -18,6 +19,7 @@ using enum FindingKind;
 
 constexpr const char* kLatheSuffix = "_LATHE";
 constexpr const char* kClassKey = "MFG_CLASS_NAME";
+constexpr const char* kToolWordKey = "REV_TLCHG_TLADR";
 constexpr const char* kCentreModeKey = "CIRCLE_CENTER_ABS";
 constexpr std::size_t kLongestLine = 254; // with its line end it fills the buffer of the scan
 
@@ -62,6 +64,12 @@ std::string spelled(const Key& key, bool isLathe) {
     return std::string(key.text) + (key.exact && isLathe ? kLatheSuffix : "");
 }
 
+// Without an incremental word, and on a lathe without a second axis, a dialect is complete.
+bool isOptional(const Key& key, bool isLathe) noexcept {
+    const std::string_view text = key.text;
+    return text.ends_with("_INCR") || (isLathe && text == "2ND_COORDINATE");
+}
+
 // What a later entry has to have in common with an earlier one to replace it: the command, or else
 // the key.
 const void* targetOf(const RecordingScan::Entry& entry) noexcept {
@@ -81,7 +89,7 @@ constexpr AbsentKey kAbsentKeys[] = {
     {"SPINDLE_STOP", "SPINDLE_OFF_LATHE", false, ""},
     {"SPINDLE_OFF_LATHE", "SPINDLE_STOP", true, ""},
     {"REV_TLCHG_COM", nullptr, false, ": the tool change is M6"},
-    {"REV_TLCHG_TLADR", nullptr, false, ": the tool number stands behind T"},
+    {kToolWordKey, nullptr, false, ": the tool number stands behind T"},
     {"DECIMAL_POINT_REPRESENTATION", nullptr, false, ": numbers have no decimal point"},
     {"MFG_INIT_SPINDLE", nullptr, false, ": the tool axis is (0, 0, 1)"},
     {"ZX_LATHE_X_ASSIGNMENT", nullptr, true, ""},
@@ -194,11 +202,14 @@ void ParamCheck::checkEntry(const Entry& entry) {
     }
     if (IsScannedKey(entry.value) || isHeading(entry.value)) {
         m_findings.Add(kValueIsKey, entry.line, entry.text, entry.value);
+    } else if ((entry.command != nullptr || entry.word != nullptr) && looksLikeKey(entry.value) &&
+               entry.value.find('_') != std::string::npos) {
+        m_findings.Add(kValueLikeKey, entry.line, entry.text, entry.value);
     }
-    // Behind the value: a line that is passed over, then the number format.
+    // Behind the value: a line that is passed over, then the number format. Either may be any text.
     for (long line = entry.line + 2; line <= entry.lastLine; ++line) {
         const std::string& text = m_lines[static_cast<std::size_t>(line - 1)];
-        if (IsScannedKey(text) || isHeading(text) || looksLikeKey(text)) {
+        if (IsScannedKey(text) || isHeading(text)) {
             m_findings.Add(kFormatMissing, entry.line, entry.text, text);
             break;
         }
@@ -226,29 +237,36 @@ void ParamCheck::checkLengths() {
     }
 }
 
-// The class must be known before the keys that have variants are read.
+// The class must be known before the keys that have variants are read. A key without a value, or
+// one that is set properly behind the class, does no harm.
 void ParamCheck::checkVariants() {
     const bool isLathe = m_scan.IsLathe();
     const auto classEntry = std::ranges::find_if(m_scan.Entries(), [](const Entry& entry) {
         return entry.key == ParamScan::ClassKeys().data() && !entry.value.empty();
     });
     const long classLine = classEntry == m_scan.Entries().end() ? 0 : classEntry->line;
-    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+    for (std::size_t i = 0; i + 1 < m_lines.size(); ++i) {
         const auto line = static_cast<long>(i) + 1;
+        const std::string& text = m_lines[i];
         const Entry* const entry = m_entryOfLine[i];
-        if (entry != nullptr && entry->line != line) {
-            continue; // a value
+        const Key* const own = exactKeyOf(text, isLathe);
+        const Key* const key = own != nullptr ? own : exactKeyOf(text, !isLathe);
+        const bool isValue = entry != nullptr && entry->line != line;
+        const bool isEarly = line < classLine;
+        if (key == nullptr || isValue || m_lines[i + 1].empty() || (own != nullptr && !isEarly)) {
+            continue;
         }
-        const Key* const own = exactKeyOf(m_lines[i], isLathe);
-        const Key* const other = exactKeyOf(m_lines[i], !isLathe);
-        if (line < classLine && (own != nullptr || other != nullptr)) {
-            m_findings.Add(isLathe ? kBeforeLatheClass : kBeforeClass, line, m_lines[i]);
-        } else if (other != nullptr && entry == nullptr) {
-            const bool isMissing = std::ranges::none_of(
-                m_inForce, [other](const Entry* candidate) { return candidate->key == other; });
-            if (isMissing) {
-                m_findings.Add(kWrongVariant, line, m_lines[i], spelled(*other, isLathe));
-            }
+        const auto inForce = std::ranges::find(m_inForce, key, &Entry::key);
+        if (inForce != m_inForce.end() && (*inForce)->line > classLine) {
+            continue;
+        }
+        if (isEarly && isLathe) {
+            m_findings.Add(kBeforeLatheClass, line, text);
+        } else if (own != nullptr) {
+            m_findings.Add(kBeforeClass, line, text);
+        } else if (inForce == m_inForce.end()) {
+            m_findings.Add(isOptional(*key, isLathe) ? kWrongOptionalVariant : kWrongVariant, line,
+                           text, spelled(*key, isLathe));
         }
     }
 }
@@ -293,13 +311,24 @@ void ParamCheck::checkCodes() {
     }
 }
 
+// The word of the tool number is no entry of its own: a key only renames it.
 void ParamCheck::checkLetters() {
-    std::map<std::string, const Entry*> uses;
+    std::map<std::string, std::string> uses;
+    const auto* const toolChange = dynamic_cast<const RegularCommand*>(
+        m_model.Machinestatus().GetToolCom()->GetActiveCommand());
+    const Parameter* const toolWord = toolChange == nullptr ? nullptr : toolChange->GetToolParm();
+    const auto isToolKey = [](const Entry* entry) {
+        return std::strcmp(entry->key->text, kToolWordKey) == 0;
+    };
+    if (toolWord != nullptr && std::ranges::none_of(m_inForce, isToolKey)) {
+        uses[toolWord->GetSyntaxString()] = "the default tool word";
+    }
     for (const Entry* const entry : m_inForce) {
-        if (entry->word != nullptr) {
-            const auto [use, isNew] = uses.try_emplace(entry->word->GetSyntaxString(), entry);
+        const Parameter* const word = isToolKey(entry) ? toolWord : entry->word;
+        if (word != nullptr) {
+            const auto [use, isNew] = uses.try_emplace(word->GetSyntaxString(), entry->text);
             if (!isNew) {
-                m_findings.Add(kSameLetters, entry->line, entry->text, use->second->text);
+                m_findings.Add(kSameLetters, entry->line, entry->text, use->second);
             }
         }
     }

@@ -19,6 +19,8 @@ enum class FindingKind : std::size_t {
     kMarkMissing,
     kSectionMissing,
     kBeforeClass,
+    kWrongOptionalVariant,
+    kValueLikeKey,
     kCentreModeEarly,
     kSameEndCode,
     kSameLetters,
