@@ -92,9 +92,28 @@ private:
     bool m_exists = false;
 };
 
+// The file that `name` leads to, which need not exist, also when it is a link: a link stays.
+std::filesystem::path followLinks(const char* name, std::error_code& error) {
+    constexpr int kMostLinks = 40; // as the system follows
+    std::filesystem::path target = name;
+    for (int i = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(target, error));
+         ++i) {
+        if (i == kMostLinks) {
+            error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+            return target;
+        }
+        // An absolute link replaces the folder that it is appended to.
+        target = target.parent_path() / std::filesystem::read_symlink(target, error);
+        if (error) {
+            return target;
+        }
+    }
+    return std::filesystem::weakly_canonical(target, error);
+}
+
 int replaceFile(std::FILE* content, const char* name, const struct stat* old) {
     std::error_code error;
-    const std::filesystem::path target = std::filesystem::weakly_canonical(name, error);
+    const std::filesystem::path target = followLinks(name, error);
     // A file that must not be written is not replaced either.
     if (error || (old != nullptr && access(target.c_str(), W_OK) != 0)) {
         errno = error ? error.value() : errno;
