@@ -10,6 +10,12 @@
 #include <cstring>
 #include <new>
 
+namespace {
+
+constexpr std::size_t kLargestFile = 64U * 1024 * 1024;
+
+} // namespace
+
 int ParamInput::Read(const char* name) {
     const bool isStandardInput = std::strcmp(name, "-") == 0;
     m_name = isStandardInput ? "standard input" : name;
@@ -22,6 +28,11 @@ int ParamInput::Read(const char* name) {
             break;
         }
         m_content.append(buffer.data(), length);
+        // Neither gets better with what follows, and the input may be endless.
+        if (m_content.size() > kLargestFile ||
+            std::memchr(buffer.data(), '\0', length) != nullptr) {
+            break;
+        }
     }
     if (source == nullptr || std::ferror(source) != 0) {
         return failWith(Name(), "cannot be read: " + std::string(std::strerror(errno)));
@@ -34,6 +45,9 @@ int ParamInput::Read(const char* name) {
         const auto line = std::count(m_content.begin(), zero, '\n') + 1;
         return failWith(Name(),
                         "no parameter file: line " + std::to_string(line) + " holds a byte 0");
+    }
+    if (m_content.size() > kLargestFile) {
+        return failWith(Name(), "no parameter file: it has more than 64 MiB");
     }
     return kParamDone;
 }
