@@ -18,5 +18,5 @@ int decodeCommand(const ParamInput& in, std::FILE* out);
 /// when the machine type cannot be told.
 int updateCommand(const ParamInput& in, std::FILE* out);
 /// Explains a file of any generation, for people. Fails when it finds an error. Ends the process as
-/// updateCommand does.
+/// updateCommand does; what it wrote until then is to be shown.
 int checkCommand(const ParamInput& in, std::FILE* out);

@@ -171,7 +171,7 @@ private:
 int main(int argc, char** argv, char** envp) try {
     occupyStandardDescriptors();
     if (argc == 2 && printsInformation(argv[1])) {
-        return std::fflush(stdout) == 0 ? 0 : 1;
+        return flushStandardOutput("quillmark") ? 0 : 1;
     }
     FrontEndOptions options = readFrontEndOptions(argc, argv);
     if (options.usageError != nullptr) {

@@ -94,8 +94,21 @@ const ParamCommand* findCommand(std::span<char*> arguments) noexcept {
     return nullptr;
 }
 
+struct Call {
+    const ParamCommand& command;
+    const char* inName;
+    std::FILE* out;
+};
+
+// A report is of use as far as it goes; the file of a command is not.
 void reportEnd(void* context, const ProcessEnd& /*end*/) {
-    (void)failWith(static_cast<const ParamInput*>(context)->Name(), "cannot be updated");
+    const Call& call = *static_cast<const Call*>(context);
+    if (call.command.hasOutput) {
+        (void)failWith(call.inName, "cannot be updated");
+    } else {
+        (void)writeWholeFile(call.out, "-");
+        (void)failWith(call.inName, "the machine type cannot be told, and without it nothing else");
+    }
 }
 
 int runCommand(const ParamCommand& command, const char* inName, const char* outName) {
@@ -107,7 +120,8 @@ int runCommand(const ParamCommand& command, const char* inName, const char* outN
     if (out == nullptr) {
         return failWith(inName, "no temporary file: " + std::string(std::strerror(errno)));
     }
-    setProcessEndHook(reportEnd, &in);
+    Call call{command, in.Name(), out.get()};
+    setProcessEndHook(reportEnd, &call);
     const int status = command.run(in, out.get());
     setProcessEndHook(nullptr, nullptr);
     if (command.hasOutput && status != kParamDone) {
@@ -126,7 +140,7 @@ int runCommand(const ParamCommand& command, const char* inName, const char* outN
 int main(int argc, char** argv) {
     occupyStandardDescriptors();
     if (argc == 2 && printsInformation(argv[1])) {
-        return std::fflush(stdout) == 0 ? kParamDone : kParamFailed;
+        return flushStandardOutput("quillmark-param") ? kParamDone : kParamFailed;
     }
     const std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
     const ParamCommand* const command = arguments.empty() ? nullptr : findCommand(arguments);
