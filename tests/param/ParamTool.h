@@ -1,11 +1,11 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/support/TempFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
 
@@ -18,48 +18,33 @@ protected:
         std::string err;
     };
 
-    ParamTool() : m_folder(makeFolder()) {}
-    ~ParamTool() override { std::filesystem::remove_all(m_folder); }
-
-    [[nodiscard]] std::string path(const std::string& name) const { return m_folder / name; }
-
-    void write(const std::string& name, const std::string& content) const {
-        std::ofstream(path(name), std::ios::binary) << content;
+    void write(const char* name, const std::string& content) const {
+        m_folder.write(name, content);
     }
-    [[nodiscard]] std::string read(const std::string& name) const {
-        std::ifstream in(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    [[nodiscard]] bool exists(const std::string& name) const {
+    [[nodiscard]] std::string read(const char* name) const { return m_folder.read(name); }
+    [[nodiscard]] std::string path(const char* name) const { return m_folder.path(name); }
+    [[nodiscard]] bool exists(const char* name) const {
         return std::filesystem::exists(path(name));
     }
-    /// The entries of the folder beside those that running made.
+    /// The entries of the folder.
     [[nodiscard]] long files() const {
-        return std::distance(std::filesystem::directory_iterator(m_folder), {});
+        return std::distance(std::filesystem::directory_iterator(m_folder.path()), {});
     }
 
     /// Runs a shell command in the folder; a redirection in it overrides those to the results.
     [[nodiscard]] Run shell(const std::string& command) const {
-        const std::string results = path("results");
-        std::filesystem::create_directory(results);
-        const std::string line = "cd '" + m_folder.string() + "' && { " + command +
-                                 "\n} </dev/null >results/out 2>results/err";
+        const std::string line = "cd '" + m_folder.path() + "' && { " + command +
+                                 "\n} </dev/null >'" + m_results.path("out") + "' 2>'" +
+                                 m_results.path("err") + "'";
         const int ended = std::system(line.c_str());
-        Run run{WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, read("results/out"),
-                read("results/err")};
-        std::filesystem::remove_all(results);
-        return run;
+        return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, m_results.read("out"),
+                m_results.read("err")};
     }
     [[nodiscard]] Run param(const std::string& arguments) const {
         return shell(QUILLMARK_PARAM " " + arguments);
     }
 
 private:
-    static std::filesystem::path makeFolder() {
-        std::string name = std::filesystem::temp_directory_path() / "quillmark-XXXXXX";
-        EXPECT_NE(mkdtemp(name.data()), nullptr);
-        return name;
-    }
-
-    std::filesystem::path m_folder;
+    TempFolder m_folder;
+    TempFolder m_results;
 };
