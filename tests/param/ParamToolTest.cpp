@@ -5,6 +5,7 @@
 #include <random>
 #include <utility>
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -78,13 +79,11 @@ TEST_F(ParamTool, CodesAFileThatWorksAsThePlainOneAndComesBackPlain) {
     }
 }
 
-TEST_F(ParamTool, UpdatesAFileWithEveryOldKey) {
-    ASSERT_EQ(param("encode-old " UPDATE_DATA "allKeys.old old.pp").status, 0);
-    ASSERT_EQ(param("update old.pp new.pp").status, 0);
-    EXPECT_EQ(shell("cmp new.pp " UPDATE_DATA "allKeys.new").status, 0);
-}
-
-TEST_F(ParamTool, WarnsOfOldFilesThatCannotMove) {
+TEST_F(ParamTool, UpdatesOldFilesAndWarnsOfThoseThatCannotMove) {
+    ASSERT_EQ(shell(QUILLMARK_PARAM " encode-old " UPDATE_DATA "allKeys.old - | " QUILLMARK_PARAM
+                                    " update - - | cmp - " UPDATE_DATA "allKeys.new")
+                  .status,
+              0);
     write("old.txt", kOld);
     write("part.nc", kProgram);
     ASSERT_EQ(param("encode-old old.txt old.pp").status, 0);
@@ -93,8 +92,7 @@ TEST_F(ParamTool, WarnsOfOldFilesThatCannotMove) {
           QUILLMARK_PARAM " check old.pp"}) {
         const Run run = shell(call);
         EXPECT_EQ(run.status, 0);
-        EXPECT_THAT(run.err + run.out, HasSubstr("warning: "));
-        EXPECT_THAT(run.err + run.out, HasSubstr("configures no movement command"));
+        EXPECT_THAT(run.err + run.out, ContainsRegex("warning: .*configures no movement command"));
     }
     EXPECT_THAT(read("new.pp"), StartsWith("##### Header\n#FILE:       UNCODED\n"));
     EXPECT_THAT(read("new.pp"), HasSubstr("##### Address Section\nCOMMENT_START\n(\n"));
@@ -185,9 +183,8 @@ TEST_F(ParamTool, RefusesWhatACommandCannotDo) {
     EXPECT_EQ(files(), before);
     EXPECT_EQ(read("onfirst"), "#FILE: UNCODED Header\n" + body);
     EXPECT_EQ(shell(QUILLMARK " --help >&-").status, 1);
-    for (const char* const call :
-         {"", "decode", "decode a", "decode a b c", "check a b", "unknown a", "--help decode",
-          "decode --help x", "check ''", "check -x"}) {
+    for (const char* const call : {"", "decode a", "decode a b c", "check a b", "unknown a",
+                                   "--help decode", "check ''", "check -x"}) {
         const Run run = param(call);
         EXPECT_EQ(run.status, 2) << call;
         EXPECT_THAT(run.err, StartsWith("usage: quillmark-param encode IN OUT\n")) << call;
