@@ -19,7 +19,9 @@ int failWriting(const char* name) {
 }
 
 bool copyStream(std::FILE* from, std::FILE* to) noexcept {
-    std::rewind(from);
+    if (std::fseek(from, 0, SEEK_SET) != 0) {
+        return false;
+    }
     std::array<char, 16384> buffer{};
     while (const std::size_t length = std::fread(buffer.data(), 1, buffer.size(), from)) {
         if (std::fwrite(buffer.data(), 1, length, to) != length) {
