@@ -13,6 +13,8 @@ namespace {
 
 Fault* g_armed = nullptr;
 
+constexpr int kReasons[] = {ENOMEM, ENOMEM, EMFILE, EIO, ENOSPC, EIO};
+
 } // namespace
 
 Fault::Fault(FaultKind kind, long index, std::function<void()> action)
@@ -25,15 +27,22 @@ Fault::~Fault() { g_armed = nullptr; }
 bool Fault::isArmed() noexcept { return g_armed != nullptr; }
 
 bool Fault::strikes(FaultKind kind) {
-    if (g_armed == nullptr || g_armed->m_kind != kind || g_armed->m_left-- != 0) {
+    if (g_armed == nullptr) {
+        return false;
+    }
+    const bool isForGood = g_armed->m_kind == FaultKind::kMemoryForGood;
+    if (kind != (isForGood ? FaultKind::kMemory : g_armed->m_kind)) {
+        return false;
+    }
+    const long left = g_armed->m_left--;
+    if (left > 0 || (left < 0 && !isForGood)) {
         return false;
     }
     if (g_armed->m_action) {
         g_armed->m_action();
         return false;
     }
-    constexpr int kReasons[] = {ENOMEM, EMFILE, EIO, ENOSPC, EIO};
-    errno = kReasons[static_cast<int>(kind)];
+    errno = kReasons[static_cast<std::size_t>(kind)];
     return true;
 }
 

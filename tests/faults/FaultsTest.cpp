@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,6 +31,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 #include <vector>
+
+int paramToolMain(int argc, char** argv);
 
 using testing::AnyOf;
 using testing::StartsWith;
@@ -45,6 +48,17 @@ std::string codedNew(const std::string& plainFile) {
         file.append(*line).append("\n");
     }
     return file;
+}
+
+// The first lines of every key hold a machine with two rotary axes.
+std::string oldLines() {
+    std::ifstream in(OLD_LINES);
+    std::string text;
+    std::string line;
+    for (int i = 0; i < 60 && std::getline(in, line); ++i) {
+        text.append(line).append("\n");
+    }
+    return text;
 }
 
 std::string codedOld(const std::string& plain) {
@@ -104,7 +118,7 @@ protected:
     const std::string m_plain =
         m_folder.write("plain.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}));
     const std::string m_coded = m_folder.write("coded.pp", codedNew(m_plain));
-    const std::string m_old = m_folder.write("old.pp", codedOld(readFile(OLD_LINES)));
+    const std::string m_old = m_folder.write("old.pp", codedOld(oldLines()));
 };
 
 // Fails each call in turn until a run passes without reaching the fault.
@@ -115,14 +129,15 @@ TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
         long atLeast;        // faults
     };
     const Row rows[] = {
-        {FaultKind::kMemory, {0, kMemoryExhausted}, 1000},
+        {FaultKind::kMemory, {0, kMemoryExhausted}, 700},
+        {FaultKind::kMemoryForGood, {0, kMemoryExhausted}, 700},
         {FaultKind::kOpen,
          {kNCFileUnreadable, kOutputFileUnwritable, kLogFileUnwritable, kParameterFileUnreadable,
           kNoTemporaryFile, kUpdateFailed},
          17},
         {FaultKind::kRead,
          {kNCFileUnreadable, kParameterFileUnreadable, kParameterFileEndsEarly, kUpdateFailed},
-         500},
+         300},
         {FaultKind::kWrite,
          {kOutputFileUnwritable, kLogFileUnwritable, kNoTemporaryFile, kUpdateFailed},
          500},
@@ -153,6 +168,48 @@ TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
         EXPECT_EQ(seen, codes) << "kind " << static_cast<int>(kind);
         EXPECT_GE(faults, atLeast) << "kind " << static_cast<int>(kind);
         RecordProperty("faults" + std::to_string(static_cast<int>(kind)), static_cast<int>(faults));
+    }
+}
+
+// The tool for parameter files, whose main function has another name here.
+TEST_F(Faults, OfTheParameterToolLeaveTheOldFileOrTheNew) {
+    const std::string lines = m_folder.write("old.txt", oldLines());
+    const std::string out = m_folder.path("out.pp");
+    const std::vector<std::string> commands[] = {
+        {"encode", m_plain, out}, {"encode-old", lines, out}, {"decode", m_coded, out},
+        {"update", m_old, out},   {"check", m_plain},
+    };
+    const auto run = [](const std::vector<char*>& argv) {
+        const Quiet quiet;
+        return paramToolMain(static_cast<int>(argv.size()) - 1, const_cast<char**>(argv.data()));
+    };
+    for (const auto& command : commands) {
+        std::string program = "quillmark-param";
+        std::vector<char*> argv = {program.data()};
+        for (const std::string& argument : command) {
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        }
+        argv.push_back(nullptr);
+        EXPECT_EQ(run(argv), 0) << command[0];
+        const std::string expected = readFile(out);
+        for (const FaultKind kind :
+             {FaultKind::kMemory, FaultKind::kMemoryForGood, FaultKind::kOpen, FaultKind::kRead,
+              FaultKind::kWrite, FaultKind::kSeek}) {
+            bool isReached = true;
+            for (long call = 0; isReached; ++call) {
+                m_folder.write("out.pp", "before");
+                int status = 0;
+                {
+                    const Fault fault(kind, call);
+                    status = run(argv);
+                    isReached = fault.happened();
+                }
+                const bool hasOutput = command.size() == 3;
+                EXPECT_EQ(readFile(out), status == 0 && hasOutput ? expected : "before")
+                    << command[0] << " " << static_cast<int>(kind) << " " << call;
+                EXPECT_TRUE(status == 0 || (status == 1 && isReached)) << command[0] << status;
+            }
+        }
     }
 }
 
