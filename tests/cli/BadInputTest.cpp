@@ -24,13 +24,11 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
 -p /dev/stdin|305|cannot rewind parameter file '/dev/stdin': Illegal seek
 -p fmax.pp|345|unsupported dialect in parameter file 'fmax.pp': programs in conversational format cannot be converted
 -nc x.nc|200|cannot read NC file 'x.nc': No such file or directory
--of no/o -ot TOOLPATH|201|the requested kind of output is not APT: leave out -ot or write -ot APT
+-l l -of no/o -ot TOOLPATH|201|the requested kind of output is not APT: leave out -ot or write -ot APT
 -of no/o -l no/l -ot TOOLPATH|203|cannot write log file 'no/l': No such file or directory
 -of no/o|202|cannot write output file 'no/o': No such file or directory
--of folder|202|cannot write output file 'folder': Is a directory
 -of /dev/full -l /dev/full|202|cannot write output file '/dev/full': No space left on device
 -of a.nc -l l|202|cannot write output file 'a.nc': it is an input of this run
--of ./folder/../a.pp|202|cannot write output file './folder/../a.pp': it is an input of this run
 -nc link.nc -of a.nc|202|cannot write output file 'a.nc': it is an input of this run
 -of hard.pp|202|cannot write output file 'hard.pp': it is an input of this run
 -l /dev/full|203|cannot write log file '/dev/full': No space left on device

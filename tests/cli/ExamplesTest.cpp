@@ -19,8 +19,7 @@ TEST(Examples, GiveTheirExpectedFiles) {
         const ProgramResult run = runProgram(
             {QUILLMARK_PROGRAM, "-p", example + "/dialect.pp", "-nc", example + "/part.nc", "-of",
              folder.path("part.apt"), "-l", folder.path("part.log"), "--quiet"});
-        EXPECT_EQ(run.status, 0) << run.err;
-        EXPECT_EQ(run.out + run.err, "") << example;
+        EXPECT_EQ(std::to_string(run.status) + run.out + run.err, "0") << example;
         EXPECT_EQ(folder.read("part.apt"), readFile(example + "/part.apt")) << example;
         EXPECT_EQ(folder.read("part.log"), readFile(example + "/part.log")) << example;
     }

@@ -118,10 +118,7 @@ TEST_F(Report, IsWrittenAfterFailures) {
                                 "  \"exit_status\": 200,\n")));
     EXPECT_EQ(runAlone("--report r").status, 100);
     EXPECT_THAT(m_folder.read("r"), HasSubstr("\"return_code\": 100,"));
-}
-
-// A full disk shows at the end: the conversion is complete, its own failure would outrank it.
-TEST_F(Report, GoesToDevices) {
+    // A full disk shows at the end: the conversion is complete, its own failure would outrank it.
     EXPECT_EQ(run("--report /dev/full --strict").status, 2);
     EXPECT_EQ(m_folder.read("o"), goTo(1, 0, 0));
     EXPECT_EQ(run("--report /dev/full -nc x.nc").status, 200);
