@@ -30,10 +30,15 @@ CommandIndex::CommandIndex(const AvailableCommands& commands) {
 }
 
 CommandIndex::FirstByte& CommandIndex::rowOf(char byte) {
-    const auto row = std::ranges::find(m_firstBytes, byte, &FirstByte::byte);
-    return row != m_firstBytes.end()
-               ? *row
-               : m_firstBytes.emplace_back(FirstByte{byte, {}, std::vector<Set>(kNumberClasses)});
+    const auto found = std::ranges::find(m_firstBytes, byte, &FirstByte::byte);
+    if (found != m_firstBytes.end()) {
+        return *found;
+    }
+    // Made in steps: g++ 12 touches an aggregate after its end when one of its parts throws.
+    FirstByte& row = m_firstBytes.emplace_back();
+    row.byte = byte;
+    row.byNumber.resize(kNumberClasses);
+    return row;
 }
 
 // An empty set adds nothing, so sets without members take no memory.

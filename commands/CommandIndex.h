@@ -25,7 +25,7 @@ private:
     static constexpr std::size_t kNumberClasses = 64;
 
     struct FirstByte {
-        char byte;
+        char byte = '\0';
         Set any;                   // words of several letters or without a number
         std::vector<Set> byNumber; // letter with a number, by the number's class
     };
