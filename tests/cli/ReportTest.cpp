@@ -86,26 +86,10 @@ TEST_F(Report, SummaryIsPrintedAlways) {
 TEST_F(Report, JsonHoldsEverything) {
     m_folder.write("a.nc", "G1 X1\nG54 \"\\\xE4\xC3\xA4\xED\xA0\x80\x01\nG3\n");
     EXPECT_EQ(run("--report r --strict --quiet").status, 3);
-    const auto joined = [](const std::string& lines) {
-        return std::regex_replace(lines, std::regex("\n *"), "");
-    };
+    // Valid UTF-8 stays; other bytes become the Latin-1 characters of their codes.
     const std::string json =
         std::regex_replace(m_folder.read("r"), std::regex("(\"seconds\": )[0-9.]+,"), "$1S,");
-    // Valid UTF-8 stays; other bytes become the Latin-1 characters of their codes.
-    EXPECT_EQ(joined(json), joined(R"({"quillmark": ")" QUILLMARK_VERSION R"(",
-"files": {"parameter": "a.pp","nc": "a.nc","output": "o","log": null},
-"return_code": 0,"meaning": null,"exit_status": 3,"process_end": null,"seconds": S,
-"lines": 3,"blocks": 3,
-"statements": {"rapid_moves": 0,"feed_moves": 1,"arcs": 0,"tool_axes": 0,"feed_rates": 0,
-    "spindle": 0,"coolant": 0,"tools": 0,"modes": 0,"program_ends": 0},
-"unrecognised": {"blocks": 1,"word_count": 2,"word_count_not_listed": 0,"words": [
-    {"word": "\"\\\u00E4ä\u00ED\u00A0\u0080\u0001","count": 1,"first_line": 2},
-    {"word": "G54","count": 1,"first_line": 2}],
-    "first_blocks": [{"line": 2,"rest": "G54 \"\\\u00E4ä\u00ED\u00A0\u0080\u0001"}]},
-"dropped_arcs": {"count": 1,"first_line": 3},
-"long_blocks": {"count": 0,"first_line": null},"nul_bytes": {"count": 0,"first_line": null},
-"unterminated_comments": {"count": 0,"first_line": null},
-"warning_count": 1,"warnings": [{"kind": "arc_without_centre","line": 3,"word": null,"block": "G3"}]})"));
+    EXPECT_EQ(json, "{\n  \"quillmark\": \"" QUILLMARK_VERSION "\",\n" + readFile(REPORT_REST));
 }
 
 TEST_F(Report, IsWrittenAfterFailures) {
