@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t kLargestFile = 64U * 1024 * 1024;
+constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 
 } // namespace
 
