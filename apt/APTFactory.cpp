@@ -11,7 +11,7 @@
 
 #include <new>
 
-// Raw pointers on purpose: the caller owns what the described interface hands out.
+// Raw pointers on purpose: the caller owns what the interface of the factory hands out.
 
 ResLinearMovement* APTFactory::GetLinearCom() {
     return new (std::nothrow) AResLinearMovement(m_output, m_log, m_counts);
