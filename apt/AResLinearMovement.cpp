@@ -9,7 +9,9 @@ void AResLinearMovement::InitOutput(const gmVector3& axis) {
 // RAPID holds for the next motion statement only, so it stands in front of every rapid point.
 void AResLinearMovement::InitOutput(Boolean rapid, double& x, double& y, double& z) {
     StatementText text;
-    text.add(rapid == TRUE ? "RAPID\nGOTO/" : "GOTO/");
-    text.coordinate(x).add(",").coordinate(y).add(",").coordinate(z).add("\n");
+    if (rapid == TRUE) {
+        text.add("RAPID\n");
+    }
+    text.add("GOTO/").coordinate(x).add(",").coordinate(y).add(",").coordinate(z).add("\n");
     write(rapid == TRUE ? StatementKind::kRapidMove : StatementKind::kFeedMove, text.view());
 }

@@ -2,7 +2,6 @@
 
 #include "apt/fixedNumber.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -13,10 +12,16 @@
 /// end.
 class StatementText {
 public:
-    StatementText& add(std::string_view text) noexcept {
-        const std::size_t size = std::min(text.size(), m_text.size() - m_length);
-        std::memcpy(end(), text.data(), size);
-        m_length += size;
+    // Inlined, a literal is a store or two in place of a call.
+    [[gnu::always_inline]] StatementText& add(std::string_view text) noexcept {
+        const std::size_t room = m_text.size() - m_length;
+        if (text.size() <= room) {
+            std::memcpy(end(), text.data(), text.size());
+            m_length += text.size();
+        } else {
+            std::memcpy(end(), text.data(), room);
+            m_length += room;
+        }
         return *this;
     }
     /// Adds a number as "%11.5lf": a coordinate or a component of a direction.

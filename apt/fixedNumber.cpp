@@ -1,6 +1,7 @@
 #include "apt/fixedNumber.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -16,46 +17,27 @@ constexpr std::uint64_t powerOfTen(int exponent) noexcept {
 // The digits before the point that leave room for it, the decimals and a sign.
 constexpr int wholeDigits(int width, int decimals) noexcept { return width - decimals - 2; }
 
-/// "00" to "99", so that digits are written in pairs.
-constexpr std::array<char, 200> kPairs = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-}();
-
-// The last `Count` digits of `number`, leading zeros included, at `first`.
-template<int Count>
-void writeDigits(char* first, std::uint64_t number) noexcept {
-    if constexpr (Count == 1) {
-        *first = static_cast<char>('0' + number % 10);
-    } else if constexpr (Count > 1) {
-        std::memcpy(first + Count - 2, &kPairs[2 * (number % 100)], 2);
-        writeDigits<Count - 2>(first, number / 100);
-    }
-}
-
-// The magnitude of `value` in units of the last decimal, rounded, when that is beyond doubt. The
-// product carries an error of at most 2^-53 of itself, far below 2^-9 under the limit of 2^43, so
-// only fractions close to a half leave a doubt. Coordinates of real programs rarely do.
-template<int Decimals>
+// The magnitude of `value` in units of the last decimal, rounded, when that is beyond doubt and
+// fits `Digits` digits. The product carries an error of at most 2^-53 of itself, far below 2^-9
+// under the limit of 2^43, so only fractions close to a half leave a doubt. Coordinates of real
+// programs rarely do.
+template<int Digits, int Decimals>
 bool roundQuickly(double value, std::uint64_t& units) noexcept {
-    constexpr double kLimit = 0x1p43;
+    constexpr auto kLimit = static_cast<double>(powerOfTen(Digits) - 1);
+    static_assert(kLimit < 0x1p43);
     constexpr double kDoubt = 0x1p-9;
     const double scaled = std::fabs(value) * static_cast<double>(powerOfTen(Decimals));
     if (!(scaled < kLimit)) {
         return false;
     }
-    units = static_cast<std::uint64_t>(scaled);
-    const double aboveHalf = scaled - static_cast<double>(units) - 0.5;
-    units += aboveHalf > 0.0 ? 1U : 0U;
+    const auto below = static_cast<std::int64_t>(scaled);
+    const double aboveHalf = scaled - static_cast<double>(below) - 0.5;
+    units = static_cast<std::uint64_t>(below) + (aboveHalf > 0.0 ? 1U : 0U);
     return std::fabs(aboveHalf) > kDoubt;
 }
 
 template<int Width, int Decimals>
-char* writeSlowly(char* first, char* last, double value) noexcept {
+[[gnu::noinline]] char* writeSlowly(char* first, char* last, double value) noexcept {
     const auto [end, error] = std::to_chars(first, last, value, std::chars_format::fixed, Decimals);
     if (error != std::errc{}) {
         return nullptr;
@@ -72,24 +54,57 @@ char* writeSlowly(char* first, char* last, double value) noexcept {
     return end + missing;
 }
 
+// Up to eight bytes of text in one word, the first in its lowest byte.
+using TextWord = std::uint64_t;
+
+template<std::size_t Count>
+void store(char* text, TextWord word) noexcept {
+    if constexpr (std::endian::native == std::endian::big) {
+        word = __builtin_bswap64(word);
+    }
+    std::memcpy(text, &word, Count);
+}
+
+// "00" to "99", so that digits are made in pairs.
+constexpr std::array<std::uint16_t, 100> kPairs = [] {
+    std::array<std::uint16_t, 100> pairs{};
+    for (unsigned i = 0; i < pairs.size(); ++i) {
+        pairs[i] = static_cast<std::uint16_t>('0' + i / 10 + (('0' + i % 10) << 8));
+    }
+    return pairs;
+}();
+
+// The digits of `number`, which is below 10^Count, with its leading zeros.
+template<int Count>
+constexpr TextWord digits(std::uint32_t number) noexcept {
+    if constexpr (Count == 1) {
+        return '0' + number;
+    } else if constexpr (Count == 2) {
+        return kPairs[number];
+    } else {
+        constexpr int kShift = 8 * (Count - 2);
+        return digits<Count - 2>(number / 100) | digits<2>(number % 100) << kShift;
+    }
+}
+
 // A number of `units` of the last decimal that fits the field with its sign. No branch depends on
-// the digits: the field is filled with zeros first, and the leading ones become blanks.
+// the digits: the leading zeros become blanks by flipping the bit in which they differ, and the
+// sign overwrites the last blank.
 template<int Width, int Decimals>
 void writeField(char* field, std::uint64_t units, bool isNegative) noexcept {
-    constexpr int kWholeDigits = wholeDigits(Width, Decimals);
-    const std::uint64_t whole = units / powerOfTen(Decimals);
-    writeDigits<kWholeDigits>(field + 1, whole);
-    field[1 + kWholeDigits] = '.';
-    writeDigits<Decimals>(field + 2 + kWholeDigits, units % powerOfTen(Decimals));
-    int zeros = 0;
-    for (int digits = 1; digits < kWholeDigits; ++digits) {
-        zeros += whole < powerOfTen(digits) ? 1 : 0;
-    }
-    for (int i = 1; i < kWholeDigits; ++i) {
-        field[i] = i <= zeros ? ' ' : field[i];
-    }
+    constexpr int kWhole = wholeDigits(Width, Decimals);
+    const auto whole = static_cast<std::uint32_t>(units / powerOfTen(Decimals));
+    const auto decimals = static_cast<std::uint32_t>(units % powerOfTen(Decimals));
+    const TextWord text = digits<kWhole>(whole);
+    constexpr TextWord kUnitsDigit = TextWord{1} << (8 * (kWhole - 1));
+    const int zeroBits = std::countr_zero((text ^ digits<kWhole>(0)) | kUnitsDigit) & ~7;
+    constexpr TextWord kZerosToBlanks = 0x1010'1010'1010'1010;
+    const TextWord blanks = kZerosToBlanks & ((TextWord{1} << zeroBits) - 1);
     field[0] = ' ';
-    field[zeros] = isNegative ? '-' : ' ';
+    store<kWhole>(field + 1, text ^ blanks);
+    field[zeroBits / 8] = isNegative ? '-' : ' ';
+    field[1 + kWhole] = '.';
+    store<Decimals>(field + 2 + kWhole, digits<Decimals>(decimals));
 }
 
 } // namespace
@@ -97,8 +112,8 @@ void writeField(char* field, std::uint64_t units, bool isNegative) noexcept {
 template<int Width, int Decimals>
 char* writeFixed(char* first, char* last, double value) noexcept {
     std::uint64_t units = 0;
-    if (last - first < Width || !roundQuickly<Decimals>(value, units) ||
-        units >= powerOfTen(Decimals + wholeDigits(Width, Decimals))) {
+    if (last - first < Width ||
+        !roundQuickly<wholeDigits(Width, Decimals) + Decimals, Decimals>(value, units)) {
         return writeSlowly<Width, Decimals>(first, last, value);
     }
     writeField<Width, Decimals>(first, units, std::signbit(value));

@@ -71,13 +71,13 @@ int CommandIndex::scanNC(char* block, const ByteSet& bytes) {
         while (const std::uint64_t bits = m_selected[word] & untried) {
             const int bit = std::countr_zero(bits);
             untried = ~std::uint64_t{0} << bit << 1;
+            std::size_t length = std::strlen(block);
             if (*block == ' ') {
-                string_mani(3, block);
+                length = trimText(block, length);
             }
-            if (*block == '\0') {
+            if (length == 0) {
                 return 0;
             }
-            const std::size_t length = std::strlen(block);
             Command& command = *m_commands[word * kBits + static_cast<std::size_t>(bit)];
             if (const int code = command.scanNC(block); code != 0) {
                 return code;

@@ -41,7 +41,11 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
     if (m_syntax.empty() || !status->GetBlockBytes().MayContain(m_syntax.front())) {
         return 0;
     }
-    const char separator = *status->GetDecimalSeparator();
+    return takeWord(line, *status->GetDecimalSeparator());
+}
+
+// Apart from scanNC, which finds no such letter on most blocks and then needs no registers.
+[[gnu::noinline]] int Parameter::takeWord(char* line, char separator) noexcept {
     int sign = 1;
     bool hasBracket = false;
 

@@ -43,6 +43,7 @@ public:
     [[nodiscard]] char* MoveAfterNumber(char* p) const noexcept;
 
 private:
+    int takeWord(char* line, char separator) noexcept;
     [[nodiscard]] double implyDecimals(double value, char separator) const noexcept;
 
     TextCopy m_syntax;

@@ -1,7 +1,5 @@
 #include "commands/ncNumber.h"
 
-#include "softCommon/CStringUtil/asciiBytes.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -23,21 +21,22 @@ constexpr std::array<double, 23> kNegativePowers = {
 constexpr std::ptrdiff_t kSafeIntegerDigits = std::numeric_limits<std::int64_t>::digits10;
 constexpr std::ptrdiff_t kSafeFractionDigits = std::numeric_limits<std::int32_t>::digits10;
 
+// The value of a digit; other bytes have values beyond 9.
+unsigned digitValue(char c) noexcept { return static_cast<unsigned char>(c) - unsigned{'0'}; }
+
 // The digits from `p` on as a number, which wraps in a run that is too long; moves `p` behind them.
 std::int64_t takeDigits(const char*& p) noexcept {
     std::uint64_t number = 0;
-    for (; isDigitByte(*p); ++p) {
-        number = number * 10 + static_cast<std::uint64_t>(*p - '0');
+    for (unsigned digit = digitValue(*p); digit <= 9; digit = digitValue(*++p)) {
+        number = number * 10 + digit;
     }
     return static_cast<std::int64_t>(number);
 }
 
 double combine(int sign, std::int64_t integer, std::int64_t fraction,
-               std::ptrdiff_t fractionDigits) noexcept {
-    const auto value = static_cast<double>(sign * integer);
-    return fractionDigits == 0
-               ? value
-               : value + static_cast<double>(sign * fraction) * powerOfTen(-fractionDigits);
+               double unitOfFraction) noexcept {
+    return static_cast<double>(sign * integer) +
+           static_cast<double>(sign * fraction) * unitOfFraction;
 }
 
 // A run of digits as a T; false when it exceeds it.
@@ -71,14 +70,14 @@ double nearestDecimal(int sign, const char* integer, const char* integerEnd, con
 }
 
 // The way of numbers with so many digits that their size must be looked at.
-double longNumber(int sign, const char* integer, const char* integerEnd, const char* fraction,
-                  const char* fractionEnd) noexcept {
+[[gnu::noinline]] double longNumber(int sign, const char* integer, const char* integerEnd,
+                                    const char* fraction, const char* fractionEnd) noexcept {
     std::int64_t whole = 0;
     std::int32_t part = 0;
     if (!fits(integer, integerEnd, whole) || !fits(fraction, fractionEnd, part)) {
         return nearestDecimal(sign, integer, integerEnd, fraction, fractionEnd);
     }
-    return combine(sign, whole, part, fractionEnd - fraction);
+    return combine(sign, whole, part, powerOfTen(fraction - fractionEnd));
 }
 
 } // namespace
@@ -104,7 +103,8 @@ NCNumber readNumber(const char* text, int sign, char separator) noexcept {
     if (integerEnd - text > kSafeIntegerDigits || end - fraction > kSafeFractionDigits) {
         return {longNumber(sign, text, integerEnd, fraction, end), end};
     }
-    return {combine(sign, whole, part, end - fraction), end};
+    return {combine(sign, whole, part, kNegativePowers[static_cast<std::size_t>(end - fraction)]),
+            end};
 }
 
 std::int32_t readCommandNumber(const char* text) noexcept {

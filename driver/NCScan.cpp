@@ -185,15 +185,15 @@ int NCScan::convertBlock(CommandIndex& commands) {
         return code;
     }
     // Record number and comment may go into the set: it only rules words out.
-    const ByteSet bytes = ByteSet::Of(block);
+    const ByteSet bytes = ByteSet::Of({BlockText(), m_blockLength});
     if (const int code = status.GetComment()->KillComments(block, bytes); code != 0) {
         return code;
     }
     if (status.GetComment()->WasUnterminated()) {
         m_report.Note(Oddity::kOpenComment, m_blockNumber);
     }
-    if (std::strlen(block) != m_blockLength) {
-        string_mani(3, block);
+    if (const std::size_t length = std::strlen(block); length != m_blockLength) {
+        trimText(block, length);
     }
     status.InitBlockBytes(bytes);
     const int code = commands.scanNC(block, bytes);

@@ -107,10 +107,31 @@ TEST(Differential, NumbersArePrintedAsByPrintf) {
                isPrintedAsByPrintf<10, 4>(value);
     };
     using Limits = std::numeric_limits<double>;
-    for (const double value :
-         {0.0, 0.5e-5, 1.5e-5, 0.5e-4, 0.03125, 0.015625, 9.999995, 99999.99995, 1e15, 1e22,
-          0x1p43 / 1e5, 0x1p53, Limits::max(), Limits::min(), Limits::denorm_min(),
-          Limits::infinity(), Limits::quiet_NaN()}) {
+    for (const double value : {0.0,
+                               0.5e-5,
+                               1.5e-5,
+                               0.5e-4,
+                               0.03125,
+                               0.015625,
+                               9.999995,
+                               99999.99995,
+                               9999.99999,
+                               9999.999994,
+                               9999.999996,
+                               9999.99994,
+                               9999.99996,
+                               999999.99999,
+                               999999.999994,
+                               999999.999996,
+                               1e15,
+                               1e22,
+                               0x1p43 / 1e5,
+                               0x1p53,
+                               Limits::max(),
+                               Limits::min(),
+                               Limits::denorm_min(),
+                               Limits::infinity(),
+                               Limits::quiet_NaN()}) {
         EXPECT_TRUE(agree(value)) << value;
         EXPECT_TRUE(agree(-value)) << value;
     }
