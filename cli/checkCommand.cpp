@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -64,14 +65,16 @@ void printLostKeys(const ParamInput& in, std::FILE* out) {
     printKeyLines(out, "Old keys that are not converted (lines of the decoded text)", lost);
 }
 
+// Reads all lines and leaves the file at its beginning; null when it cannot be read again.
 CharFeldOwner linesOf(std::FILE* file) {
     CharFeldOwner lines;
-    std::rewind(file);
+    if (std::fseek(file, 0, SEEK_SET) != 0) {
+        return nullptr;
+    }
     if (readFileLines(file, lines) != 0) {
         throw std::bad_alloc();
     }
-    std::rewind(file);
-    return lines;
+    return std::fseek(file, 0, SEEK_SET) == 0 ? std::move(lines) : nullptr;
 }
 
 } // namespace
@@ -96,6 +99,9 @@ int checkCommand(const ParamInput& in, std::FILE* out) {
         return kParamFailed;
     }
     const CharFeldOwner lines = linesOf(scan.PlainCopy());
+    if (lines == nullptr) {
+        return failWith(in.Name(), std::strerror(errno));
+    }
     const int code = scan.run();
     const ParamCheck check(model, scan, lines.get(), code);
     printSettings(out, check, scan.IsLathe());

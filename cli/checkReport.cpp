@@ -45,7 +45,9 @@ std::string settingOf(const Entry& entry) {
     if (entry.word != nullptr) {
         const long places = entry.word->GetDecimalPlace();
         return entry.word->GetSyntaxString() +
-               (places > 0 ? ", " + std::to_string(places) + " decimal places" : std::string());
+               (places > 0 ? ", " + std::to_string(places) +
+                                 (places == 1 ? " decimal place" : " decimal places")
+                           : std::string());
     }
     return entry.value;
 }

@@ -16,8 +16,7 @@ bool configuresMovement(std::FILE* plain) {
     NCScan model;
     model.SetNoOutput();
     ParamScan scan(model);
-    std::rewind(plain);
-    if (scan.SetParameterStream(plain) == 0) {
+    if (std::fseek(plain, 0, SEEK_SET) == 0 && scan.SetParameterStream(plain) == 0) {
         (void)scan.run();
     }
     return configuresMovement(model);
