@@ -82,7 +82,7 @@ int CommandIndex::scanNC(char* block, const ByteSet& bytes) {
             if (const int code = command.scanNC(block); code != 0) {
                 return code;
             }
-            // Taking a word out can bring a letter and a number together.
+            // Words that a command takes can stand between a text and its number: "-X=AC(5)1".
             if (std::strlen(block) != length) {
                 select(block, bytes);
             }
