@@ -9,6 +9,8 @@
 #include <unistd.h>
 #include <utility>
 
+using enum FaultKind;
+
 namespace {
 
 Fault* g_armed = nullptr;
@@ -27,11 +29,8 @@ Fault::~Fault() { g_armed = nullptr; }
 bool Fault::isArmed() noexcept { return g_armed != nullptr; }
 
 bool Fault::strikes(FaultKind kind) {
-    if (g_armed == nullptr) {
-        return false;
-    }
-    const bool isForGood = g_armed->m_kind == FaultKind::kMemoryForGood;
-    if (kind != (isForGood ? FaultKind::kMemory : g_armed->m_kind)) {
+    const bool isForGood = isArmed() && g_armed->m_kind == kMemoryForGood;
+    if (!isArmed() || kind != (isForGood ? kMemory : g_armed->m_kind)) {
         return false;
     }
     const long left = g_armed->m_left--;
@@ -54,15 +53,13 @@ bool Fault::strikes(FaultKind kind) {
         return Fault::strikes(kind) ? failure : otherwise;                                         \
     }
 
-MAY_FAIL(FaultKind::kMemory, nullptr, void*, malloc, (std::size_t size), __real_malloc(size))
-MAY_FAIL(FaultKind::kMemory, nullptr, void*, calloc, (std::size_t n, std::size_t size),
-         __real_calloc(n, size))
-MAY_FAIL(FaultKind::kMemory, nullptr, void*, realloc, (void* old, std::size_t size),
-         __real_realloc(old, size))
-MAY_FAIL(FaultKind::kMemory, nullptr, char*, strdup, (const char* text), __real_strdup(text))
-MAY_FAIL(FaultKind::kMemory, nullptr, char*, strndup, (const char* text, std::size_t n),
+MAY_FAIL(kMemory, nullptr, void*, malloc, (std::size_t size), __real_malloc(size))
+MAY_FAIL(kMemory, nullptr, void*, calloc, (std::size_t n, std::size_t size), __real_calloc(n, size))
+MAY_FAIL(kMemory, nullptr, void*, realloc, (void* old, std::size_t size), __real_realloc(old, size))
+MAY_FAIL(kMemory, nullptr, char*, strdup, (const char* text), __real_strdup(text))
+MAY_FAIL(kMemory, nullptr, char*, strndup, (const char* text, std::size_t n),
          __real_strndup(text, n))
-MAY_FAIL(FaultKind::kOpen, -1, int, dup, (int descriptor), __real_dup(descriptor))
+MAY_FAIL(kOpen, -1, int, dup, (int descriptor), __real_dup(descriptor))
 
 // Sanitizers bring all forms of new and delete, so all have to be replaced.
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
@@ -95,16 +92,16 @@ std::array<Tapped, 16> g_tapped{};
 int descriptorOf(void* tapped) { return fileno(static_cast<Tapped*>(tapped)->inner); }
 
 ssize_t readTapped(void* tapped, char* bytes, std::size_t size) {
-    return Fault::strikes(FaultKind::kRead) ? -1 : read(descriptorOf(tapped), bytes, size);
+    return Fault::strikes(kRead) ? -1 : read(descriptorOf(tapped), bytes, size);
 }
 
 // The C library takes 0 for the failure of a write.
 ssize_t writeTapped(void* tapped, const char* bytes, std::size_t size) {
-    return Fault::strikes(FaultKind::kWrite) ? 0 : write(descriptorOf(tapped), bytes, size);
+    return Fault::strikes(kWrite) ? 0 : write(descriptorOf(tapped), bytes, size);
 }
 
 int seekTapped(void* tapped, off64_t* offset, int origin) {
-    if (Fault::strikes(FaultKind::kSeek)) {
+    if (Fault::strikes(kSeek)) {
         return -1;
     }
     const off64_t position = lseek64(descriptorOf(tapped), *offset, origin);
@@ -137,11 +134,11 @@ std::FILE* tap(std::FILE* inner, const char* mode) {
 
 } // namespace
 
-MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, fopen, (const char* name, const char* mode),
+MAY_FAIL(kOpen, nullptr, std::FILE*, fopen, (const char* name, const char* mode),
          tap(__real_fopen(name, mode), mode))
-MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, fdopen, (int descriptor, const char* mode),
+MAY_FAIL(kOpen, nullptr, std::FILE*, fdopen, (int descriptor, const char* mode),
          tap(__real_fdopen(descriptor, mode), mode))
-MAY_FAIL(FaultKind::kOpen, nullptr, std::FILE*, tmpfile, (), tap(__real_tmpfile(), "w+"))
+MAY_FAIL(kOpen, nullptr, std::FILE*, tmpfile, (), tap(__real_tmpfile(), "w+"))
 
 extern "C" {
 // A buffer of the library's own would leave few reads and writes to fail.
