@@ -16,6 +16,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -107,31 +108,15 @@ TEST(Differential, NumbersArePrintedAsByPrintf) {
                isPrintedAsByPrintf<10, 4>(value);
     };
     using Limits = std::numeric_limits<double>;
-    for (const double value : {0.0,
-                               0.5e-5,
-                               1.5e-5,
-                               0.5e-4,
-                               0.03125,
-                               0.015625,
-                               9.999995,
-                               99999.99995,
-                               9999.99999,
-                               9999.999994,
-                               9999.999996,
-                               9999.99994,
-                               9999.99996,
-                               999999.99999,
-                               999999.999994,
-                               999999.999996,
-                               1e15,
-                               1e22,
-                               0x1p43 / 1e5,
-                               0x1p53,
-                               Limits::max(),
-                               Limits::min(),
-                               Limits::denorm_min(),
-                               Limits::infinity(),
-                               Limits::quiet_NaN()}) {
+    std::vector<double> edges = {
+        0.0, 0.03125, Limits::max(), Limits::denorm_min(), Limits::infinity(), Limits::quiet_NaN()};
+    // Where rounding takes one more digit.
+    for (double power = 1e-5; power < 1e23; power *= 10) {
+        for (const double step : {0.0, 4e-6, 5e-6, 6e-6, 4e-5, 5e-5, 6e-5}) {
+            edges.push_back(power - step);
+        }
+    }
+    for (const double value : edges) {
         EXPECT_TRUE(agree(value)) << value;
         EXPECT_TRUE(agree(-value)) << value;
     }
