@@ -3,14 +3,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
-#include <stdexcept>
 
 TempFolder::TempFolder()
     : m_path((std::filesystem::temp_directory_path() / "quillmark-XXXXXX").string()) {
-    if (mkdtemp(m_path.data()) == nullptr) {
-        throw std::runtime_error("cannot make a temporary folder");
-    }
+    EXPECT_NE(mkdtemp(m_path.data()), nullptr);
 }
 
 TempFolder::~TempFolder() {
@@ -23,10 +21,8 @@ std::string TempFolder::path(std::string_view name) const {
 }
 
 std::string TempFolder::write(std::string_view name, std::string_view bytes) const {
-    std::ofstream stream;
-    stream.exceptions(std::ios::failbit | std::ios::badbit);
-    stream.open(path(name), std::ios::binary);
-    stream << bytes << std::flush;
+    std::ofstream stream(path(name), std::ios::binary);
+    EXPECT_TRUE(stream << bytes << std::flush) << name;
     return path(name);
 }
 
