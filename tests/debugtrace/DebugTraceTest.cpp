@@ -5,13 +5,6 @@
 
 #include <cstdlib>
 
-static bool g_mallocFails = false;
-
-extern "C" void* __real_malloc(std::size_t size);
-extern "C" void* __wrap_malloc(std::size_t size) {
-    return g_mallocFails ? nullptr : __real_malloc(size);
-}
-
 namespace {
 
 const std::string kRule = std::string(51, '=') + "\n";
@@ -89,18 +82,6 @@ TEST_F(DebugTrace, StreamFollowsTheEnvironmentAndTheLogFileSurvivesItsUsers) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(streamOf("/no such folder/log"), stdout);
     EXPECT_EQ(testing::internal::GetCapturedStderr().find("open Debug logfile: "), 0U);
-}
-
-TEST_F(DebugTrace, ExhaustedMemoryLeavesItUninitialised) {
-    testing::internal::CaptureStderr();
-    g_mallocFails = true;
-    const int code = dbinit();
-    g_mallocFails = false;
-    EXPECT_EQ(code, 1);
-    EXPECT_EQ(testing::internal::GetCapturedStderr().find("dbinit (malloc db_root): "), 0U);
-    EXPECT_EQ(dbinit_no(), 0);
-    EXPECT_EQ(logged(), kRefused + "Error in dbinit. Rc=1\n");
-    dbexit();
 }
 
 } // namespace
