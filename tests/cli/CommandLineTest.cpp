@@ -1,9 +1,11 @@
 #include "driver/Controller.h"
 #include "driver/returnCodes.h"
 #include "tests/cli/ProgramTest.h"
-#include "tests/support/convert.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <gmock/gmock.h>
+#include <iterator>
 
 namespace {
 
@@ -18,18 +20,30 @@ const char* const kUsage =
 
 class Program : public ProgramTest {};
 
-TEST_F(Program, WorksInAPipeline) {
-    const ProgramResult result = run("-nc /dev/stdin -of /dev/stdout", "G1 X1\nX2");
-    EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_EQ(result.out, goTo(1, 0, 0) + goTo(2, 0, 0));
+TEST_F(Program, GivesTheExpectedFilesOfTheExamplesInAPipeline) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(QUILLMARK_EXAMPLES)) {
+        const std::string example = entry.path().string();
+        if (std::filesystem::exists(example + "/dialect.pp")) {
+            ++count;
+            const ProgramResult run =
+                shell("quillmark -nc /dev/stdin -of /dev/stdout -l log --quiet -p " + example +
+                          "/dialect.pp",
+                      readFile(example + "/part.nc"));
+            EXPECT_EQ(std::to_string(run.status) + run.err, "0") << example;
+            EXPECT_EQ(run.out, readFile(example + "/part.apt")) << example;
+            EXPECT_EQ(read("log"), readFile(example + "/part.log")) << example;
+        }
+    }
+    EXPECT_GE(count, 5);
 }
 
 TEST_F(Program, AnswersQuestionsAboutItself) {
-    const ProgramResult version = runAlone("--version");
+    const ProgramResult version = shell("quillmark --version");
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out, "quillmark " QUILLMARK_VERSION
                            "\nV1R8 TALLOWFIELD     [00007] (d)06.12.2004 (t)17:27:23\n");
-    const ProgramResult help = runAlone("--help");
+    const ProgramResult help = shell("quillmark --help");
     EXPECT_EQ(std::to_string(help.status) + help.err, "0");
     EXPECT_THAT(help.out, testing::StartsWith(kUsage));
     for (const ReturnCode& row : returnCodes()) {
@@ -38,7 +52,7 @@ TEST_F(Program, AnswersQuestionsAboutItself) {
     // Questions stand alone; beside other arguments they are unknown ones.
     for (const char* const incomplete :
          {"", "-p a -nc b -of", "p a nc b of c", "--help --version", "--summary --strict"}) {
-        const ProgramResult result = runAlone(incomplete);
+        const ProgramResult result = shell("quillmark " + std::string(incomplete));
         EXPECT_EQ(result.status, 100);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err, kUsage);
@@ -47,8 +61,7 @@ TEST_F(Program, AnswersQuestionsAboutItself) {
 
 TEST(CommandLine, KnowsEverySpelling) {
     // Arguments; parameter file, NC file, output, log and kind of output; the code.
-    const std::string table = R"(-p a -nc b -of c|a b c - 1|0
--P a -Nc b -Of c -L d|a b c d 1|0
+    const std::string table = R"(-P a -Nc b -Of c -L d|a b c d 1|0
 -l d -oF c -nC b -p a|a b c d 1|0
 -NC b -OF c -p a -ot TOOLPATH|a b c - 2|0
 -nc b -of c -p a -Ot toolpath|a b c - 1|0
@@ -58,16 +71,13 @@ TEST(CommandLine, KnowsEverySpelling) {
 -p x -x -p a stray -nc b -of c|a b c - 1|0
 -p -nc -nc -p -of -of|-nc -p -of - 1|0
 -nc b -of c -p a -p|- b c - 1|100
--PP a -Lc b -nc b -of c|- b c - 1|100
-|- - - - 1|100)";
+-PP a -Lc b -nc b -of c|- b c - 1|100)";
     const auto shown = [](const char* name) { return std::string(name == nullptr ? "-" : name); };
     for (const auto& [line, read, code] : rowsOf(table)) {
-        std::vector<std::string> arguments = wordsOf("quillmark " + line);
-        std::vector<char*> argv;
-        for (std::string& argument : arguments) {
-            argv.push_back(argument.data());
-        }
-        argv.push_back(nullptr);
+        std::istringstream words("quillmark " + line);
+        std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+        std::vector<char*> argv(arguments.size() + 1);
+        std::ranges::transform(arguments, argv.begin(), [](auto& word) { return word.data(); });
         char* names[4] = {};
         eOutputType type = eOutputNone;
         EXPECT_EQ(Controller().ScanParameters(static_cast<int>(arguments.size()), argv.data(),

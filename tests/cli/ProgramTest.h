@@ -6,7 +6,6 @@
 
 #include <array>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -27,12 +26,7 @@ inline std::vector<TableRow> rowsOf(const std::string& table) {
     return rows;
 }
 
-inline std::vector<std::string> wordsOf(const std::string& text) {
-    std::istringstream words(text);
-    return {std::istream_iterator<std::string>(words), {}};
-}
-
-/// The program in a folder with a good dialect and program.
+/// The programs in a folder with a good dialect and program.
 class ProgramTest : public testing::Test {
 protected:
     ProgramTest() {
@@ -40,20 +34,21 @@ protected:
         m_folder.write("a.nc", kProgram);
     }
 
-    /// Runs it with arguments that blanks separate.
-    [[nodiscard]] ProgramResult runAlone(const std::string& arguments,
-                                         const std::string& input = "") const {
-        std::vector<std::string> all = wordsOf(arguments);
-        all.insert(all.begin(), QUILLMARK_PROGRAM);
-        return runProgram(all, {m_folder.path(), input, {}});
+    /// Runs a shell command in the folder, which finds the programs.
+    [[nodiscard]] ProgramResult shell(const std::string& command,
+                                      const std::string& input = "") const {
+        return runProgram(
+            {"sh", "-c", command},
+            {m_folder.path(), input, {{"PATH", QUILLMARK_PROGRAMS ":/usr/bin:/bin"}}});
     }
-    /// With the usual files, which options behind them can replace.
+    /// Converts the usual files, which options behind them can replace.
     [[nodiscard]] ProgramResult run(const std::string& options,
                                     const std::string& input = "") const {
-        return runAlone("-p a.pp -nc a.nc -of o " + options, input);
+        return shell("exec quillmark -p a.pp -nc a.nc -of o " + options, input);
     }
+    [[nodiscard]] std::string read(const std::string& name) const { return m_folder.read(name); }
 
     const std::string kDialect = mill();
     const std::string kProgram = "G1 X1\n";
-    TempFolder m_folder;
+    const TempFolder m_folder;
 };

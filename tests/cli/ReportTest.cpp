@@ -46,8 +46,8 @@ TEST_F(Report, TellsWhatWasNotUnderstood) {
         EXPECT_EQ(result.out, "") << options;
         EXPECT_EQ(result.err, said == "all" ? kBadText : said == "count" ? kCountText : "");
     }
-    EXPECT_EQ(m_folder.read("o"), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(3, 0, 0));
-    EXPECT_THAT(m_folder.read("-p"), StartsWith("{\n"));
+    EXPECT_EQ(read("o"), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(3, 0, 0));
+    EXPECT_THAT(read("-p"), StartsWith("{\n"));
 }
 
 TEST_F(Report, ShowsTheMostFrequentWordsAndFirstWarnings) {
@@ -88,7 +88,7 @@ TEST_F(Report, JsonHoldsEverything) {
     EXPECT_EQ(run("--report r --strict --quiet").status, 3);
     // Valid UTF-8 stays; other bytes become the Latin-1 characters of their codes.
     const std::string json =
-        std::regex_replace(m_folder.read("r"), std::regex("(\"seconds\": )[0-9.]+,"), "$1S,");
+        std::regex_replace(read("r"), std::regex("(\"seconds\": )[0-9.]+,"), "$1S,");
     EXPECT_EQ(json, "{\n  \"quillmark\": \"" QUILLMARK_VERSION "\",\n" + readFile(REPORT_REST));
 }
 
@@ -96,15 +96,15 @@ TEST_F(Report, IsWrittenAfterFailures) {
     // What an older report holds goes, however long it was.
     m_folder.write("r", std::string(100'000, '#'));
     EXPECT_EQ(run("-nc x.nc --report r").status, 200);
-    EXPECT_THAT(m_folder.read("r"),
+    EXPECT_THAT(read("r"),
                 AllOf(StartsWith("{\n"), EndsWith("\"warnings\": []\n}\n"),
                       HasSubstr("\"return_code\": 200,\n  \"meaning\": \"cannot read NC file\",\n"
                                 "  \"exit_status\": 200,\n")));
-    EXPECT_EQ(runAlone("--report r").status, 100);
-    EXPECT_THAT(m_folder.read("r"), HasSubstr("\"return_code\": 100,"));
+    EXPECT_EQ(shell("quillmark --report r").status, 100);
+    EXPECT_THAT(read("r"), HasSubstr("\"return_code\": 100,"));
     // A full disk shows at the end: the conversion is complete, its own failure would outrank it.
     EXPECT_EQ(run("--report /dev/full --strict").status, 2);
-    EXPECT_EQ(m_folder.read("o"), goTo(1, 0, 0));
+    EXPECT_EQ(read("o"), goTo(1, 0, 0));
     EXPECT_EQ(run("--report /dev/full -nc x.nc").status, 200);
     EXPECT_THAT(run("--report /dev/stdout").out, StartsWith("{\n"));
 }
