@@ -11,12 +11,6 @@
 
 namespace {
 
-// The code, and the status that a shell sees instead where it differs.
-std::string manualTag(int code) {
-    const std::string text = std::to_string(code);
-    return code < 256 ? text : text + " (" + std::to_string(code % 256) + ")";
-}
-
 TEST(ReturnCodeTexts, AgreeWithTheTableEverywhere) {
     const std::string guide = readFile(QUILLMARK_SOURCE "/docs/return-codes.md");
     const std::string manual = readFile(QUILLMARK_SOURCE "/packaging/man/quillmark.1.in");
@@ -28,8 +22,10 @@ TEST(ReturnCodeTexts, AgreeWithTheTableEverywhere) {
         EXPECT_NE(guide.find(line.str()), std::string::npos) << line.str();
         std::string meaning = row.meaning;
         meaning[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(meaning[0])));
-        EXPECT_NE(manual.find(".TP\n.B " + manualTag(row.code) + "\n" + meaning + ".\n"),
-                  std::string::npos)
+        // The code, and the status that a shell sees instead where it differs.
+        const std::string tag = std::to_string(row.code) +
+                                (row.code < 256 ? "" : " (" + std::to_string(row.code % 256) + ")");
+        EXPECT_NE(manual.find(".TP\n.B " + tag + "\n" + meaning + ".\n"), std::string::npos)
             << row.code;
         std::ostringstream header;
         header << '\n' << std::setw(5) << row.code << ' ';
