@@ -18,14 +18,13 @@ constexpr std::uint64_t powerOfTen(int exponent) noexcept {
 constexpr int wholeDigits(int width, int decimals) noexcept { return width - decimals - 2; }
 
 // The magnitude of `value` in units of the last decimal, rounded, when that is beyond doubt and
-// fits `Digits` digits. The product carries an error of at most 2^-53 of itself, far below 2^-9
-// under the limit of 2^43, so only fractions close to a half leave a doubt. Coordinates of real
-// programs rarely do.
+// fits `Digits` digits. The product is rounded to a double, but never across a tie: below 2^52 a
+// tie is a double itself, so a product above or below one stays on its side of it or becomes equal
+// to it, and only the latter leaves a doubt.
 template<int Digits, int Decimals>
 bool roundQuickly(double value, std::uint64_t& units) noexcept {
     constexpr auto kLimit = static_cast<double>(powerOfTen(Digits) - 1);
-    static_assert(kLimit < 0x1p43);
-    constexpr double kDoubt = 0x1p-9;
+    static_assert(kLimit < 0x1p52);
     const double scaled = std::fabs(value) * static_cast<double>(powerOfTen(Decimals));
     if (!(scaled < kLimit)) {
         return false;
@@ -33,7 +32,7 @@ bool roundQuickly(double value, std::uint64_t& units) noexcept {
     const auto below = static_cast<std::int64_t>(scaled);
     const double aboveHalf = scaled - static_cast<double>(below) - 0.5;
     units = static_cast<std::uint64_t>(below) + (aboveHalf > 0.0 ? 1U : 0U);
-    return std::fabs(aboveHalf) > kDoubt;
+    return aboveHalf != 0.0;
 }
 
 template<int Width, int Decimals>
