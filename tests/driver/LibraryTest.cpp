@@ -4,15 +4,13 @@
 #include "tests/support/runProgram.h"
 
 #include <filesystem>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
-const char* const kBanner = " 54 V1R8 TALLOWFIELD     [00007] (d)06.12.2004 (t)17:27:23 0\n";
+const char* const kBanner = " 54 V1R8 TALLOWFIELD     [00007] (d)06.12.2004 (t)17:27:23\n";
 
 using Inputs = std::vector<std::pair<std::string, std::string>>; // dialects and programs
 
@@ -26,35 +24,6 @@ ProgramResult runHost(const TempFolder& folder, const std::string& locale, const
                           folder.path(number + ".log")});
     }
     return runProgram(arguments, {folder.path(), "", {{"LOCPATH", folder.path()}}});
-}
-
-Inputs examples() {
-    Inputs inputs;
-    for (const char* const name :
-         {"milling", "implied-decimals", "lathe", "decimal-comma", "marked-words", "milling"}) {
-        const std::string folder = std::string(QUILLMARK_EXAMPLES "/") + name;
-        inputs.emplace_back(folder + "/dialect.pp", folder + "/part.nc");
-    }
-    return inputs;
-}
-
-void expectExamples(const TempFolder& folder) {
-    const auto inputs = examples();
-    for (std::size_t i = 0; i < inputs.size(); ++i) {
-        const std::filesystem::path example = std::filesystem::path(inputs[i].first).parent_path();
-        const std::string number = std::to_string(i);
-        EXPECT_EQ(folder.read(number + ".apt"), readFile(example / "part.apt")) << example;
-        EXPECT_EQ(folder.read(number + ".log"), readFile(example / "part.log")) << example;
-    }
-}
-
-TEST(Library, ConvertsDifferentDialectsInTurn) {
-    const TempFolder folder;
-    const ProgramResult host = runHost(folder, "C", examples());
-    EXPECT_EQ(host.status, 0);
-    EXPECT_EQ(host.out, std::string("0\n0\n0\n0\n0\n0\n1.5") + kBanner);
-    EXPECT_EQ(host.err, "");
-    expectExamples(folder);
 }
 
 TEST(Library, CarriesNothingOverFromAFailedConversion) {
@@ -78,40 +47,41 @@ TEST(Library, CarriesNothingOverFromAFailedConversion) {
     EXPECT_EQ(folder.read("3.apt"), goTo(1.5, 0, 0));
 }
 
-TEST(Library, IgnoresTheLocaleOfItsHost) {
-    // The second one knows the byte 0xC4 as a letter.
-    for (const char* const charmap : {"UTF-8", "ISO-8859-1"}) {
+TEST(Library, ConvertsDialectsInTurnWhateverTheLocaleOfItsHost) {
+    // The third one knows the byte 0xC4 as a letter.
+    for (const std::string charmap : {"", "UTF-8", "ISO-8859-1"}) {
         const TempFolder folder;
-        const std::string locale = std::string("de_DE.") + charmap;
-        const ProgramResult made =
-            runProgram({"localedef", "-i", "de_DE", "-f", charmap, folder.path(locale)});
-        if (made.status == 127) {
+        const std::string locale = charmap.empty() ? "C" : "de_DE." + charmap;
+        if (!charmap.empty() &&
+            runProgram({"localedef", "-i", "de_DE", "-f", charmap, folder.path(locale)}).status ==
+                127) {
             GTEST_SKIP() << "localedef is not installed";
         }
-        auto inputs = examples();
-        inputs.emplace_back(folder.write("a.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"},
-                                                       {"MFG_INIT_SPINDLE", "0;0.6;0.8"},
-                                                       {"ZX_LATHE_X_ASSIGNMENT", "-2.5"}})),
-                            folder.write("a.nc", "G1 X2.5\n\xC4X5.0\n"));
+        Inputs inputs = {{folder.write("a.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"},
+                                                     {"MFG_INIT_SPINDLE", "0;0.6;0.8"},
+                                                     {"ZX_LATHE_X_ASSIGNMENT", "-2.5"}})),
+                          folder.write("a.nc", "G1 X2.5\n\xC4X5.0\n")}};
+        for (const std::string name : {"milling", "lathe", "decimal-comma", "milling"}) {
+            const std::string example = QUILLMARK_EXAMPLES "/" + name;
+            inputs.emplace_back(example + "/dialect.pp", example + "/part.nc");
+        }
         const ProgramResult host = runHost(folder, locale, inputs);
         EXPECT_EQ(host.err, "");
-        EXPECT_EQ(host.out, std::string("0\n0\n0\n0\n0\n0\n0\n1,5") + kBanner);
-        expectExamples(folder);
-        EXPECT_EQ(folder.read("6.apt"),
+        EXPECT_EQ(host.out,
+                  "0\n0\n0\n0\n0\n" + std::string(charmap.empty() ? "1.5" : "1,5") + kBanner);
+        EXPECT_EQ(folder.read("0.apt"),
                   "TLAXIS/    0.00000,    0.60000,    0.80000\n" + goTo(-1, 0, 0) + goTo(-2, 0, 0));
+        for (std::size_t i = 1; i < inputs.size(); ++i) {
+            const auto example = std::filesystem::path(inputs[i].first).parent_path();
+            EXPECT_EQ(folder.read(std::to_string(i) + ".apt"), readFile(example / "part.apt"));
+            EXPECT_EQ(folder.read(std::to_string(i) + ".log"), readFile(example / "part.log"));
+        }
     }
 }
 
 TEST(Library, ExportsItsTwoEntriesOnly) {
-    const ProgramResult nm = runProgram({"nm", "-D", "--defined-only", QUILLMARK_LIBRARY});
-    ASSERT_EQ(nm.status, 0) << nm.err;
-    std::istringstream lines(nm.out);
-    std::vector<std::string> names;
-    for (std::string address, kind, name; lines >> address >> kind >> name;) {
-        EXPECT_EQ(kind, "T") << name;
-        names.push_back(name);
-    }
-    EXPECT_THAT(names, testing::UnorderedElementsAre("dllentry", "gtvers")) << nm.out;
+    const ProgramResult nm = runProgram({"nm", "-Dj", "--defined-only", QUILLMARK_LIBRARY});
+    EXPECT_EQ(nm.out, "dllentry\ngtvers\n") << nm.err;
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
+#include <utility>
 
 using namespace std::string_literals;
 
@@ -21,35 +23,28 @@ public:
                                        folder.path("apt").c_str(), nullptr, eOutputAPT),
                   0);
     }
-    ScanReport& operator*() { return m_controller.Report(); }
     ScanReport* operator->() { return &m_controller.Report(); }
 
-    // "word count first-line; ..." in the order of the report.
-    std::string words() {
+    // Words, warnings ("!") and oddities, each with its count and first line: "G54 2/1 !G54 1/1 ".
+    std::string notes() {
         std::string text;
-        for (const auto* const entry : m_controller.Report().Words().MostFrequentFirst()) {
-            text += entry->first + " " + std::to_string(entry->second.count) + " " +
-                    std::to_string(entry->second.firstLine) + "; ";
+        const auto note = [&](const std::string& what, const Tally& tally) {
+            if (tally.count > 0) {
+                text += what + " " + std::to_string(tally.count) + "/" +
+                        std::to_string(tally.firstLine) + " ";
+            }
+        };
+        ScanReport& report = m_controller.Report();
+        for (const auto* const entry : report.Words().MostFrequentFirst()) {
+            note(entry->first, entry->second);
         }
-        return text;
-    }
-    // "count/first-line" of the four oddities.
-    std::string oddities() {
-        std::string text;
-        for (const Oddity oddity :
-             {Oddity::kDroppedArc, Oddity::kLongLine, Oddity::kNulByte, Oddity::kOpenComment}) {
-            const Tally& tally = m_controller.Report().Of(oddity);
-            text += std::to_string(tally.count) + "/" + std::to_string(tally.firstLine) + " ";
+        for (const auto& [kind, block, word] : report.FirstWarnings()) {
+            note(kind == Warning::Kind::kArcWithoutCentre ? "!arc" : "!" + word, {1, block.line});
         }
-        return text;
-    }
-    // "line kind word; ..." with G for a G word and R for an arc.
-    std::string warnings() {
-        std::string text;
-        for (const Warning& warning : m_controller.Report().FirstWarnings()) {
-            const bool isArc = warning.kind == Warning::Kind::kArcWithoutCentre;
-            text +=
-                std::to_string(warning.block.line) + (isArc ? " R" : " G ") + warning.word + "; ";
+        for (const auto& [name, oddity] :
+             {std::pair{"dropped", Oddity::kDroppedArc}, std::pair{"long", Oddity::kLongLine},
+              std::pair{"NUL", Oddity::kNulByte}, std::pair{"open", Oddity::kOpenComment}}) {
+            note(name, report.Of(oddity));
         }
         return text;
     }
@@ -59,12 +54,7 @@ private:
 };
 
 TEST(TakeWord, SplitsLettersWithANumberAndOtherRuns) {
-    struct Row {
-        std::string_view text;
-        char separator;
-        std::string words;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, char, std::string> rows[] = {
         {"G54G41 D1", '.', "G54|G41|D1|"},
         {" R-5.25\tR+.5  R5. ", '.', "R-5.25|R+.5|R5.|"},
         {"R5,25 G54.1", ',', "R5,25|G54.1|"},
@@ -74,80 +64,56 @@ TEST(TakeWord, SplitsLettersWithANumberAndOtherRuns) {
         {"\xE4G1 G1\xE4", '.', "\xE4G1|G1|\xE4|"},
         {" \t ", '.', ""},
     };
-    for (const Row& row : rows) {
-        std::string_view rest = row.text;
+    for (const auto& [text, separator, expected] : rows) {
+        std::string_view rest = text;
         std::string words;
-        for (auto word = takeWord(rest, row.separator); !word.empty();
-             word = takeWord(rest, row.separator)) {
+        for (auto word = takeWord(rest, separator); !word.empty();
+             word = takeWord(rest, separator)) {
             words.append(word) += '|';
         }
-        EXPECT_EQ(words, row.words) << row.text;
+        EXPECT_EQ(words, expected) << text;
     }
 }
 
-TEST(ScanReport, IsEmptyWhenEverythingWasUnderstood) {
-    Scan scan("N1 G90 G94 F100 (a) (b)\n  G1 X1 Y2 S100 \n\t\nM3 S5\n\nG2 X3 I1 M8\r\nG1 X9  ");
-    EXPECT_EQ(scan->UnrecognisedBlocks(), 0);
-    EXPECT_EQ(scan.words() + scan.warnings(), "");
-    EXPECT_EQ(scan.oddities(), "0/0 0/0 0/0 0/0 ");
-}
-
-TEST(ScanReport, KeepsWordsAndRests) {
-    Scan scan("%\nN2 G54 G0 G41 X1 D1\n\nG54 (x)\n E5 Q  \n%\n");
-    EXPECT_EQ(scan->UnrecognisedBlocks(), 5);
-    EXPECT_EQ(scan.words(), "% 2 1; G54 2 2; D1 1 2; G41 1 2; E5 1 5; Q 1 5; ");
-    ASSERT_EQ(scan->FirstRests().size(), 5U);
-    EXPECT_EQ(scan->FirstRests()[1].line, 2);
-    EXPECT_EQ(scan->FirstRests()[1].text, "G54  G41  D1");
-    EXPECT_EQ(scan->FirstRests()[3].text, "E5 Q");
-}
-
-TEST(ScanReport, WarnsOfGWordsThatMoveAndOfArcsWithoutACentre) {
-    struct Row {
-        std::string nc;
-        std::string warnings;
-    };
-    const Row rows[] = {
-        {"G1 X1\nG4 X2.\nG28 X0\nG92 X0\n", "2 G G4; 3 G G28; 4 G G92; "},
-        {"G54\nG18\nG4 P2\nM8 G10\n", ""},          // nothing moves
-        {"G1 X1\nX2 Q5 M99\nX3 GOTO5 AG4\n", ""},   // no G word
-        {"G1 X1\n%G17 X2\nE1 g4 X3\n", "3 G g4; "}, // only where a word begins
-        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "1 G G81; 3 G G54; "},
-        {"G1 X1\nG18 G2 X2 Z0 I5 K0\n", "2 G G18; "},
-        {"G2\nG1 X1\nG2 X1 R5\nG3 X1 I0\n", "1 R; 3 R; "}, // these arcs are dropped
-    };
-    for (const Row& row : rows) {
-        Scan scan(row.nc);
-        EXPECT_EQ(scan.warnings(), row.warnings) << row.nc;
-        EXPECT_EQ(scan->WarningCount(), static_cast<long>(scan->FirstWarnings().size()));
-    }
-    EXPECT_EQ(Scan("G1 X1 F9\n (a) G4 X2. F5\n")->FirstWarnings()[0].block.text, "(a) G4 X2. F5");
-}
-
-TEST(ScanReport, CountsOddities) {
+TEST(ScanReport, NotesWordsWarningsAndOddities) {
     const auto line = [](std::size_t length) { return "M8" + std::string(length - 2, ' '); };
-    struct Row {
-        std::string nc;
-        std::string oddities; // dropped arcs, long blocks, NUL bytes, open comments
+    const std::pair<std::string, std::string> rows[] = {
+        {"N1 G90 G94 F100 (a) (b)\n  G1 X1 Y2 S100 \n\t\nM3 S5\n\nG2 X3 I1 M8\r\nG1 X9  ", ""},
+        {"%\nN2 G54 G0 G41 X1 D1\n\nG54 (x)\n E5 Q  \n%\n",
+         "% 2/1 G54 2/2 D1 1/2 G41 1/2 E5 1/5 Q 1/5 !G54 1/2 "},
+        // A G word of a block that moves is a warning, but only where a word begins.
+        {"G1 X1\nG4 X2.\nG28 X0\n", "G4 1/2 G28 1/3 !G4 1/2 !G28 1/3 "},
+        {"G54\nM8 G10\n", "G54 1/1 G10 1/2 "},
+        {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 AG4 1/2 GOTO5 1/2 "},
+        {"G1 X1\n%G17 X2\nE1 g4 X3\n", "%G17 1/2 E1 1/3 g4 1/3 !g4 1/3 "},
+        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 R2. 1/1 G41 1/3 G54 1/3 !G81 1/1 !G54 1/3 "},
+        // An arc without a centre word is dropped where it ends at its start.
+        {"G2\nG1 X1\nG2 X1 R5\nG3 X1 I0\n", "R5 1/3 !arc 1/1 !arc 1/3 dropped 3/1 "},
+        {"G1 X5\nG2 X5 I5 J0\n", ""}, // a full circle
+        {line(255) + "\n" + line(254) + "\r\n", ""},
+        {line(255) + "\r\n" + line(255), ""},
+        {"\n" + line(256) + "\n" + line(9'999), "long 2/2 "},
+        {"X1\0\nX2\nX3\0X4"s, "NUL 2/1 "},
+        {"X1\nX3\n\0"s, "NUL 1/3 "},
+        {"X1\0\nX2\n\nX3"s, "NUL 1/1 "},
+        {line(300) + "\0\nX2"s, "long 1/1 NUL 1/1 "},
+        {line(200) + std::string(55, '\0') + "\nX2", "NUL 1/1 "},
+        {"(a)\nX1 (b) (c\nX2 )\n((\n", ") 1/3 open 2/2 "},
     };
-    const Row rows[] = {
-        {"G1 X1\nG2 X1\nG3\n", "2/2 0/0 0/0 0/0 "},
-        {"G1 X5\nG2 X5 I5 J0\n", "0/0 0/0 0/0 0/0 "}, // a full circle
-        {line(255) + "\n" + line(254) + "\r\n", "0/0 0/0 0/0 0/0 "},
-        {line(255) + "\r\n" + line(255), "0/0 0/0 0/0 0/0 "},
-        {"\n" + line(256) + "\n" + line(9'999), "0/0 2/2 0/0 0/0 "},
-        {"X1\0\nX2\nX3\0X4"s, "0/0 0/0 2/1 0/0 "},
-        {"X1\nX3\n\0"s, "0/0 0/0 1/3 0/0 "},
-        {"X1\0\nX2\n\nX3"s, "0/0 0/0 1/1 0/0 "},
-        {line(300) + "\0\nX2"s, "0/0 1/1 1/1 0/0 "},
-        {line(200) + std::string(55, '\0') + "\nX2", "0/0 0/0 1/1 0/0 "},
-        {"(a)\nX1 (b) (c\nX2 )\n((\n", "0/0 0/0 0/0 2/2 "},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Scan(row.nc).oddities(), row.oddities) << testing::PrintToString(row.nc);
+    for (const auto& [nc, notes] : rows) {
+        EXPECT_EQ(Scan(nc).notes(), notes) << testing::PrintToString(nc);
     }
     // A comment that runs to the end of its line by definition is complete.
-    EXPECT_EQ(Scan("X1 ; a\n", dialectOf({{"COMMENT_START", ";"}})).oddities(), "0/0 0/0 0/0 0/0 ");
+    EXPECT_EQ(Scan("; a\n", dialectOf({{"COMMENT_START", ";"}})).notes(), "");
+}
+
+TEST(ScanReport, KeepsRestsAndWholeBlocks) {
+    Scan scan("%\nN2 G54 G0 G41 X1 D1\n E5 Q  \nM8\n (a) G4 X2. F5\n");
+    EXPECT_EQ(scan->UnrecognisedBlocks(), 4);
+    EXPECT_EQ(scan->FirstRests()[1].line, 2);
+    EXPECT_EQ(scan->FirstRests()[1].text, "G54  G41  D1");
+    EXPECT_EQ(scan->FirstRests()[2].text, "E5 Q");
+    EXPECT_EQ(scan->FirstWarnings()[1].block.text, "(a) G4 X2. F5");
 }
 
 TEST(ScanReport, StaysWithinItsBounds) {
