@@ -28,10 +28,6 @@ protected:
         freeErrorStack();
         CatInitErrorFehlerFuncs(nullptr, nullptr);
         CatSetErrPar(kMessageParEnd);
-        p_dllExitJump = nullptr;
-        if (errorFile != nullptr) {
-            std::fclose(std::exchange(errorFile, nullptr));
-        }
         std::fclose(std::exchange(stddbg, nullptr));
         std::free(m_trace);
     }

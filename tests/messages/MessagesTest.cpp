@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <map>
 
 using testing::HasSubstr;
 
@@ -94,46 +93,39 @@ TEST_F(Messages, MessageFileMustBeReadable) {
          "QMMISSIN"},
         {"NO  ", "Environmentvariable <NO> for Messagefile not defined!\n", "NO"}};
     for (const auto& [member, line, shown] : rows) {
-        const std::string lines = "gueuse: " + line + "Error in gueuse. Rc=1\n" + unknownLine(1);
         EXPECT_EQ(endOf([&] { CatInitError(member.c_str()); }).status, 1);
-        EXPECT_EQ(traced(), lines + block(1, 5, " --- no Messagetext --- ") + "Program aborted.\n");
         EXPECT_EQ(errorFile, nullptr);
+        traced();
         // A printer that takes the severity back lets the code return.
         CatInitErrorFehlerFuncs([](int, int, const char*) { return severityLevel = 0; }, nullptr);
         EXPECT_EQ(CatInitError(member.c_str()), 1);
         CatInitErrorFehlerFuncs(nullptr, nullptr);
-        EXPECT_EQ(traced(),
-                  lines + "CatInitError: member <" + shown + "> cannot be accessed! (rc=1)\n");
+        EXPECT_EQ(traced(), "gueuse: " + line + "Error in gueuse. Rc=1\n" + unknownLine(1) +
+                                "CatInitError: member <" + shown +
+                                "> cannot be accessed! (rc=1)\n");
     }
 }
 
 TEST_F(Messages, StackKeepsParametersUntilTheyAreRefused) {
     const auto L = kMessageParLong, D = kMessageParDouble, S = kMessageParString;
     const std::string s79(79, 's');
-    EXPECT_EQ(SetErrStackPar(1, L, 0x100000007L, S, static_cast<char*>(nullptr), S,
-                             (s79 + "tu").c_str(), 0),
-              0);
-    EXPECT_EQ(SetErrStackPar(2, S, "1", S, "2", S, "3", S, "4", S, "5", S, "6", 0), 3);
-    EXPECT_EQ(SetErrStackPar(3, L, 1L, L, 2L, L, 3L, L, 4L, L, 5L, L, 6L, L, 7L, L, 8L, L, 9L, L,
-                             10L, L, 11L, L, 12L, L, 13L, D, 1.5, 0),
-              3);
-    EXPECT_EQ(SetErrStackPar(5, L, 7L, 4, 8L, 0), 2);
-    const ErrorStackRecord* record = softErrors;
-    EXPECT_EQ(record->i[0], 7); // narrowed to 32 bits
-    EXPECT_STREQ(record->c[0], "(null)");
-    EXPECT_EQ(record->c[1], s79);
-    EXPECT_STREQ(record->next->c[4], "5");
-    EXPECT_EQ(record->next->next->i[11], 12);
-    EXPECT_EQ(record->next->next->r[0], 0.0);
-    freeErrorStack();
-    SetErrStackPar(-9, L, -5L, D, 0.5, S, "x", 0);
+    SetErrStackPar(-9, L, 0x1FFFFFFFBL, D, 0.5, S, static_cast<char*>(nullptr), S,
+                   (s79 + "tu").c_str(), 0);
     dbgErrorStack();
-    const std::string dump = traced();
-    for (const char* const line :
+    const std::string dump = traced(); // the long is narrowed to 32 bits
+    for (const std::string line :
          {"Fehlerstack     rc=-9\n l_softErrors->i[0] = -5\n", "i[11] = 0\n",
-          " l_softErrors->r[0] = 0.500000\n", " l_softErrors->c[0] = <x>\n", "c[4] = <>\n"}) {
+          " l_softErrors->r[0] = 0.500000\n", " l_softErrors->c[0] = <(null)>\n", "c[4] = <>\n"}) {
         EXPECT_THAT(dump, HasSubstr(line));
     }
+    EXPECT_EQ(softErrors->c[1], s79);
+    EXPECT_EQ(SetErrStackPar(2, S, "1", S, "2", S, "3", S, "4", S, "5", S, "6", 0), 3);
+    EXPECT_STREQ(softErrors->next->c[4], "5");
+    EXPECT_EQ(SetErrStackPar(3, L, 1L, L, 2L, L, 3L, L, 4L, L, 5L, L, 6L, L, 7L, L, 8L, L, 9L, L,
+                             10L, L, 11L, L, 12L, D, 1.5, 0),
+              3);
+    EXPECT_EQ(softErrors->next->next->i[11], 12);
+    EXPECT_EQ(SetErrStackPar(5, L, 7L, 4, 8L, 0), 2);
 }
 
 TEST_F(Messages, CurrentParametersAreReplacedOnlyByAGoodList) {
@@ -142,58 +134,48 @@ TEST_F(Messages, CurrentParametersAreReplacedOnlyByAGoodList) {
     EXPECT_EQ(error_charlen[0], 80);
     EXPECT_EQ(std::string(error_char[1].data(), 80), "b" + std::string(79, ' '));
     EXPECT_EQ(CatSetErrPar(L, 1L, 99, 0), 2);
-    EXPECT_EQ(CatSetErrPar(S, "", S, "", S, "", S, "", S, "", S, "", 0), 3);
+    EXPECT_EQ(CatSetErrPar(L, 1L, L, 2L, L, 3L, L, 4L, L, 5L, L, 6L, L, 7L, L, 8L, L, 9L, L, 10L, L,
+                           11L, L, 12L, L, 13L, 0),
+              3);
     EXPECT_EQ(error_nbchar * 100 + error_ni4 * 10 + error_nr8, 201);
 }
 
-TEST_F(Messages, StackedMessagesStandForTheNumberReported) {
-    useMessages("00001 1\n&one &I01 &C01.\n00002 2\n&two &I01 &C01.\n00003 3\n&three\n");
-    SetErrStackPar(2, kMessageParLong, 22L, kMessageParString, "b", 0);
-    SetErrStackPar(1, kMessageParLong, 11L, 0);
-    fehler(3);
-    EXPECT_EQ(traced(), block(2, 2, "two 22 b.") + block(1, 1, "one 11 ."));
-    fehler(3);
-    EXPECT_EQ(traced(), block(3, 3, "three"));
-}
-
 TEST_F(Messages, FatalMessageJumpsBackWithAnEmptyStack) {
-    useMessages("00001 1\n&note\n00300 5\n&fatal\n");
+    useMessages("00001 1\n&note &I01 &C01.\n00002 2\n&two &I01\n00300 5\n&fatal\n");
     std::jmp_buf back;
     const int value = setjmp(back);
     if (value == 0) {
         p_dllExitJump = &back;
-        SetErrStackPar(1, 0);
+        SetErrStackPar(1, kMessageParLong, 11L, kMessageParString, "bc", 0);
+        SetErrStackPar(2, 0);
         SetErrStackPar(300, 0);
         SetErrStackPar(1, 0);
-        fehler(9);
+        fehler(9); // the stacked messages stand for it
         ADD_FAILURE() << "returned from a fatal message";
     }
     EXPECT_EQ(value, 300);
     EXPECT_EQ(softErrors, nullptr);
-    EXPECT_EQ(traced(), block(1, 1, "note") + block(300, 5, "fatal") + "Module aborted.\n");
+    EXPECT_EQ(traced(), block(1, 1, "note 11 bc.") + block(2, 2, "two 0") + block(300, 5, "fatal") +
+                            "Module aborted.\n");
 }
 
 TEST_F(Messages, ShippedFileCoversEveryNumber) {
     setenv("QMTEST", QUILLMARK_MESSAGE_FILE, 1);
     ASSERT_EQ(CatInitError("QMTEST"), 0);
-    std::map<int, int> headers;
+    CatSetErrPar(kMessageParString, "vpVarPutDbl", 0);
+    std::string numbers;
     std::ifstream file(QUILLMARK_MESSAGE_FILE);
     for (std::string line; std::getline(file, line);) {
         EXPECT_LE(line.size(), 71U) << line;
         if (line[0] != '/' && line[0] != '&') {
-            ++headers[std::stoi(line.substr(0, 5))];
+            const int msgnr = std::stoi(line.substr(0, 5));
+            const std::string text = taken(CatGetLongMessage(msgnr));
+            EXPECT_EQ(text.find("vpVarPutDbl") != std::string::npos, msgnr > 90000) << text;
+            EXPECT_TRUE(severityLevel >= 1 && severityLevel <= 5) << msgnr;
+            numbers += std::to_string(msgnr) + ' ';
         }
     }
-    CatSetErrPar(kMessageParString, "vpVarPutDbl", 0);
-    std::string numbers;
-    for (const auto& [msgnr, count] : headers) {
-        const std::string text = taken(CatGetLongMessage(msgnr));
-        EXPECT_EQ(count, 1) << msgnr;
-        EXPECT_EQ(text.find("vpVarPutDbl") != std::string::npos, msgnr > 90000) << text;
-        EXPECT_TRUE(severityLevel >= 1 && severityLevel <= 5) << msgnr;
-        numbers += std::to_string(msgnr) + ' ';
-    }
-    EXPECT_EQ(numbers, "1 100 200 201 202 203 300 301 302 303 304 305 306 307 345 400 39999 90001 "
+    EXPECT_EQ(numbers, "1 39999 100 200 201 202 203 300 301 302 303 304 305 306 307 345 400 90001 "
                        "90003 90004 90005 90011 90503 90518 ");
     EXPECT_EQ(traced(), "");
 }
@@ -222,14 +204,11 @@ TEST_F(Messages, ExhaustedMemoryIsReported) {
         action();
         return testing::internal::GetCapturedStderr();
     };
-    for (const long call : {0, 1}) {
-        std::string text;
-        EXPECT_THAT(
-            failing(call, [&] { text = taken(CatGetLongMessage(1)); }),
-            HasSubstr(call == 0 ? "CatGetLongMessag (malloc): " : "CatGetLongMessag (realloc): "));
-        EXPECT_EQ(text, call == 0 ? "(none)" : "");
-        EXPECT_EQ(traced(), "Error in CatGetLongMessage. Rc=1\n");
-    }
+    EXPECT_THAT(failing(0, [] { EXPECT_EQ(taken(CatGetLongMessage(1)), "(none)"); }),
+                HasSubstr("CatGetLongMessag (malloc): "));
+    EXPECT_THAT(failing(1, [] { EXPECT_EQ(taken(CatGetLongMessage(1)), ""); }),
+                HasSubstr("CatGetLongMessag (realloc): "));
+    EXPECT_EQ(traced(), "Error in CatGetLongMessage. Rc=1\nError in CatGetLongMessage. Rc=1\n");
     EXPECT_THAT(failing(0, [] { CatStderrMessage(7); }),
                 HasSubstr("CatGetShortMessage (strdup): "));
     EXPECT_THAT(traced(), HasSubstr("MSG.NR.:  7\n --- no Messagetext ---\nSEVERITY: 0\n"));
