@@ -5,11 +5,15 @@
 #include "apt/ResFeedRate.h"
 #include "apt/ResMovTypeCom.h"
 #include "apt/ResSpindle.h"
+#include "apt/StatementText.h"
 #include "softCommon/FileOwner.h"
-#include "tests/geometry/preconditionFailure.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/convert.h"
+#include "tests/support/endOf.h"
 
+#include <cfloat>
+#include <climits>
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -69,13 +73,30 @@ TEST(CircleWriter, StartsAlongTheTangent) {
 }
 
 TEST(CircleWriter, EndsTheProcessWithoutADirection) {
-    const Point normal = {0, 0, 1};
-    for (const auto& [start, axis] :
-         {std::pair{Point{0, 0, 5}, normal}, std::pair{Point{1, 0, 0}, Point{}},
-          std::pair{Point{9e-11, 0, 0}, normal}}) {
-        EXPECT_EQ(preconditionFailure([&, from = start, to = axis] { (void)arc(TRUE, from, to); }),
-                  "!gmIsZero(len)");
+    for (const Point& start : {Point{0, 0, 5}, Point{9e-11, 0, 0}}) {
+        EXPECT_STREQ(endOf([&] {
+                         (void)arc(TRUE, start, {0, 0, 1});
+                     }).expression,
+                     "!gmIsZero(len)");
     }
+    EXPECT_EQ(endOf([] { (void)arc(TRUE, {1e-10, 0, 0}, {0, 0, 1}); }).expression, nullptr);
+}
+
+TEST(StatementText, HoldsTheLongestStatementAndNeverMore) {
+    StatementText text;
+    char printed[512];
+    (void)std::snprintf(printed, sizeof printed, "%13.5f,", -DBL_MAX);
+    std::string expected;
+    for (int i = 0; i < 10; ++i) {
+        text.circleValue(-DBL_MAX).add(",");
+        expected += printed;
+    }
+    EXPECT_EQ(text.view(), expected);
+    for (int i = 0; i < 20; ++i) {
+        text.circleValue(DBL_MAX).add(INT_MIN).add("some words");
+    }
+    EXPECT_EQ(text.view().substr(0, expected.size()), expected);
+    EXPECT_LE(text.view().size(), 4096U);
 }
 
 } // namespace
