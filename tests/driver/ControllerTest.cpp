@@ -46,22 +46,23 @@ TEST(Controller, ReadsBytesThatAreNoText) {
     EXPECT_EQ(convert(std::string(kHeader) + std::string(100'000, '\0'), "X1").code, 0);
 }
 
-TEST(Controller, NeedsAnOutputAndItsKind) {
+TEST(Controller, NamesWhatIsMissing) {
     const TempFolder folder;
     const std::string dialect = folder.write("a.pp", mill());
     const std::string program = folder.write("a.nc", "U1\n");
     const std::string output = folder.path("apt");
+    const char* const pp = dialect.c_str();
+    const char* const nc = program.c_str();
+    const char* const apt = output.c_str();
     Controller controller; // one for all: nothing carries over
-    const auto execute = [&](const char* apt, int type) {
-        return controller.execute(dialect.c_str(), program.c_str(), apt, folder.path("log").c_str(),
-                                  static_cast<eOutputType>(type));
-    };
-    EXPECT_EQ(execute(output.c_str(), eOutputAPT), 0);
-    EXPECT_EQ(execute(nullptr, eOutputAPT), 202);
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
+    EXPECT_EQ(controller.execute(nullptr, nc, apt, nullptr, eOutputAPT), 300);
+    EXPECT_EQ(controller.execute(pp, nullptr, apt, nullptr, eOutputAPT), 200);
+    EXPECT_EQ(controller.execute(pp, nc, nullptr, folder.path("log").c_str(), eOutputAPT), 202);
     EXPECT_EQ(folder.read("log"), kLogHead) << "the log is opened without an output, too";
-    EXPECT_EQ(execute(nullptr, eOutputToolpath), 201);
-    EXPECT_EQ(execute(output.c_str(), 7), 201);
-    EXPECT_EQ(execute(output.c_str(), eOutputAPT), 0);
+    EXPECT_EQ(controller.execute(pp, nc, nullptr, nullptr, eOutputToolpath), 201);
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, static_cast<eOutputType>(7)), 201);
+    EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
     EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
 }
 

@@ -2,7 +2,6 @@
 
 #include "softCommon/CErrorUtil/ersetzeFehlerVariablen.h"
 
-#include <clocale>
 #include <cmath>
 #include <cstring>
 #include <fstream>
@@ -36,21 +35,6 @@ TEST_F(Placeholders, AreReplacedByTheCurrentParameters) {
     EXPECT_EQ(replaced("&I01", 0), "&I01");
     error_ni4 = error_nr8 = error_nbchar = 99; // more than there are must not be read
     EXPECT_EQ(replaced("&I13 &R13 &C06"), "&I13 &R13 &C06");
-}
-
-TEST_F(Placeholders, RealsHaveAPointInAnyLocale) {
-    const std::string locale = m_folder.path("de_DE.UTF-8");
-    (void)!std::system(("localedef -i de_DE -f UTF-8 " + locale + " >/dev/null 2>&1").c_str());
-    setenv("LOCPATH", m_folder.path().c_str(), 1);
-    const bool hasComma = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
-    CatSetErrPar(kMessageParDouble, 1234.5, 0);
-    const std::string text = replaced("&R01 &F01(.1)");
-    std::setlocale(LC_ALL, "C");
-    unsetenv("LOCPATH");
-    if (!hasComma) {
-        GTEST_SKIP() << "no locale with a decimal comma";
-    }
-    EXPECT_EQ(text, "1234.500000 1234.5");
 }
 
 TEST_F(Placeholders, NeverWriteBehindTheField) {
