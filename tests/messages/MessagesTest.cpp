@@ -1,17 +1,62 @@
+#include "include/quillmark_messages.h"
 #include "tests/faults/Fault.h"
-#include "tests/messages/MessageFixture.h"
+#include "tests/support/TempFolder.h"
 #include "tests/support/endOf.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
+#include <utility>
 
 using testing::HasSubstr;
 
 namespace {
 
-using Messages = MessageFixture;
+const std::string kRule = std::string(50, '*') + "\n";
+
+// The text of a heap string that the caller owns; "(none)" for null.
+std::string taken(char* heapText) {
+    std::string text = heapText == nullptr ? "(none)" : heapText;
+    std::free(heapText);
+    return text;
+}
+
+// Gives each test a message file of its own, named by the variable QMTEST, an empty error stack,
+// and a trace stream in memory.
+class Messages : public testing::Test {
+protected:
+    Messages() {
+        stddbg = open_memstream(&m_trace, &m_traceSize);
+        setenv("QMTEST", m_folder.path("messages").c_str(), 1);
+    }
+    ~Messages() override {
+        freeErrorStack();
+        CatInitErrorFehlerFuncs(nullptr, nullptr);
+        CatSetErrPar(kMessageParEnd);
+        std::fclose(std::exchange(stddbg, nullptr));
+        std::free(m_trace);
+    }
+
+    void useMessages(const std::string& content) const {
+        m_folder.write("messages", content);
+        ASSERT_EQ(CatInitError("QMTEST"), 0);
+    }
+
+    // What was traced since the last call.
+    std::string traced() {
+        std::fflush(stddbg);
+        const std::string all(m_trace, m_traceSize);
+        return all.substr(std::exchange(m_seen, all.size()));
+    }
+
+    const TempFolder m_folder;
+    char* m_trace = nullptr;
+    std::size_t m_traceSize = 0;
+    std::size_t m_seen = 0;
+};
 
 std::string unknownLine(int msgnr) {
     return "\nCatGetLongMessage: MsgNr. = " + std::to_string(msgnr) + " unknown. isev=5\n\n";

@@ -1,15 +1,15 @@
-#include "tests/messages/MessageFixture.h"
-
 #include "softCommon/CErrorUtil/ersetzeFehlerVariablen.h"
+
+#include "include/quillmark_messages.h"
 
 #include <cmath>
 #include <cstring>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <random>
+#include <string>
 
 namespace {
-
-using Placeholders = MessageFixture;
 
 std::string replaced(const std::string& text, int length = 300) {
     std::string line = text;
@@ -18,7 +18,7 @@ std::string replaced(const std::string& text, int length = 300) {
     return line.c_str();
 }
 
-TEST_F(Placeholders, AreReplacedByTheCurrentParameters) {
+TEST(Placeholders, AreReplacedByTheCurrentParameters) {
     CatSetErrPar(kMessageParLong, 42L, kMessageParLong, -7L, kMessageParDouble, 3.14159265,
                  kMessageParDouble, -1e300, kMessageParString, " pad ", kMessageParString, "", 0);
     // Only the first occurrence is replaced, and only what is set and is a name.
@@ -37,7 +37,7 @@ TEST_F(Placeholders, AreReplacedByTheCurrentParameters) {
     EXPECT_EQ(replaced("&I13 &R13 &C06"), "&I13 &R13 &C06");
 }
 
-TEST_F(Placeholders, NeverWriteBehindTheField) {
+TEST(Placeholders, NeverWriteBehindTheField) {
     std::mt19937 random(20);
     const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
     const char* const pieces[] = {"&C0", "&I0", "&R0", "&F0", "1", "2", "3", "%n", "\xE4"};
