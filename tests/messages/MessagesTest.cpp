@@ -134,9 +134,9 @@ TEST_F(Messages, MessageFileMustBeReadable) {
     useMessages("00001 4\n&old file\n");
     setenv("QMMISSIN", "/no such folder/file", 1);
     const std::string rows[][3] = {
+        {"NO  ", "Environmentvariable <NO> for Messagefile not defined!\n", "NO"},
         {"QMMISSINGFILE", "can't open file: <QMMISSIN>\n        QMMISSIN=/no such folder/file<\n",
-         "QMMISSIN"},
-        {"NO  ", "Environmentvariable <NO> for Messagefile not defined!\n", "NO"}};
+         "QMMISSIN"}};
     for (const auto& [member, line, shown] : rows) {
         EXPECT_EQ(endOf([&] { CatInitError(member.c_str()); }).status, 1);
         EXPECT_EQ(errorFile, nullptr);

@@ -95,6 +95,7 @@ TEST(SplitString, TrimsFieldsAndKeepsEmptyOnes) {
     EXPECT_THAT(fieldsOf("a,b", ",,"), ElementsAre("a", "", "b", ""));
     EXPECT_THAT(fieldsOf("", ","), IsEmpty());
     EXPECT_THAT(fieldsOf("   ", ","), IsEmpty());
+    EXPECT_EQ(fieldsOf(std::string(99, ',').c_str(), ",").size(), 100U);
 }
 
 TEST(SmallStrings, JoinCompareAndStrip) {
