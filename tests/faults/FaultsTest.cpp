@@ -11,12 +11,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <set>
 #include <string>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -165,6 +168,8 @@ TEST_F(Faults, OfTheParameterToolLeaveTheOldFileOrTheNew) {
             });
         }
     }
+    const std::filesystem::directory_iterator files(m_folder.path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 6) << "a temporary file stays";
 }
 
 // The routines on strings say that memory ran out, and keep nothing of what they began.
@@ -310,17 +315,20 @@ TEST_F(Faults, LeaveTheOutputUpToTheBlockThatIsNamed) {
     EXPECT_EQ(outputs().first, expected);
 }
 
-// Folders that are read-only refuse nobody who is root; these refuse everybody.
 TEST_F(Faults, OfUnwritableFilesKeepTheirReason) {
+    chmod(m_folder.path().c_str(), 0777);
+    mkdir(m_folder.path("locked").c_str(), 0555);
     const std::pair<std::string, int> rows[] = {
-        {m_folder.path("missing/x"), ENOENT},
-        {m_program + "/x", ENOTDIR},
-        {m_folder.path(), EISDIR},
-        {"/proc/self/exe", ETXTBSY},
-        {"", ENOENT},
+        {m_folder.path("locked/x"), EACCES}, {m_folder.path("missing/x"), ENOENT},
+        {m_program + "/x", ENOTDIR},         {m_folder.path(), EISDIR},
+        {"/proc/self/exe", ETXTBSY},         {"", ENOENT},
     };
     for (const auto& [name, reason] : rows) {
         Controller controller;
+        // To root no folder is read-only.
+        constexpr uid_t kNobody = 65534;
+        const uid_t user = geteuid();
+        (void)seteuid(user == 0 && reason == EACCES ? kNobody : user);
         for (const bool isLog : {false, true}) {
             EXPECT_EQ(controller.execute(m_plain.c_str(), m_program.c_str(),
                                          (isLog ? m_apt : name).c_str(),
@@ -328,6 +336,7 @@ TEST_F(Faults, OfUnwritableFilesKeepTheirReason) {
                       isLog ? kLogFileUnwritable : kOutputFileUnwritable);
             EXPECT_EQ(controller.LastFailure().systemError, reason) << name;
         }
+        EXPECT_EQ(seteuid(user), 0);
     }
 }
 

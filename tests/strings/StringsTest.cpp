@@ -120,6 +120,8 @@ TEST(FixedField, IsPaddedAndCut) {
     EXPECT_STREQ(field, "ABCDE");
     s2fcpy(field, nullptr, 5);
     EXPECT_STREQ(field, "     ");
+    const std::unique_ptr<char, decltype(&std::free)> text(s2ccpy("AB   rest", 5), std::free);
+    EXPECT_STREQ(text.get(), "AB   ");
 }
 
 TEST(NumberText, ClampsIntegers) {
