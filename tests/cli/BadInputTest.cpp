@@ -16,6 +16,9 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
         R"(-p x.pp|301|cannot open parameter file 'x.pp': No such file or directory
 -p empty|302|unexpected end of parameter file 'empty': the file is empty, or its last key lacks the lines that belong to it
 -p /dev/stdin|305|cannot rewind parameter file '/dev/stdin': Illegal seek
+-p .|301|cannot open parameter file '.': Is a directory
+-p made -l made|301|cannot open parameter file 'made': it did not exist before this run made it as output or log
+-nc . -l l|200|cannot read NC file '.': Is a directory
 -nc x.nc -l l|200|cannot read NC file 'x.nc': No such file or directory
 -p x.pp -l l -ot TOOLPATH|201|the requested kind of output is not APT: leave out -ot or write -ot APT
 -of no/o -l no/l -ot TOOLPATH|203|cannot write log file 'no/l': No such file or directory

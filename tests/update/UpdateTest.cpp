@@ -1,6 +1,7 @@
 #include "tests/charFeldTexts.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/endOf.h"
+#include "update/oldFileLookups.h"
 #include "update/sectionConverters.h"
 #include "update/unconvertedKeyLines.h"
 #include "update/updatePP.h"
@@ -163,6 +164,16 @@ TEST(Sections, FollowTheOldFileAndItsOddRules) {
         converted(setzeCycUm, split("*CYCMKOO 3|*CYCBH02|*CYCPK02|*CYCPL02|l1|l2"));
     ASSERT_EQ(cycles.size(), 1U + 34U * 5U + 6U);
     EXPECT_EQ(Texts(cycles.begin() + 6, cycles.begin() + 12), split("CYCLE_02||0,1,3,0|l1|l2||"));
+}
+
+TEST(Lookups, KeepBlocksTogether) {
+    const CharFeldOwner lines =
+        fieldOf(split("*BLOCK01 v|text|*lower01 v|*SHORT||*BLOCK02|x|*EMPTY01 |*LAST001"));
+    EXPECT_EQ(taken(suche_blk(lines.get(), "*BLOCK01")), split("text|*lower01 v|*SHORT||"));
+    EXPECT_EQ(taken(suche_blk(lines.get(), "*BLOCK02")), split("x"));
+    for (const char* const key : {"*EMPTY01", "*LAST001", "*NOSUCH1"}) {
+        EXPECT_EQ(suche_blk(lines.get(), key), nullptr);
+    }
 }
 
 TEST(UnconvertedKeyLines, MarkWhatNoConverterTakes) {
