@@ -26,6 +26,14 @@ public:
         }
         return ByteSet(classes);
     }
+    /// The bytes of both sets.
+    [[nodiscard]] constexpr ByteSet operator|(const ByteSet& other) const noexcept {
+        return ByteSet(m_classes | other.m_classes);
+    }
+    /// False only when certainly no byte is in both sets.
+    [[nodiscard]] constexpr bool MayMeet(const ByteSet& other) const noexcept {
+        return (m_classes & other.m_classes) != 0;
+    }
     /// False only when `c` is certainly not in the set.
     [[nodiscard]] constexpr bool MayContain(char c) const noexcept {
         return (m_classes >> (static_cast<unsigned char>(c) % 64U) & 1U) != 0;

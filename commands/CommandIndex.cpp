@@ -30,13 +30,14 @@ CommandIndex::CommandIndex(const AvailableCommands& commands) {
 }
 
 CommandIndex::FirstByte& CommandIndex::rowOf(char byte) {
-    const auto found = std::ranges::find(m_firstBytes, byte, &FirstByte::byte);
-    if (found != m_firstBytes.end()) {
+    const auto found = std::ranges::find(m_rows, byte, &FirstByte::byte);
+    if (found != m_rows.end()) {
         return *found;
     }
     // Made in steps: g++ 12 touches an aggregate after its end when one of its parts throws.
-    FirstByte& row = m_firstBytes.emplace_back();
+    FirstByte& row = m_rows.emplace_back();
     row.byte = byte;
+    m_firstBytes = m_firstBytes | ByteSet::Of({&byte, 1});
     row.byNumber.resize(kNumberClasses);
     return row;
 }
@@ -50,7 +51,7 @@ void CommandIndex::add(const Set& set) noexcept {
 
 void CommandIndex::select(const char* block, const ByteSet& bytes) noexcept {
     std::ranges::fill(m_selected, 0);
-    for (const FirstByte& row : m_firstBytes) {
+    for (const FirstByte& row : m_rows) {
         if (!bytes.MayContain(row.byte)) {
             continue;
         }
@@ -65,6 +66,9 @@ void CommandIndex::select(const char* block, const ByteSet& bytes) noexcept {
 }
 
 int CommandIndex::scanNC(char* block, const ByteSet& bytes) {
+    if (!bytes.MayMeet(m_firstBytes)) {
+        return 0;
+    }
     select(block, bytes);
     for (std::size_t word = 0; word < m_selected.size(); ++word) {
         std::uint64_t untried = ~std::uint64_t{0};

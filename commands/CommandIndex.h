@@ -38,6 +38,7 @@ private:
     void add(const Set& set) noexcept;
 
     std::vector<Command*> m_commands;
-    std::vector<FirstByte> m_firstBytes;
+    std::vector<FirstByte> m_rows;
+    ByteSet m_firstBytes; // of all rows
     Set m_selected;
 };
