@@ -2,7 +2,6 @@
 
 #include "commands/CircularMovement.h"
 #include "driver/fileIdentity.h"
-#include "driver/lastLineHoldsNul.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CStringUtil/string_mani.h"
 
@@ -27,7 +26,7 @@ bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
 }
 
 int NCScan::SetNCFileName(const char* name) {
-    m_ncFile.close();
+    m_ncFile.reset();
     m_ncFileName = TextCopy(name);
     if (name == nullptr) {
         return kNCFileUnreadable;
@@ -35,17 +34,18 @@ int NCScan::SetNCFileName(const char* name) {
     if (m_ncFileName.get() == nullptr) {
         return kMemoryExhausted;
     }
-    if (!m_ncFile.open(name, "rt")) {
+    m_ncFile.reset(std::fopen(name, "rt"));
+    if (m_ncFile == nullptr) {
         KeepFailure({.systemError = errno});
         return kNCFileUnreadable;
     }
     if (isDirectory(m_ncFile.get())) {
-        m_ncFile.close();
+        m_ncFile.reset();
         KeepFailure({.systemError = EISDIR});
         return kNCFileUnreadable;
     }
     if (IsOwnOutput(m_ncFile.get())) {
-        m_ncFile.close();
+        m_ncFile.reset();
         KeepFailure({.text = "it did not exist before this run made it as output or log"});
         return kNCFileUnreadable;
     }
@@ -122,60 +122,50 @@ int NCScan::run() {
 }
 
 int NCScan::runBlocks() {
-    std::FILE* const file = m_ncFile.get();
-    if (file == nullptr) {
+    if (m_ncFile == nullptr) {
         return kNCFileUnreadable;
     }
+    LineReader lines(m_ncFile.get());
     CommandIndex commands(m_model->commands);
-    while (std::feof(file) == 0) {
-        // A line that does not fit is read in pieces, each a block of its own. Only a full piece
-        // has its end in the last byte.
-        m_block.back() = '\n';
-        if (fgets_unlocked(m_block.data(), static_cast<int>(m_block.size()), file) == nullptr) {
-            if (std::ferror(file) != 0) {
-                KeepFailure({.systemError = errno});
-                return kNCFileUnreadable;
-            }
-            continue;
-        }
-        beginBlock();
+    std::string_view piece;
+    while (lines.Next(piece)) {
+        beginBlock(piece);
         if (const int code = convertBlock(commands); code != 0) {
             return code;
         }
     }
+    if (lines.HasFailed()) {
+        KeepFailure({.systemError = lines.Error()});
+        return kNCFileUnreadable;
+    }
     return 0;
 }
 
-void NCScan::beginBlock() noexcept {
-    char* const block = m_block.data();
+// A line that does not fit is read in pieces, each a block of its own.
+void NCScan::beginBlock(std::string_view piece) noexcept {
     if (!m_continuesLine) {
         ++m_blockNumber;
     } else {
-        m_report.NoteFurtherPiece(m_blockNumber, *block == '\n' || *block == '\r');
+        m_report.NoteFurtherPiece(m_blockNumber, piece.front() == '\n' || piece.front() == '\r');
     }
-    const bool isFull = m_block.back() == '\0';
-    m_continuesLine = isFull && m_block[kBlockSize - 2] != '\n';
-    const std::size_t length = std::strlen(block);
-    const bool hasNewline = length > 0 && block[length - 1] == '\n';
-    if (!hasNewline && endsAtNul(length, isFull)) {
+    const bool hasNewline = piece.back() == '\n';
+    m_continuesLine = piece.size() == LineReader::kMostBytes && !hasNewline;
+    piece.remove_suffix(hasNewline ? 1 : 0);
+    if (const std::size_t nul = piece.find('\0'); nul != std::string_view::npos) {
+        piece = piece.substr(0, nul);
         m_report.Note(Oddity::kNulByte, m_blockNumber);
     }
-    m_blockLength = trimText(block, hasNewline ? length - 1 : length);
-    std::memcpy(m_blockText.data(), block, m_blockLength + 1);
+    const std::string_view text = trimmed(piece);
+    m_blockLength = text.size();
+    for (Block* const copy : {&m_block, &m_blockText}) {
+        std::memcpy(copy->data(), text.data(), text.size());
+        (*copy)[text.size()] = '\0';
+    }
     if (std::FILE* const log = m_logFile.get()) {
         (void)putc_unlocked('\n', log);
-        (void)fwrite_unlocked(block, 1, m_blockLength, log);
+        (void)fwrite_unlocked(text.data(), 1, text.size(), log);
         (void)putc_unlocked('\n', log);
     }
-}
-
-// Only a full piece and the last line of the file have no newline and no NUL byte either.
-bool NCScan::endsAtNul(std::size_t length, bool isFull) const noexcept {
-    if (isFull) {
-        return length < kBlockSize - 1;
-    }
-    std::FILE* const file = m_ncFile.get();
-    return std::feof(file) == 0 || lastLineHoldsNul(file);
 }
 
 int NCScan::convertBlock(CommandIndex& commands) {

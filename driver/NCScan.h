@@ -7,12 +7,14 @@
 #include "commands/MachineStatus.h"
 #include "commands/TextCopy.h"
 #include "driver/BufferedFile.h"
+#include "driver/LineReader.h"
 #include "driver/ScanReport.h"
 #include "include/quillmark.h"
 
 #include <array>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 /// Owns the command model of one conversion and its files, and runs the loop over the blocks of
 /// the NC program. The order of use: SetOutputType, the configuration through the accessors,
@@ -83,8 +85,7 @@ protected:
     void BeginConversion();
 
 private:
-    static constexpr std::size_t kBlockSize = 256;
-    using Block = std::array<char, kBlockSize>;
+    using Block = std::array<char, LineReader::kMostBytes + 1>;
 
     struct Model {
         MachineStatus status;
@@ -95,14 +96,13 @@ private:
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
     int runBlocks();
-    void beginBlock() noexcept;
-    [[nodiscard]] bool endsAtNul(std::size_t length, bool isFull) const noexcept;
+    void beginBlock(std::string_view piece) noexcept;
     int convertBlock(CommandIndex& commands);
     int computeBlock(char* block);
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
-    BufferedFile m_ncFile;
+    FileOwner m_ncFile;
     std::optional<Model> m_model{std::in_place};
     std::unique_ptr<APTFactory> m_factory;
     BufferedFile m_outputFile;

@@ -67,19 +67,23 @@ std::size_t trimText(char* string) noexcept {
 }
 
 std::size_t trimText(char* string, std::size_t length) noexcept {
-    std::size_t blanks = 0;
-    while (blanks < length && string[blanks] == ' ') {
-        ++blanks;
+    const std::string_view text = trimmed({string, length});
+    if (text.data() != string) {
+        std::memmove(string, text.data(), text.size());
     }
-    const char* const text = string + blanks;
-    length -= blanks;
-    if (const void* const cut = std::memchr(text, '\r', length)) {
-        length = static_cast<std::size_t>(static_cast<const char*>(cut) - text);
+    string[text.size()] = '\0';
+    return text.size();
+}
+
+std::string_view trimmed(std::string_view text) noexcept {
+    while (!text.empty() && text.front() == ' ') {
+        text.remove_prefix(1);
     }
-    if (text != string) {
-        std::memmove(string, text, length);
+    text = text.substr(0, text.find('\r'));
+    while (!text.empty() && text.back() == ' ') {
+        text.remove_suffix(1);
     }
-    return removeTrailingBlanks(string, length);
+    return text;
 }
 
 void string_mani(int code, char* string) noexcept {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 /// Trims, cuts or unquotes `string` in place. Only the space character counts as a blank. A null
 /// string and any code not listed are left alone.
@@ -21,3 +22,6 @@ std::size_t trimText(char* string) noexcept;
 
 /// The same for the first `length` bytes of `string`, none of which is a newline.
 std::size_t trimText(char* string, std::size_t length) noexcept;
+
+/// The part of `text`, none of whose bytes is a newline, that trimText would leave.
+[[nodiscard]] std::string_view trimmed(std::string_view text) noexcept;
