@@ -4,18 +4,20 @@
 #include "commands/Parameter.h"
 #include "commands/ncNumber.h"
 #include "driver/NCScan.h"
+#include "include/quillmark_messages.h"
 #include "paramfile/ParamScan.h"
 #include "softCommon/FileOwner.h"
 
 #include <array>
 #include <benchmark/benchmark.h>
 #include <charconv>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
 /// Benchmarks of what matters inside: a number in, a word out of a block, a number out, a statement
-/// out, and whole blocks through all recognisers. The standard library's ways of reading and
-/// printing a coordinate are the yardsticks.
+/// out, whole blocks through all recognisers, and a message. The standard library's ways of reading
+/// and printing a coordinate are the yardsticks.
 
 namespace {
 
@@ -117,6 +119,28 @@ BENCHMARK_CAPTURE(convertBlocks, point, "X-253.4731 Y-219.295 Z-6.933");
 BENCHMARK_CAPTURE(convertBlocks, feedMove, "N16 G1 X1.3817 Y-228.0195 Z-36.0937 F1600.");
 BENCHMARK_CAPTURE(convertBlocks, arc, "G2 X-197.2832 Y-233.8354 I33.5476 J13.801");
 BENCHMARK_CAPTURE(convertBlocks, comment, "(roughing pass)");
+
+/// A look-up reads the file from its start; this one finds the last of 10,000 messages.
+void lookUpLastMessage(benchmark::State& state) {
+    const FileOwner messages(std::tmpfile());
+    for (int number = 10'000; number < 20'000; ++number) {
+        std::fprintf(messages.get(), "%d 3\n&Message %d with one line of text, routine &C01\n",
+                     number, number);
+    }
+    std::fflush(messages.get());
+    const std::string name = "/dev/fd/" + std::to_string(fileno(messages.get()));
+    setenv("QMBENCH", name.c_str(), 1);
+    if (CatInitError("QMBENCH") != 0) {
+        state.SkipWithError("the messages cannot be read");
+        return;
+    }
+    for (auto _ : state) {
+        char* const text = CatGetLongMessage(19'999);
+        benchmark::DoNotOptimize(text);
+        std::free(text);
+    }
+}
+BENCHMARK(lookUpLastMessage)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <utility>
@@ -223,22 +222,6 @@ TEST_F(Messages, ShippedFileCoversEveryNumber) {
     EXPECT_EQ(numbers, "1 39999 100 200 201 202 203 300 301 302 303 304 305 306 307 345 400 90001 "
                        "90003 90004 90005 90011 90503 90518 ");
     EXPECT_EQ(traced(), "");
-}
-
-// Prints the figure of docs/messages.md.
-TEST_F(Messages, LookUpCostOfTheLastOfTenThousand) {
-    std::string content;
-    for (int msgnr = 10000; msgnr < 20000; ++msgnr) {
-        const std::string number = std::to_string(msgnr);
-        content += number + " 3\n&Message " + number + " with one line of text, routine &C01\n";
-    }
-    useMessages(content);
-    const auto start = std::chrono::steady_clock::now();
-    for (int k = 0; k < 20; ++k) {
-        EXPECT_THAT(taken(CatGetLongMessage(19999)), HasSubstr("Message 19999 with"));
-    }
-    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
-    std::printf("%.2f ms per look-up in a file of %zu bytes\n", spent.count() * 50, content.size());
 }
 
 TEST_F(Messages, ExhaustedMemoryIsReported) {
