@@ -23,6 +23,7 @@
 #include <unistd.h>
 #include <utility>
 
+int frontEndMain(int argc, char** argv, char** envp);
 int paramToolMain(int argc, char** argv);
 
 using testing::AnyOf;
@@ -139,6 +140,30 @@ TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
         }
         EXPECT_EQ(seen, codes) << "kind " << static_cast<int>(kind);
         EXPECT_GE(faults, atLeast) << "kind " << static_cast<int>(kind);
+    }
+}
+
+TEST_F(Faults, OfTheFrontEndGiveAStatusOrTheRightFiles) {
+    const std::string report = m_folder.path("report");
+    const char* argv[] = {
+        "quillmark",    "-p",          m_old.c_str(), "-nc",         m_program.c_str(),
+        "-of",          m_apt.c_str(), "-l",          m_log.c_str(), "--report",
+        report.c_str(), "--summary",   nullptr};
+    const Outputs expected = converted(m_old);
+    for (const FaultKind kind : {kMemory, kMemoryForGood, kOpen, kRead, kWrite, kSeek}) {
+        const long faults = failEachCall(
+            kind,
+            [&] {
+                return frontEndMain(static_cast<int>(std::size(argv)) - 1, const_cast<char**>(argv),
+                                    environ);
+            },
+            [&](int status, bool isReached, long call) {
+                EXPECT_TRUE(status != 0 ||
+                            (outputs() == expected && readFile(report).ends_with("}\n")))
+                    << static_cast<int>(kind) << " " << call;
+                EXPECT_TRUE(status == 0 || isReached) << status;
+            });
+        EXPECT_GE(faults, 3) << static_cast<int>(kind);
     }
 }
 
