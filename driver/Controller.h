@@ -1,6 +1,7 @@
 #pragma once
 
 #include "driver/NCScan.h"
+#include "driver/StandardDescriptors.h"
 
 /// The driver behind the library's entry and behind the command line.
 class Controller : public NCScan {
@@ -34,4 +35,6 @@ private:
                  const char* logfile, const eOutputType& type);
     int protectInputs(const char* paramfile, const char* ncfile, const char* outputfile,
                       const char* logfile) noexcept;
+
+    StandardDescriptors m_standardDescriptors; // before the trace opens a file
 };
