@@ -17,5 +17,7 @@ void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* output
     }
     std::fprintf(stream, "quillmark: stopped at block %ld: ", scan.BlockNumber());
     printText(stream, scan.BlockText());
-    std::fprintf(stream, "\nquillmark: the output written so far stays in '%s'\n", outputName);
+    std::fputs("\nquillmark: the output written so far stays in '", stream);
+    printText(stream, outputName);
+    std::fputs("'\n", stream);
 }

@@ -1,5 +1,6 @@
 #include "cli/errorLine.h"
 
+#include "cli/blockText.h"
 #include "driver/returnCodes.h"
 
 #include <cstring>
@@ -31,7 +32,9 @@ void printErrorLine(std::FILE* stream, const char* program, int code, const Conv
     if (const ReturnCode* const row = findReturnCode(code)) {
         std::fprintf(stream, ": %s", row->meaning);
         if (const char* const name = nameOf(row->file, files)) {
-            std::fprintf(stream, " '%s'", name);
+            std::fputs(" '", stream);
+            printText(stream, name);
+            (void)std::fputc('\'', stream);
         }
         const char* const reason =
             failure.systemError != 0 ? std::strerror(failure.systemError) : failure.text;

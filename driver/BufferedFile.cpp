@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <new>
 
-bool BufferedFile::open(const char* name, const char* mode) noexcept {
+bool BufferedFile::open(const char* name) noexcept {
     constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
     close(); // before the same name is truncated
-    m_file.reset(std::fopen(name, mode));
+    m_file.reset(std::fopen(name, "wt"));
     if (m_file == nullptr) {
         return false;
     }

@@ -4,12 +4,12 @@
 
 #include <memory>
 
-/// A stream of the conversion with a buffer larger than the standard one: fewer calls of the
+/// An output of the conversion with a buffer larger than the standard one: fewer calls of the
 /// system for long programs. Opens, owns and closes the stream.
 class BufferedFile {
 public:
-    /// Closes what was open and opens `name`. False, with errno set, when that fails.
-    [[nodiscard]] bool open(const char* name, const char* mode) noexcept;
+    /// Closes what was open and creates or empties `name`. False, with errno set, when that fails.
+    [[nodiscard]] bool open(const char* name) noexcept;
     /// Closes the stream, if there is one, without asking whether everything reached the file.
     void close() noexcept { m_file.reset(); }
     /// Closes the stream. False, with errno set, when something written did not reach the file.

@@ -6,8 +6,8 @@
 
 namespace {
 
-// Behind the place of a line that one reading only began. Whole blocks of the file system go
-// straight to the buffer.
+// Whole blocks of the file system, which go straight to the buffer. It has room before them for the
+// beginning of a line that the reading before cut.
 constexpr std::size_t kReadSize = std::size_t{64} * 1024;
 
 } // namespace

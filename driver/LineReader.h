@@ -15,8 +15,8 @@ public:
     explicit LineReader(std::FILE* file);
 
     /// Gives the next piece with its newline, if it has one; it stays valid until the next call.
-    /// False at the end of the file, and after a read error once all whole lines before it are
-    /// given.
+    /// False at the end of the file, and after a read error once all whole lines and full pieces
+    /// before it are given.
     [[nodiscard]] bool Next(std::string_view& piece) noexcept;
     /// Whether an error ended the reading, and which one of the system's.
     [[nodiscard]] bool HasFailed() const noexcept { return m_hasFailed; }

@@ -1,5 +1,6 @@
 #include "driver/NCScan.h"
 
+#include "apt/appendText.h"
 #include "commands/CircularMovement.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
@@ -73,7 +74,7 @@ void NCScan::SetNoOutput() { m_factory = std::make_unique<APTFactory>(nullptr, n
 
 int NCScan::openOutput(const char* name) noexcept {
     m_outputFile.close();
-    if (name == nullptr || !m_outputFile.open(name, "wt")) {
+    if (name == nullptr || !m_outputFile.open(name)) {
         KeepFailure({.systemError = name == nullptr ? 0 : errno});
         return kOutputFileUnwritable;
     }
@@ -89,14 +90,16 @@ int NCScan::openLog(const char* name) noexcept {
         KeepFailure({.text = "it is the output file as well"});
         return kLogFileUnwritable;
     }
-    if (!m_logFile.open(name, "wt")) {
+    if (!m_logFile.open(name)) {
         KeepFailure({.systemError = errno});
         return kLogFileUnwritable;
     }
     char banner[64] = "";
     int length = 0;
     gtvers(banner, &length);
-    std::fprintf(m_logFile.get(), "QUILLMARK: %.*s\n\n", length, banner);
+    appendText(m_logFile.get(), "QUILLMARK: ");
+    appendText(m_logFile.get(), {banner, static_cast<std::size_t>(length)});
+    appendText(m_logFile.get(), "\n\n");
     return 0;
 }
 
@@ -162,9 +165,9 @@ void NCScan::beginBlock(std::string_view piece) noexcept {
         (*copy)[text.size()] = '\0';
     }
     if (std::FILE* const log = m_logFile.get()) {
-        (void)putc_unlocked('\n', log);
-        (void)fwrite_unlocked(text.data(), 1, text.size(), log);
-        (void)putc_unlocked('\n', log);
+        appendText(log, "\n");
+        appendText(log, text);
+        appendText(log, "\n");
     }
 }
 

@@ -18,6 +18,7 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
 -p /dev/stdin|305|cannot rewind parameter file '/dev/stdin': Illegal seek
 -p .|301|cannot open parameter file '.': Is a directory
 -p made -l made|301|cannot open parameter file 'made': it did not exist before this run made it as output or log
+-p 'a	b'|301|cannot open parameter file 'a\x09b': No such file or directory
 -nc . -l l|200|cannot read NC file '.': Is a directory
 -nc x.nc -l l|200|cannot read NC file 'x.nc': No such file or directory
 -p x.pp -l l -ot TOOLPATH|201|the requested kind of output is not APT: leave out -ot or write -ot APT

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <gmock/gmock.h>
@@ -22,6 +23,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 int frontEndMain(int argc, char** argv, char** envp);
 int paramToolMain(int argc, char** argv);
@@ -43,7 +45,7 @@ std::string programText() {
 // The first lines of every key hold a machine with two rotary axes.
 std::string oldLines() {
     const std::string all = readFile(OLD_LINES);
-    return all.substr(0, all.find("*POLAR10"));
+    return all.substr(0, all.find("*POLAR10")) + "*MAKRO01\nis answered on standard error\n";
 }
 
 // The tool for parameter files, whose main function has another name here.
@@ -130,7 +132,12 @@ TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
         for (const std::string& dialect : {m_plain, m_coded, m_old}) {
             const Outputs expected = converted(dialect);
             const auto check = [&](int code, bool isReached, long call) {
+                const auto [apt, log] = outputs();
                 EXPECT_TRUE(code != 0 || outputs() == expected) << dialect << ", call " << call;
+                if (kind == kWrite && code != kNoTemporaryFile && code != kUpdateFailed) {
+                    EXPECT_THAT(expected.first, StartsWith(apt)) << dialect << ", call " << call;
+                    EXPECT_THAT(expected.second, StartsWith(log)) << dialect << ", call " << call;
+                }
                 if (isReached) {
                     seen.insert(code);
                 }
@@ -288,6 +295,28 @@ TEST_F(Faults, WithoutDescriptorsGiveTheCodeOfTheFile) {
         EXPECT_EQ(limited(RLIMIT_NOFILE, room++, [this] { return convert(m_old); }), code);
     }
     EXPECT_EQ(outputs(), expected);
+}
+
+// Messages would land in a file that took the place of standard error.
+TEST_F(Faults, OfMissingStandardDescriptorsReachNoFile) {
+    const Outputs expected = converted(m_old);
+    for (const std::vector<int>& missing : {std::vector{0}, {2}, {1, 2}, {0, 1, 2}}) {
+        std::vector<int> kept;
+        for (const int descriptor : missing) {
+            kept.push_back(fcntl(descriptor, F_DUPFD, 10));
+            close(descriptor);
+        }
+        const int code =
+            dllentry(m_old.c_str(), m_program.c_str(), m_apt.c_str(), m_log.c_str(), eOutputAPT);
+        for (std::size_t i = 0; i < missing.size(); ++i) {
+            const bool isFree = fcntl(missing[i], F_GETFD) == -1;
+            dup2(kept[i], missing[i]);
+            close(kept[i]);
+            EXPECT_TRUE(isFree) << missing[i];
+        }
+        EXPECT_EQ(code, 0) << missing.size();
+        EXPECT_EQ(outputs(), expected) << missing.size();
+    }
 }
 
 TEST_F(Faults, OfInputsThatChangeGiveWhatWasRead) {
