@@ -1,0 +1,373 @@
+#include "cli/quillmark-param/ParamCheck.h"
+
+#include "cli/shared/movementCommands.h"
+#include "commands/EndCommand.h"
+#include "commands/RegularCommand.h"
+#include "driver/returnCodes.h"
+#include "paramfile/codingMarks.h"
+#include "softCommon/CStringUtil/asciiBytes.h"
+#include "softCommon/CStringUtil/string_mani.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace {
+
+using Key = ParamScan::Key;
+using enum FindingKind;
+
+constexpr const char* kLatheSuffix = "_LATHE";
+constexpr const char* kClassKey = "MFG_CLASS_NAME";
+constexpr const char* kToolWordKey = "REV_TLCHG_TLADR";
+constexpr const char* kCentreModeKey = "CIRCLE_CENTER_ABS";
+constexpr std::size_t kLongestLine = 254; // with its line end it fills the buffer of the scan
+
+std::array<std::span<const Key>, 3> keyTables() noexcept {
+    return {ParamScan::ClassKeys(), ParamScan::CommandKeys(), ParamScan::ParameterKeys()};
+}
+
+bool isHeading(const std::string& text) noexcept { return text.starts_with("##### "); }
+
+bool isCentreKey(const Key& key) noexcept {
+    return std::strstr(key.text, "CIRCLE_CENTER_COORDINATE") != nullptr;
+}
+
+bool isDivisorKey(const Key& key) noexcept {
+    return std::strstr(key.text, "_ASSIGNMENT") != nullptr;
+}
+
+// Upper-case words, digits and underscores, with enough letters to be no code or address.
+bool looksLikeKey(const std::string& text) noexcept {
+    constexpr auto kFewestLetters = 4;
+    const auto isKeyByte = [](char c) { return isUpperByte(c) || isDigitByte(c) || c == '_'; };
+    return std::ranges::all_of(text, isKeyByte) &&
+           std::ranges::count_if(text, isUpperByte) >= kFewestLetters;
+}
+
+// The exact key of which `text` is the variant for lathes or for mills, or null.
+const Key* exactKeyOf(const std::string& text, bool forLathe) noexcept {
+    const char* const suffix = forLathe ? kLatheSuffix : "";
+    for (const auto& keys : keyTables()) {
+        for (const Key& key : keys) {
+            if (key.exact && text.starts_with(key.text) &&
+                text.compare(std::strlen(key.text), text.npos, suffix) == 0) {
+                return &key;
+            }
+        }
+    }
+    return nullptr;
+}
+
+// The key as it is written for a kind of machine.
+std::string spelled(const Key& key, bool isLathe) {
+    return std::string(key.text) + (key.exact && isLathe ? kLatheSuffix : "");
+}
+
+// Without an incremental word, and on a lathe without a second axis, a dialect is complete.
+bool isOptional(const Key& key, bool isLathe) noexcept {
+    const std::string_view text = key.text;
+    return text.ends_with("_INCR") || (isLathe && text == "2ND_COORDINATE");
+}
+
+// What a later entry has to have in common with an earlier one to replace it: the command, or else
+// the key.
+const void* targetOf(const RecordingScan::Entry& entry) noexcept {
+    return entry.command != nullptr ? static_cast<const void*>(entry.command) : entry.key;
+}
+
+struct AbsentKey {
+    const char* key;
+    const char* alternative; // a key that does the same; null for none
+    bool latheOnly;
+    const char* consequence;
+};
+
+// Keys of which there is more to say than that they are absent.
+constexpr AbsentKey kAbsentKeys[] = {
+    {kClassKey, nullptr, false, ": the machine counts as a mill"},
+    {"SPINDLE_STOP", "SPINDLE_OFF_LATHE", false, ""},
+    {"SPINDLE_OFF_LATHE", "SPINDLE_STOP", true, ""},
+    {"REV_TLCHG_COM", nullptr, false, ": the tool change is M6"},
+    {kToolWordKey, nullptr, false, ": the tool number stands behind T"},
+    {"DECIMAL_POINT_REPRESENTATION", nullptr, false, ": numbers have no decimal point"},
+    {"MFG_INIT_SPINDLE", nullptr, false, ": the tool axis is (0, 0, 1)"},
+    {"ZX_LATHE_X_ASSIGNMENT", nullptr, true, ""},
+    {"ZX_LATHE_Y_ASSIGNMENT", nullptr, true, ""},
+    {"ZX_LATHE_Z_ASSIGNMENT", nullptr, true, ""},
+};
+
+const AbsentKey& absentKey(const Key& key) noexcept {
+    static constexpr AbsentKey kPlain = {nullptr, nullptr, false, ""};
+    const auto* const row = std::ranges::find_if(kAbsentKeys, [&key](const AbsentKey& candidate) {
+        return std::strcmp(candidate.key, key.text) == 0;
+    });
+    return row == std::end(kAbsentKeys) ? kPlain : *row;
+}
+
+} // namespace
+
+ParamCheck::ParamCheck(NCScan& model, const RecordingScan& scan, char* const* lines, int code)
+    : m_model(model), m_scan(scan) {
+    collectLines(lines);
+    collectInForce();
+    collectUnreadKeys();
+    if (code != 0) {
+        const ReturnCode* const row = findReturnCode(code);
+        m_findings.Add(kScanFails, scan.LastLine(),
+                       row == nullptr ? std::to_string(code) : row->meaning);
+    }
+    checkMarks(lines);
+    for (const Entry& entry : scan.Entries()) {
+        checkEntry(entry);
+    }
+    checkLengths();
+    checkVariants();
+    checkCentreMode();
+    checkCodes();
+    checkLetters();
+    if (code == 0) { // behind a failure everything is absent
+        checkAbsentKeys();
+        if (!configuresMovement(model)) {
+            m_findings.Add(kNoMovement, 0, kNoMovementCommand);
+        }
+    }
+    m_findings.Sort();
+}
+
+void ParamCheck::collectLines(char* const* lines) {
+    for (; *lines != nullptr; ++lines) {
+        std::string text(*lines);
+        m_lengths.push_back(text.size());
+        string_mani(3, text.data());
+        text.resize(std::strlen(text.c_str()));
+        m_lines.push_back(std::move(text));
+    }
+    m_entryOfLine.resize(m_lines.size(), nullptr);
+    for (const Entry& entry : m_scan.Entries()) {
+        for (long line = entry.line; line <= entry.lastLine; ++line) {
+            m_entryOfLine[static_cast<std::size_t>(line - 1)] = &entry;
+        }
+    }
+}
+
+void ParamCheck::collectInForce() {
+    const std::vector<Entry>& entries = m_scan.Entries();
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        if (!entry->value.empty() && m_byTarget.try_emplace(targetOf(*entry), &*entry).second) {
+            m_inForce.push_back(&*entry);
+        }
+    }
+    std::ranges::reverse(m_inForce);
+}
+
+// The line below an unread key is its value, whatever it looks like. The values of cycles are texts
+// of several lines, so in their section only the headings of the cycles count.
+void ParamCheck::collectUnreadKeys() {
+    bool isInCycles = false;
+    bool isValue = false;
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        const std::string& text = m_lines[i];
+        if (isHeading(text)) {
+            isInCycles = text.starts_with("##### Cycle Section");
+            isValue = false;
+        } else if (isValue || m_entryOfLine[i] != nullptr) {
+            isValue = false;
+        } else if (isInCycles ? text.starts_with("CYCLE_") : looksLikeKey(text)) {
+            m_unreadKeys.push_back({static_cast<long>(i) + 1, text});
+            isValue = true;
+        }
+    }
+}
+
+void ParamCheck::checkMarks(char* const* lines) {
+    const auto head = plainHead(lines);
+    if (hasSectionLine(head)) {
+        return; // the file was decoded or marked as plain, or it would not have been read
+    }
+    m_findings.Add(kSectionMissing, 0);
+    if (!saysPlain(head)) {
+        m_findings.Add(kMarkMissing, 0);
+    }
+}
+
+void ParamCheck::checkEntry(const Entry& entry) {
+    const std::string variant = entry.key->text + std::string(kLatheSuffix);
+    if (entry.text != entry.key->text && entry.text != variant) {
+        m_findings.Add(kReadAsOther, entry.line, entry.text, entry.key->text);
+    }
+    if (entry.value.empty()) {
+        m_findings.Add(kEmptyValue, entry.line, entry.text);
+        return;
+    }
+    if (IsScannedKey(entry.value) || isHeading(entry.value)) {
+        m_findings.Add(kValueIsKey, entry.line, entry.text, entry.value);
+    } else if ((entry.command != nullptr || entry.word != nullptr) && looksLikeKey(entry.value) &&
+               entry.value.find('_') != std::string::npos) {
+        m_findings.Add(kValueLikeKey, entry.line, entry.text, entry.value);
+    }
+    // Behind the value: a line that is passed over, then the number format. Either may be any text.
+    for (long line = entry.line + 2; line <= entry.lastLine; ++line) {
+        const std::string& text = m_lines[static_cast<std::size_t>(line - 1)];
+        if (IsScannedKey(text) || isHeading(text)) {
+            m_findings.Add(kFormatMissing, entry.line, entry.text, text);
+            break;
+        }
+    }
+    if (entry.command != nullptr && isDigitByte(entry.value[0]) &&
+        entry.value.find_first_not_of("0123456789") == std::string::npos) {
+        m_findings.Add(kNoLetters, entry.line, entry.text, entry.value);
+    }
+    if (isDivisorKey(*entry.key) && entry.value.size() == 1) {
+        m_findings.Add(kShortDivisor, entry.line, entry.text, entry.value);
+    }
+    const Entry& last = *m_byTarget.at(targetOf(entry));
+    if (&last != &entry && last.value != entry.value) {
+        m_findings.Add(kReplaced, last.line, last.text, std::to_string(entry.line));
+    }
+}
+
+void ParamCheck::checkLengths() {
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        if (m_lengths[i] > kLongestLine) {
+            const Entry* const entry = m_entryOfLine[i];
+            m_findings.Add(entry != nullptr ? kEntryTooLong : kLineTooLong,
+                           static_cast<long>(i) + 1, entry != nullptr ? entry->text : "");
+        }
+    }
+}
+
+// The class must be known before the keys that have variants are read. A key without a value, or
+// one that is set properly behind the class, does no harm.
+void ParamCheck::checkVariants() {
+    const bool isLathe = m_scan.IsLathe();
+    const auto classEntry = std::ranges::find_if(m_scan.Entries(), [](const Entry& entry) {
+        return entry.key == ParamScan::ClassKeys().data() && !entry.value.empty();
+    });
+    const long classLine = classEntry == m_scan.Entries().end() ? 0 : classEntry->line;
+    for (std::size_t i = 0; i + 1 < m_lines.size(); ++i) {
+        const auto line = static_cast<long>(i) + 1;
+        const std::string& text = m_lines[i];
+        const Entry* const entry = m_entryOfLine[i];
+        const Key* const own = exactKeyOf(text, isLathe);
+        const Key* const key = own != nullptr ? own : exactKeyOf(text, !isLathe);
+        const bool isValue = entry != nullptr && entry->line != line;
+        const bool isEarly = line < classLine;
+        if (key == nullptr || isValue || m_lines[i + 1].empty() || (own != nullptr && !isEarly)) {
+            continue;
+        }
+        const auto inForce = std::ranges::find(m_inForce, key, &Entry::key);
+        if (inForce != m_inForce.end() && (*inForce)->line > classLine) {
+            continue;
+        }
+        if (isEarly && isLathe) {
+            m_findings.Add(kBeforeLatheClass, line, text);
+        } else if (own != nullptr) {
+            m_findings.Add(kBeforeClass, line, text);
+        } else if (inForce == m_inForce.end()) {
+            m_findings.Add(isOptional(*key, isLathe) ? kWrongOptionalVariant : kWrongVariant, line,
+                           text, spelled(*key, isLathe));
+        }
+    }
+}
+
+void ParamCheck::checkCentreMode() {
+    const auto mode = std::ranges::find_if(m_inForce, [](const Entry* entry) {
+        return std::strcmp(entry->key->text, kCentreModeKey) == 0;
+    });
+    if (mode == m_inForce.end()) {
+        return;
+    }
+    for (auto centre = mode + 1; centre != m_inForce.end(); ++centre) {
+        if (isCentreKey(*(*centre)->key)) {
+            m_findings.Add((*mode)->value[0] == '1' ? kCentreModeEarly : kCentreModeLost,
+                           (*mode)->line, (*centre)->text);
+        }
+    }
+}
+
+void ParamCheck::checkCodes() {
+    struct Use {
+        const Command* command;
+        std::string name;
+    };
+    std::map<std::string, Use> uses;
+    const Command* const toolChange = m_model.Machinestatus().GetToolCom()->GetActiveCommand();
+    if (toolChange != nullptr && !m_byTarget.contains(toolChange)) {
+        uses[CodeOf(*toolChange)] = {toolChange, "the default tool change"};
+    }
+    for (const Entry* const entry : m_inForce) {
+        if (entry->command == nullptr || entry->command->GetSyntaxString() == nullptr) {
+            continue;
+        }
+        const auto [use, isNew] =
+            uses.try_emplace(CodeOf(*entry->command), Use{entry->command, entry->text});
+        if (!isNew) {
+            const bool bothEnd = dynamic_cast<const EndCommand*>(entry->command) != nullptr &&
+                                 dynamic_cast<const EndCommand*>(use->second.command) != nullptr;
+            m_findings.Add(bothEnd ? kSameEndCode : kSameCode, entry->line, entry->text,
+                           use->second.name);
+        }
+    }
+}
+
+// The word of the tool number is no entry of its own: a key only renames it.
+void ParamCheck::checkLetters() {
+    std::map<std::string, std::string> uses;
+    const auto* const toolChange = dynamic_cast<const RegularCommand*>(
+        m_model.Machinestatus().GetToolCom()->GetActiveCommand());
+    const Parameter* const toolWord = toolChange == nullptr ? nullptr : toolChange->GetToolParm();
+    const auto isToolKey = [](const Entry* entry) {
+        return std::strcmp(entry->key->text, kToolWordKey) == 0;
+    };
+    if (toolWord != nullptr && std::ranges::none_of(m_inForce, isToolKey)) {
+        uses[toolWord->GetSyntaxString()] = "the default tool word";
+    }
+    for (const Entry* const entry : m_inForce) {
+        const Parameter* const word = isToolKey(entry) ? toolWord : entry->word;
+        if (word != nullptr) {
+            const auto [use, isNew] = uses.try_emplace(word->GetSyntaxString(), entry->text);
+            if (!isNew) {
+                m_findings.Add(kSameLetters, entry->line, entry->text, use->second);
+            }
+        }
+    }
+}
+
+void ParamCheck::checkAbsentKeys() {
+    const auto isInForce = [this](const char* name) {
+        return std::ranges::any_of(m_inForce, [name](const Entry* entry) {
+            return std::strcmp(entry->key->text, name) == 0;
+        });
+    };
+    for (const auto& keys : keyTables()) {
+        for (const Key& key : keys) {
+            const AbsentKey& row = absentKey(key);
+            const bool isReplaced = row.alternative != nullptr && isInForce(row.alternative);
+            if (!isReplaced && (!row.latheOnly || m_scan.IsLathe()) && !isInForce(key.text)) {
+                m_findings.Add(kAbsent, 0, spelled(key, m_scan.IsLathe()), row.consequence);
+            }
+        }
+    }
+}
+
+std::string ParamCheck::CodeOf(const Command& command) {
+    const char* const letters = command.GetSyntaxString();
+    const int number = command.GetSyntaxNumber();
+    return std::string(letters != nullptr ? letters : "") +
+           (number == -1 ? "" : std::to_string(number));
+}
+
+bool ParamCheck::IsScannedKey(const std::string& text) noexcept {
+    for (const auto& keys : keyTables()) {
+        for (const Key& key : keys) {
+            if (text.starts_with(key.text)) {
+                const std::string_view rest = std::string_view(text).substr(std::strlen(key.text));
+                if (rest.empty() || rest[0] == '_') {
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}

@@ -1,0 +1,156 @@
+// The tool for parameter files: a table of commands around one input and one output.
+
+#include "cli/quillmark-param/paramCommands.h"
+#include "cli/quillmark-param/paramMessages.h"
+#include "cli/quillmark-param/wholeFile.h"
+#include "cli/shared/standardDescriptors.h"
+#include "cli/shared/versionText.h"
+#include "softCommon/CErrorUtil/processEnd.h"
+
+#include <cerrno>
+#include <cstring>
+#include <new>
+#include <span>
+
+namespace {
+
+struct ParamCommand {
+    const char* name;
+    const char* operands;
+    const char* meaning;
+    int (*run)(const ParamInput& in, std::FILE* out);
+    bool hasOutput;
+};
+
+constexpr ParamCommand kCommands[] = {
+    {"encode", "IN OUT", "plain file of the current format to a coded one", encodeCommand, true},
+    {"encode-old", "IN OUT",
+     "plain lines of the older generation, of at most 80 bytes, to a coded"
+     " file",
+     encodeOldCommand, true},
+    {"decode", "IN OUT", "coded file of either generation to plain text", decodeCommand, true},
+    {"update", "IN OUT", "file of the older generation to a plain one of the current format",
+     updateCommand, true},
+    {"check", "IN", "tells what a parameter file configures and what looks wrong in it",
+     checkCommand, false},
+};
+
+void printUsage(std::FILE* stream) noexcept {
+    const char* indent = "usage: ";
+    for (const ParamCommand& command : kCommands) {
+        std::fprintf(stream, "%squillmark-param %s %s\n", indent, command.name, command.operands);
+        indent = "       ";
+    }
+}
+
+void printHelp() noexcept {
+    printUsage(stdout);
+    (void)std::putchar('\n');
+    for (const ParamCommand& command : kCommands) {
+        std::printf("  %-11s %s\n", command.name, command.meaning);
+    }
+    (void)std::fputs("\n"
+                     "  -           as IN is standard input, as OUT standard output\n"
+                     "  --help      this text, as the only argument\n"
+                     "  --version   version and banner, as the only argument\n"
+                     "\n"
+                     "OUT is written whole or not at all; it may be the same file as IN.\n"
+                     "\n"
+                     "Exit status: 0 success, also with warnings; 1 failure, or check found an\n"
+                     "error; 2 wrong usage; 99 an old file whose machine type cannot be told.\n",
+                     stdout);
+}
+
+bool printsInformation(const char* argument) noexcept {
+    if (std::strcmp(argument, "--help") == 0) {
+        printHelp();
+        return true;
+    }
+    if (std::strcmp(argument, "--version") == 0) {
+        printVersion(stdout, "quillmark-param");
+        return true;
+    }
+    return false;
+}
+
+// An operand that looks like an option is a mistake more often than a file name.
+bool isOperand(const char* argument) noexcept {
+    return argument[0] != '\0' && (argument[0] != '-' || argument[1] == '\0');
+}
+
+// The command that the arguments call for with as many operands as it has, or null.
+const ParamCommand* findCommand(std::span<char*> arguments) noexcept {
+    for (const ParamCommand& command : kCommands) {
+        if (arguments.size() == (command.hasOutput ? 3U : 2U) &&
+            std::strcmp(arguments[0], command.name) == 0) {
+            for (const char* const operand : arguments.subspan(1)) {
+                if (!isOperand(operand)) {
+                    return nullptr;
+                }
+            }
+            return &command;
+        }
+    }
+    return nullptr;
+}
+
+struct Call {
+    const ParamCommand& command;
+    const char* inName;
+    std::FILE* out;
+};
+
+// A report is of use as far as it goes; the file of a command is not.
+void reportEnd(void* context, const ProcessEnd& /*end*/) {
+    const Call& call = *static_cast<const Call*>(context);
+    if (call.command.hasOutput) {
+        (void)failWith(call.inName, "cannot be updated");
+    } else {
+        (void)writeWholeFile(call.out, "-");
+        (void)failWith(call.inName, "the machine type cannot be told, and without it nothing else");
+    }
+}
+
+int runCommand(const ParamCommand& command, const char* inName, const char* outName) {
+    ParamInput in;
+    if (const int status = in.Read(inName); status != kParamDone) {
+        return status;
+    }
+    const FileOwner out(std::tmpfile());
+    if (out == nullptr) {
+        return failWith(inName, "no temporary file: " + std::string(std::strerror(errno)));
+    }
+    Call call{command, in.Name(), out.get()};
+    setProcessEndHook(reportEnd, &call);
+    const int status = command.run(in, out.get());
+    setProcessEndHook(nullptr, nullptr);
+    if (command.hasOutput && status != kParamDone) {
+        return status;
+    }
+    if (std::fflush(out.get()) != 0 || std::ferror(out.get()) != 0) {
+        return failWith(inName, "the temporary file for the result cannot be written");
+    }
+    // A report is wanted above all when it tells of errors.
+    const int written = writeWholeFile(out.get(), outName);
+    return status != kParamDone ? status : written;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    occupyStandardDescriptors();
+    if (argc == 2 && printsInformation(argv[1])) {
+        return flushStandardOutput("quillmark-param") ? kParamDone : kParamFailed;
+    }
+    const std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
+    const ParamCommand* const command = arguments.empty() ? nullptr : findCommand(arguments);
+    if (command == nullptr) {
+        printUsage(stderr);
+        return kParamUsage;
+    }
+    try {
+        return runCommand(*command, arguments[1], command->hasOutput ? arguments[2] : "-");
+    } catch (const std::bad_alloc&) {
+        return failWith(arguments[1], "memory exhausted");
+    }
+}

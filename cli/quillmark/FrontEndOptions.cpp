@@ -1,0 +1,74 @@
+#include "cli/quillmark/FrontEndOptions.h"
+
+#include "driver/Controller.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+struct Switch {
+    std::string_view text;
+    bool FrontEndOptions::*isSet;
+    const char* valueError;
+};
+
+constexpr Switch kSwitches[] = {
+    {"--summary", &FrontEndOptions::summary, "--summary takes no value"},
+    {"--quiet", &FrontEndOptions::quiet, "--quiet takes no value"},
+    {"--strict", &FrontEndOptions::strict, "--strict takes no value"},
+};
+
+constexpr std::string_view kReport = "--report";
+constexpr const char* kReportNeedsName = "--report needs the name of a file as its own argument";
+
+bool isAssignment(std::string_view argument, std::string_view option) noexcept {
+    return argument.starts_with(option) && argument.substr(option.size()).starts_with('=');
+}
+
+// Whether `argument` belongs to the front end; then it has had its effect.
+bool readSwitch(std::string_view argument, FrontEndOptions& options) noexcept {
+    for (const Switch& row : kSwitches) {
+        if (argument == row.text) {
+            options.*row.isSet = true;
+            return true;
+        }
+        if (isAssignment(argument, row.text)) {
+            options.usageError = row.valueError;
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+FrontEndOptions readFrontEndOptions(int argc, char** argv) {
+    FrontEndOptions options;
+    if (argc > 0) {
+        options.arguments.push_back(argv[0]);
+    }
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (Controller::TakesValue(argv[i])) {
+            options.arguments.push_back(argv[i]);
+            if (i + 1 < argc) {
+                options.arguments.push_back(argv[++i]);
+            }
+        } else if (argument == kReport) {
+            options.report = i + 1 < argc ? argv[++i] : "";
+            if (*options.report == '\0') {
+                options.usageError = kReportNeedsName;
+            }
+        } else if (isAssignment(argument, kReport)) {
+            options.usageError = kReportNeedsName;
+        } else if (!readSwitch(argument, options)) {
+            options.arguments.push_back(argv[i]);
+        }
+    }
+    options.arguments.push_back(nullptr);
+    if (options.usageError == nullptr && options.summary && options.quiet) {
+        options.usageError = "--summary and --quiet exclude each other";
+    }
+    return options;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/shared/errorLine.h"
+#include "softCommon/CErrorUtil/processEnd.h"
+
+#include <optional>
+
+/// How a run of the front end ended, for its reports.
+struct RunResult {
+    ConversionFiles files;
+    std::optional<int> code;         ///< of the conversion; none when the process ends within it
+    std::optional<int> exitStatus;   ///< none when a signal ends the process
+    const ProcessEnd* end = nullptr; ///< the end of the process within the conversion, if there is
+    double seconds = 0.0;            ///< the time that the conversion took
+};

@@ -1,0 +1,28 @@
+#include "cli/quillmark/helpText.h"
+
+#include "driver/returnCodes.h"
+
+void printHelp(std::FILE* stream, const char* usage) noexcept {
+    (void)std::fputs(usage, stream);
+    (void)std::fputs(
+        "\n"
+        "Options may also be spelled -P; -Nc, -nC, -NC; -Of, -oF, -OF; -L. Further ones:\n"
+        "  -ot APT     kind of output; APT is the default and the only kind.\n"
+        "              Also -Ot, -oT, -OT.\n"
+        "  --summary   figures on standard error: blocks read, statements by kind, seconds.\n"
+        "  --quiet     nothing but errors on standard error.\n"
+        "  --strict    exit status 3, after the whole output, when text was not recognised.\n"
+        "  --report FILE\n"
+        "              writes what was not understood, the warnings and the figures as JSON.\n"
+        "  --help      this text, as the only argument.\n"
+        "  --version   version and banner, as the only argument.\n"
+        "\n"
+        "Exit status 2: one of the last options is wrong, or FILE cannot be written.\n"
+        "\n"
+        "Return codes (the shell sees the low 8 bits):\n"
+        "      0  success\n",
+        stream);
+    for (const ReturnCode& row : returnCodes()) {
+        std::fprintf(stream, "%7d  %s:\n           %s\n", row.code, row.meaning, row.remedy);
+    }
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "cli/quillmark/RunResult.h"
+#include "driver/NCScan.h"
+
+#include <cstdio>
+
+/// Blocks read, statements by kind, seconds.
+void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept;
+
+/// How many blocks hold unrecognised text, on one line; nothing when none does.
+void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept;
+
+/// All that was not understood: the count, the words, the oddities, the warnings; nothing when
+/// everything was. Long lists are cut, and it is told where the rest is found.
+void printReport(std::FILE* stream, NCScan& scan) noexcept;

@@ -1,0 +1,140 @@
+#include "cli/quillmark/writeJsonReport.h"
+
+#include "cli/quillmark/JsonWriter.h"
+#include "cli/quillmark/reportKeys.h"
+#include "driver/returnCodes.h"
+
+namespace {
+
+void writeTextOrNull(JsonWriter& json, const char* key, const char* text) noexcept {
+    json.Key(key);
+    json.TextOrNull(text);
+}
+
+void writeNumberOrNull(JsonWriter& json, const char* key, std::optional<int> number) noexcept {
+    json.Key(key);
+    if (number) {
+        json.Number(*number);
+    } else {
+        json.Null();
+    }
+}
+
+void writeFiles(JsonWriter& json, const ConversionFiles& files) noexcept {
+    json.Key("files");
+    json.BeginObject();
+    writeTextOrNull(json, "parameter", files.parameter);
+    writeTextOrNull(json, "nc", files.nc);
+    writeTextOrNull(json, "output", files.output);
+    writeTextOrNull(json, "log", files.log);
+    json.EndObject();
+}
+
+void writeProcessEnd(JsonWriter& json, NCScan& scan, const ProcessEnd* end) noexcept {
+    json.Key("process_end");
+    if (end == nullptr) {
+        json.Null();
+        return;
+    }
+    json.BeginObject();
+    writeTextOrNull(json, "assertion", end->expression);
+    json.Entry("line", scan.BlockNumber());
+    json.Entry("block", std::string_view(scan.BlockText()));
+    json.EndObject();
+}
+
+void writeStatements(JsonWriter& json, const StatementCounts& counts) noexcept {
+    json.Key("statements");
+    json.BeginObject();
+    for (const StatementRow& row : kStatementRows) {
+        json.Entry(row.key, counts.Of(row.kind));
+    }
+    json.EndObject();
+}
+
+void writeWords(JsonWriter& json, WordTally& tally) noexcept {
+    json.Key("words");
+    json.BeginList();
+    for (const auto* const entry : tally.MostFrequentFirst()) {
+        json.BeginObject();
+        json.Entry("word", entry->first);
+        json.Entry("count", entry->second.count);
+        json.Entry("first_line", entry->second.firstLine);
+        json.EndObject();
+    }
+    json.EndList();
+}
+
+void writeUnrecognised(JsonWriter& json, ScanReport& report) noexcept {
+    json.Key("unrecognised");
+    json.BeginObject();
+    json.Entry("blocks", report.UnrecognisedBlocks());
+    json.Entry("word_count", report.Words().Total());
+    json.Entry("word_count_not_listed", report.Words().Others());
+    writeWords(json, report.Words());
+    json.Key("first_blocks");
+    json.BeginList();
+    for (const ReportedBlock& block : report.FirstRests()) {
+        json.BeginObject();
+        json.Entry("line", block.line);
+        json.Entry("rest", block.text);
+        json.EndObject();
+    }
+    json.EndList();
+    json.EndObject();
+}
+
+void writeOddities(JsonWriter& json, const ScanReport& report) noexcept {
+    for (const OddityRow& row : kOddityRows) {
+        const Tally& tally = report.Of(row.oddity);
+        json.Key(row.key);
+        json.BeginObject();
+        json.Entry("count", tally.count);
+        json.Key("first_line");
+        if (tally.count > 0) {
+            json.Number(tally.firstLine);
+        } else {
+            json.Null();
+        }
+        json.EndObject();
+    }
+}
+
+void writeWarnings(JsonWriter& json, const ScanReport& report) noexcept {
+    json.Entry("warning_count", report.WarningCount());
+    json.Key("warnings");
+    json.BeginList();
+    for (const Warning& warning : report.FirstWarnings()) {
+        json.BeginObject();
+        json.Entry("kind", std::string_view(rowOf(warning.kind).key));
+        json.Entry("line", warning.block.line);
+        writeTextOrNull(json, "word", warning.word.empty() ? nullptr : warning.word.c_str());
+        json.Entry("block", warning.block.text);
+        json.EndObject();
+    }
+    json.EndList();
+}
+
+} // namespace
+
+void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept {
+    ScanReport& report = scan.Report();
+    const ReturnCode* const row = result.code ? findReturnCode(*result.code) : nullptr;
+    JsonWriter json(stream);
+    json.BeginObject();
+    json.Entry("quillmark", std::string_view(QUILLMARK_VERSION));
+    writeFiles(json, result.files);
+    writeNumberOrNull(json, "return_code", result.code);
+    writeTextOrNull(json, "meaning", row == nullptr ? nullptr : row->meaning);
+    writeNumberOrNull(json, "exit_status", result.exitStatus);
+    writeProcessEnd(json, scan, result.end);
+    json.Key("seconds");
+    json.Decimal(result.seconds);
+    json.Entry("lines", scan.BlockNumber());
+    json.Entry("blocks", scan.BlockNumber() + report.FurtherPieces());
+    writeStatements(json, report.Statements());
+    writeUnrecognised(json, report);
+    writeOddities(json, report);
+    writeWarnings(json, report);
+    json.EndObject();
+}

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "cli/RunResult.h"
-#include "driver/NCScan.h"
-
-#include <cstdio>
-
-/// Writes the report of a run as one JSON object; docs/report.md describes its keys.
-void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept;
