@@ -14,33 +14,23 @@
 // Raw pointers on purpose: the caller owns what the interface of the factory hands out.
 
 ResLinearMovement* APTFactory::GetLinearCom() {
-    return new (std::nothrow) AResLinearMovement(m_output, m_log, m_counts);
+    return new (std::nothrow) AResLinearMovement(m_outputs);
 }
 
 ResCircularMovement* APTFactory::GetCirculCom() {
-    return new (std::nothrow) AResCircularMovement(m_output, m_log, m_counts);
+    return new (std::nothrow) AResCircularMovement(m_outputs);
 }
 
-ResCoolant* APTFactory::GetCoolanCom() {
-    return new (std::nothrow) AResCoolant(m_output, m_log, m_counts);
-}
+ResCoolant* APTFactory::GetCoolanCom() { return new (std::nothrow) AResCoolant(m_outputs); }
 
-ResSpindle* APTFactory::GetSpindlCom() {
-    return new (std::nothrow) AResSpindle(m_output, m_log, m_counts);
-}
+ResSpindle* APTFactory::GetSpindlCom() { return new (std::nothrow) AResSpindle(m_outputs); }
 
-ResFeedRate* APTFactory::GetFeedRaCom() {
-    return new (std::nothrow) AResFeedRate(m_output, m_log, m_counts);
-}
+ResFeedRate* APTFactory::GetFeedRaCom() { return new (std::nothrow) AResFeedRate(m_outputs); }
 
-ResMovTypeCom* APTFactory::GetMovTypCom() {
-    return new (std::nothrow) AResMovTypeCom(m_output, m_log, m_counts);
-}
+ResMovTypeCom* APTFactory::GetMovTypCom() { return new (std::nothrow) AResMovTypeCom(m_outputs); }
 
 ResRegularCommand* APTFactory::GetRegulaCom() {
-    return new (std::nothrow) AResRegularCommand(m_output, m_log, m_counts);
+    return new (std::nothrow) AResRegularCommand(m_outputs);
 }
 
-ResEndCommand* APTFactory::GetEndCom() {
-    return new (std::nothrow) AResEndCommand(m_output, m_log, m_counts);
-}
+ResEndCommand* APTFactory::GetEndCom() { return new (std::nothrow) AResEndCommand(m_outputs); }

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "apt/Factory.h"
-#include "apt/StatementCounts.h"
+#include "apt/Outputs.h"
 
-/// Makes the writers of APT statements. Owns neither of its streams; the log stream may be null.
-/// With counts, which it does not own either, the writers count there what they write.
+#include <utility>
+
+/// Makes the writers of APT statements. Each gets the outputs that the factory has at the time; the
+/// streams are never opened or closed here.
 class APTFactory final : public Factory {
 public:
-    APTFactory(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : m_output(output), m_log(log), m_counts(counts) {}
+    explicit APTFactory(Outputs outputs) noexcept : m_outputs(std::move(outputs)) {}
+    /// Either stream may be null: nothing is written there.
+    APTFactory(std::FILE* output, std::FILE* log) noexcept : m_outputs(output, log) {}
 
     [[nodiscard]] ResLinearMovement* GetLinearCom() override;
     [[nodiscard]] ResCircularMovement* GetCirculCom() override;
@@ -18,13 +21,11 @@ public:
     [[nodiscard]] ResMovTypeCom* GetMovTypCom() override;
     [[nodiscard]] ResRegularCommand* GetRegulaCom() override;
     [[nodiscard]] ResEndCommand* GetEndCom() override;
-    void SetOutputFile(std::FILE* file) override { m_output = file; }
-    [[nodiscard]] std::FILE* GetOutputFile() override { return m_output; }
-    void SetLogFile(std::FILE* file) override { m_log = file; }
-    [[nodiscard]] std::FILE* GetLogFile() override { return m_log; }
+    void SetOutputFile(std::FILE* file) override { m_outputs.SetOutputFile(file); }
+    [[nodiscard]] std::FILE* GetOutputFile() override { return m_outputs.OutputFile(); }
+    void SetLogFile(std::FILE* file) override { m_outputs.SetLogFile(file); }
+    [[nodiscard]] std::FILE* GetLogFile() override { return m_outputs.LogFile(); }
 
 private:
-    std::FILE* m_output;
-    std::FILE* m_log;
-    StatementCounts* m_counts;
+    Outputs m_outputs;
 };

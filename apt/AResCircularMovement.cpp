@@ -7,7 +7,7 @@
 #include <cmath>
 
 void AResCircularMovement::InitOutput(const gmVector3& axis) {
-    write(StatementKind::kToolAxis, toolAxisStatement(axis).view());
+    write(StatementKind::kToolAxis, toolAxisStatement(axis));
 }
 
 void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, const double& startY,
@@ -39,7 +39,7 @@ void AResCircularMovement::InitOutput(Boolean clockwise, const double& startX, c
     text.circleValue(centre[0]).add(",").circleValue(centre[1]).add(",").circleValue(centre[2]);
     text.add(",$\n");
     text.circleValue(end[0]).add(",").circleValue(end[1]).add(",").circleValue(end[2]).add(")\n");
-    write(StatementKind::kArc, text.view());
+    write(StatementKind::kArc, text);
 }
 
 gmVector3 AResCircularMovement::computeTangent(const double& startX, const double& startY,

@@ -6,9 +6,7 @@
 /// line from the centre through the end point. The plane's normal only decides the direction.
 class AResCircularMovement final : public ResCircularMovement {
 public:
-    AResCircularMovement(std::FILE* output, std::FILE* log,
-                         StatementCounts* counts = nullptr) noexcept
-        : ResCircularMovement(output, log, counts) {}
+    using ResCircularMovement::ResCircularMovement;
 
     void InitOutput(const gmVector3& axis) override;
     void InitOutput(Boolean clockwise, const double& startX, const double& startY,

@@ -5,8 +5,7 @@
 /// The coolant in APT.
 class AResCoolant final : public ResCoolant {
 public:
-    AResCoolant(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : ResCoolant(output, log, counts) {}
+    using ResCoolant::ResCoolant;
 
     void InitOutput(Boolean on) override;
 };

@@ -5,8 +5,7 @@
 /// The program end in APT.
 class AResEndCommand final : public ResEndCommand {
 public:
-    AResEndCommand(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : ResEndCommand(output, log, counts) {}
+    using ResEndCommand::ResEndCommand;
 
     void InitOutput() override;
 };

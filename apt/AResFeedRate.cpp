@@ -5,5 +5,5 @@
 void AResFeedRate::InitOutput(Boolean perMinute, const double& feed) {
     StatementText text;
     text.add("FEDRAT/").rate(feed).add(perMinute == TRUE ? ",MMPM\n" : ",MMPR\n");
-    write(StatementKind::kFeedRate, text.view());
+    write(StatementKind::kFeedRate, text);
 }

@@ -5,8 +5,7 @@
 /// The feed in APT.
 class AResFeedRate final : public ResFeedRate {
 public:
-    AResFeedRate(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : ResFeedRate(output, log, counts) {}
+    using ResFeedRate::ResFeedRate;
 
     void InitOutput(Boolean perMinute, const double& feed) override;
 };

@@ -3,7 +3,7 @@
 #include "apt/toolAxisStatement.h"
 
 void AResLinearMovement::InitOutput(const gmVector3& axis) {
-    write(StatementKind::kToolAxis, toolAxisStatement(axis).view());
+    write(StatementKind::kToolAxis, toolAxisStatement(axis));
 }
 
 // RAPID holds for the next motion statement only, so it stands in front of every rapid point.
@@ -13,5 +13,5 @@ void AResLinearMovement::InitOutput(Boolean rapid, double& x, double& y, double&
         text.add("RAPID\n");
     }
     text.add("GOTO/").coordinate(x).add(",").coordinate(y).add(",").coordinate(z).add("\n");
-    write(rapid == TRUE ? StatementKind::kRapidMove : StatementKind::kFeedMove, text.view());
+    write(rapid == TRUE ? StatementKind::kRapidMove : StatementKind::kFeedMove, text);
 }

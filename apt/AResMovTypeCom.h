@@ -5,8 +5,7 @@
 /// The movement type in APT.
 class AResMovTypeCom final : public ResMovTypeCom {
 public:
-    AResMovTypeCom(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : ResMovTypeCom(output, log, counts) {}
+    using ResMovTypeCom::ResMovTypeCom;
 
     void InitOutput(Boolean absolute) override;
 };

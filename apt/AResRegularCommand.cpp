@@ -5,5 +5,5 @@
 void AResRegularCommand::InitOutput(const int& tool) {
     StatementText text;
     text.add("LOADTL/").add(tool).add("\n");
-    write(StatementKind::kTool, text.view());
+    write(StatementKind::kTool, text);
 }

@@ -5,9 +5,7 @@
 /// The tool change in APT.
 class AResRegularCommand final : public ResRegularCommand {
 public:
-    AResRegularCommand(std::FILE* output, std::FILE* log,
-                       StatementCounts* counts = nullptr) noexcept
-        : ResRegularCommand(output, log, counts) {}
+    using ResRegularCommand::ResRegularCommand;
 
     void InitOutput(const int& tool) override;
 };

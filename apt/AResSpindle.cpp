@@ -9,5 +9,5 @@ void AResSpindle::InitOutput(int direction, double speed) {
     }
     StatementText text;
     text.add("SPINDL/").rate(speed).add(direction > 0 ? ",RPM,CLW\n" : ",RPM,CCLW\n");
-    write(StatementKind::kSpindle, text.view());
+    write(StatementKind::kSpindle, text);
 }

@@ -5,8 +5,7 @@
 /// The spindle in APT.
 class AResSpindle final : public ResSpindle {
 public:
-    AResSpindle(std::FILE* output, std::FILE* log, StatementCounts* counts = nullptr) noexcept
-        : ResSpindle(output, log, counts) {}
+    using ResSpindle::ResSpindle;
 
     void InitOutput(int direction, double speed) override;
 };

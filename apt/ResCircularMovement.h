@@ -7,6 +7,7 @@
 /// Writes the result of a circular movement command in the output language.
 class ResCircularMovement : public Result {
 public:
+    using Result::Result;
     ResCircularMovement(const ResCircularMovement&) = delete;
     ResCircularMovement& operator=(const ResCircularMovement&) = delete;
 
@@ -20,7 +21,4 @@ public:
                             const double& centreZ, const double& normalX, const double& normalY,
                             const double& normalZ) = 0;
     virtual ~ResCircularMovement() = default;
-
-protected:
-    using Result::Result;
 };

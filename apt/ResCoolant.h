@@ -6,13 +6,11 @@
 /// Writes the result of a coolant command in the output language.
 class ResCoolant : public Result {
 public:
+    using Result::Result;
     ResCoolant(const ResCoolant&) = delete;
     ResCoolant& operator=(const ResCoolant&) = delete;
 
     /// Writes the coolant on when `on` is 1, else off.
     virtual void InitOutput(Boolean on) = 0;
     virtual ~ResCoolant() = default;
-
-protected:
-    using Result::Result;
 };

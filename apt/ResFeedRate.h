@@ -6,13 +6,11 @@
 /// Writes the result of a feed command in the output language.
 class ResFeedRate : public Result {
 public:
+    using Result::Result;
     ResFeedRate(const ResFeedRate&) = delete;
     ResFeedRate& operator=(const ResFeedRate&) = delete;
 
     /// Writes the feed, in mm/min when `perMinute` is 1, else in mm/rev.
     virtual void InitOutput(Boolean perMinute, const double& feed) = 0;
     virtual ~ResFeedRate() = default;
-
-protected:
-    using Result::Result;
 };

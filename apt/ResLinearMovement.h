@@ -7,6 +7,7 @@
 /// Writes the result of a straight movement command in the output language.
 class ResLinearMovement : public Result {
 public:
+    using Result::Result;
     ResLinearMovement(const ResLinearMovement&) = delete;
     ResLinearMovement& operator=(const ResLinearMovement&) = delete;
 
@@ -15,7 +16,4 @@ public:
     /// Writes the target point, in mm, with the rapid mark in front when `rapid` is 1.
     virtual void InitOutput(Boolean rapid, double& x, double& y, double& z) = 0;
     virtual ~ResLinearMovement() = default;
-
-protected:
-    using Result::Result;
 };

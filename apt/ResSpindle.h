@@ -5,6 +5,7 @@
 /// Writes the result of a spindle command in the output language.
 class ResSpindle : public Result {
 public:
+    using Result::Result;
     ResSpindle(const ResSpindle&) = delete;
     ResSpindle& operator=(const ResSpindle&) = delete;
 
@@ -12,7 +13,4 @@ public:
     /// counter-clockwise, 0 for stop (the speed is not written then).
     virtual void InitOutput(int direction, double speed) = 0;
     virtual ~ResSpindle() = default;
-
-protected:
-    using Result::Result;
 };

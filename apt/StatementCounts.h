@@ -39,6 +39,8 @@ public:
     }
 
 private:
+    static_assert(static_cast<unsigned>(StatementKind::kCount) <= 32, "a bit for each kind");
+
     [[nodiscard]] static constexpr unsigned bitOf(StatementKind kind) noexcept {
         return 1U << static_cast<unsigned>(kind);
     }

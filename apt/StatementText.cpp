@@ -4,8 +4,5 @@
 
 StatementText& StatementText::add(int value) noexcept {
     const auto [last, error] = std::to_chars(end(), limit(), value);
-    if (error == std::errc{}) {
-        m_length = static_cast<std::size_t>(last - m_text.data());
-    }
-    return *this;
+    return endAt(error == std::errc{} ? last : nullptr);
 }

@@ -8,8 +8,8 @@
 #include <string_view>
 
 /// The text of one call's statements, built in place. It holds ten numbers of any size with their
-/// words, the most that a statement has; what does not fit is left out, never written beyond the
-/// end.
+/// words, the most that a statement has. What does not fit is left out and isWhole tells it;
+/// nothing is written beyond the end.
 class StatementText {
 public:
     // Inlined, a literal is a store or two in place of a call.
@@ -19,8 +19,7 @@ public:
             std::memcpy(end(), text.data(), text.size());
             m_length += text.size();
         } else {
-            std::memcpy(end(), text.data(), room);
-            m_length += room;
+            m_isWhole = false;
         }
         return *this;
     }
@@ -33,13 +32,21 @@ public:
     /// Adds a whole number.
     StatementText& add(int value) noexcept;
 
+    /// False when something did not fit: the text must not be used as a statement then.
+    [[nodiscard]] bool isWhole() const noexcept { return m_isWhole; }
     [[nodiscard]] std::string_view view() const noexcept { return {m_text.data(), m_length}; }
 
 private:
     template<int Width, int Decimals>
     StatementText& fixed(double value) noexcept {
-        if (const char* const last = writeFixed<Width, Decimals>(end(), limit(), value)) {
+        return endAt(writeFixed<Width, Decimals>(end(), limit(), value));
+    }
+    // Null when the number did not fit.
+    StatementText& endAt(const char* last) noexcept {
+        if (last != nullptr) {
             m_length = static_cast<std::size_t>(last - m_text.data());
+        } else {
+            m_isWhole = false;
         }
         return *this;
     }
@@ -49,4 +56,5 @@ private:
     // DBL_MAX has 309 digits before its decimals.
     std::array<char, 4096> m_text;
     std::size_t m_length = 0;
+    bool m_isWhole = true;
 };

@@ -7,7 +7,7 @@
 
 /// The bytes of a block, folded into 64 classes: bytes that are equal in their low six bits share
 /// one, and the capital letters have one each. It tells, without a search, which words cannot
-/// stand on the block. Recognisers only remove text, so it stays true for what is left.
+/// stand on the block, and stays true while text is only removed.
 class ByteSet {
 public:
     constexpr ByteSet() noexcept = default;

@@ -1,7 +1,8 @@
 #include "commands/Command.h"
 
-#include "commands/ncNumber.h"
 #include "commands/wordMatcher.h"
+
+#include <utility>
 
 Command::~Command() = default;
 
@@ -13,23 +14,18 @@ int Command::Compute(char* /*line*/) { return 0; }
 
 char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 
-void Command::InitSyntax(const char* syntax, const int& number) noexcept {
-    if (syntax != nullptr) {
-        m_syntax = TextCopy(syntax);
-    }
-    m_number = number;
-}
+int Command::Act() { return 0; }
 
 int Command::scanNC(char* line) {
     char* from = line;
-    while (char* const word = findWord(line, from, m_syntax)) {
-        char* const digits = word + m_syntax.size();
+    while (char* const word = m_word.Find(line, from)) {
+        char* const digits = word + m_word.Text().size();
         char* const end = MoveAfterNumber(digits);
-        if (m_number == -1 || (end != digits && readCommandNumber(digits) == m_number)) {
+        if (m_word.HasDigits(digits, end)) {
             cutOut(word, end);
             m_ncLineStatus = TRUE;
             InitStatus(line);
-            return 0;
+            return std::exchange(m_code, 0);
         }
         from = end;
     }

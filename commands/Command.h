@@ -1,11 +1,15 @@
 #pragma once
 
-#include "commands/TextCopy.h"
+#include "commands/CommandWord.h"
 #include "softCommon/Boolean.h"
 
 /// Recognises one command word of a block: an address text and, mostly, a number ("G01", "M30").
 /// scanNC cuts the word out and lets the concrete command take its values from the rest; the
 /// NC-line status carries the find over to Compute, which runs after all commands were searched.
+///
+/// A command recognises (takes its word and its values out of the block) and acts (changes the
+/// machine and writes). The commands of this house keep the two apart, and all of them act through
+/// perform, so that an order of acting other than the order of recognising has one place.
 class Command {
 public:
     Command() noexcept = default;
@@ -22,24 +26,42 @@ public:
     virtual int Compute(char* line);
     /// The first position at or after `p` that is not a decimal digit.
     [[nodiscard]] virtual char* MoveAfterNumber(char* p);
+    /// The second of the two steps: does what the block asked for. Returns 0, or a code that ends
+    /// the processing of the file. Does nothing here.
+    virtual int Act();
 
     /// Stores a copy of `syntax` unless it is null (the old one then stays), and `number` in any
     /// case. A number of -1 means that the word has none. When memory is exhausted the text is null
     /// and the command never matches.
-    void InitSyntax(const char* syntax, const int& number) noexcept;
+    void InitSyntax(const char* syntax, const int& number) noexcept { m_word.Set(syntax, number); }
     /// Finds the first word of this command, cuts it and the digits behind it out of `line`, sets
     /// the NC-line status and calls InitStatus. Digits are compared by value, so "G1" and "G01" are
-    /// the same. A second occurrence stays. Always returns 0.
+    /// the same. A second occurrence stays. Returns 0, or the code of a command that acted.
     int scanNC(char* line);
 
-    [[nodiscard]] char* GetSyntaxString() const noexcept { return m_syntax.get(); }
-    [[nodiscard]] int GetSyntaxNumber() const noexcept { return m_number; }
+    [[nodiscard]] const CommandWord& Word() const noexcept { return m_word; }
+    [[nodiscard]] char* GetSyntaxString() const noexcept { return m_word.Text().get(); }
+    [[nodiscard]] int GetSyntaxNumber() const noexcept { return m_word.Number(); }
     /// TRUE from a successful scanNC until the command has been computed.
     [[nodiscard]] Boolean GetNCLineStatus() const noexcept { return m_ncLineStatus; }
     void SetNCLineStatus(Boolean status) noexcept { m_ncLineStatus = status; }
 
+    /// Says that the command is one of this house as it stands, and not derived by a host: the
+    /// digits of its word are plain ones, and it does nothing to a block but remove text. Only then
+    /// may a search be left out where it finds nothing.
+    void MarkAsBuiltIn() noexcept { m_isBuiltIn = true; }
+    [[nodiscard]] bool IsBuiltIn() const noexcept { return m_isBuiltIn; }
+
+protected:
+    /// Acts, at once. Every command acts through here: this is the place for an order of acting
+    /// that is not the order of recognising.
+    int perform() { return Act(); }
+    /// Keeps the code of what InitStatus performed for the caller of scanNC.
+    void keepCode(int code) noexcept { m_code = code; }
+
 private:
-    TextCopy m_syntax;
-    int m_number = -1;
+    CommandWord m_word;
     Boolean m_ncLineStatus = FALSE;
+    bool m_isBuiltIn = false;
+    int m_code = 0; // of what InitStatus performed
 };

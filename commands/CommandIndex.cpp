@@ -1,29 +1,23 @@
 #include "commands/CommandIndex.h"
 
-#include "commands/ncNumber.h"
-#include "softCommon/CStringUtil/asciiBytes.h"
-#include "softCommon/CStringUtil/string_mani.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
 
 CommandIndex::CommandIndex(const AvailableCommands& commands) {
-    for (int i = 0; i < commands.GetCommandCount(); ++i) {
-        Command* const command = commands.GetCommand(i);
+    const auto count = static_cast<std::size_t>(commands.GetCommandCount());
+    m_selected.resize((count + kBits - 1) / kBits);
+    for (std::size_t i = 0; i < count; ++i) {
+        Command* const command = commands.GetCommand(static_cast<int>(i));
+        m_commands.push_back(command);
         // Without a text a command never matches.
-        if (command != nullptr && command->GetSyntaxString() != nullptr &&
-            *command->GetSyntaxString() != '\0') {
-            m_commands.push_back(command);
+        if (command == nullptr || command->Word().Text().empty()) {
+            continue;
         }
-    }
-    m_selected.resize((m_commands.size() + kBits - 1) / kBits);
-    for (std::size_t i = 0; i < m_commands.size(); ++i) {
-        const char* const syntax = m_commands[i]->GetSyntaxString();
-        const int number = m_commands[i]->GetSyntaxNumber();
-        FirstByte& row = rowOf(*syntax);
-        const bool isLetterWithNumber = syntax[1] == '\0' && number >= 0;
-        Set& set = isLetterWithNumber ? row.byNumber[numberClass(number)] : row.any;
+        const CommandWord& word = command->Word();
+        FirstByte& row = rowOf(word.Text().front());
+        const bool isChosenByNumber = command->IsBuiltIn() && word.IsLetterWithNumber();
+        Set& set = isChosenByNumber ? row.byNumber[numberClass(word.Number())] : row.any;
         set.resize(m_selected.size());
         set[i / kBits] |= std::uint64_t{1} << (i % kBits);
     }
@@ -49,48 +43,78 @@ void CommandIndex::add(const Set& set) noexcept {
     }
 }
 
-void CommandIndex::select(const char* block, const ByteSet& bytes) noexcept {
+void CommandIndex::select(const Block& block) noexcept {
     std::ranges::fill(m_selected, 0);
     for (const FirstByte& row : m_rows) {
-        if (!bytes.MayContain(row.byte)) {
+        if (!block.Bytes().MayContain(row.byte)) {
             continue;
         }
         add(row.any);
-        for (const char* p = std::strchr(block, row.byte); p != nullptr;
+        for (const char* p = std::strchr(block.Rest(), row.byte); p != nullptr;
              p = std::strchr(p, row.byte)) {
-            if (isDigitByte(*++p)) {
-                add(row.byNumber[numberClass(readCommandNumber(p))]);
+            if (const std::optional<int> number = CommandWord::NumberAt(++p)) {
+                add(row.byNumber[numberClass(*number)]);
             }
         }
     }
 }
 
-int CommandIndex::scanNC(char* block, const ByteSet& bytes) {
-    if (!bytes.MayMeet(m_firstBytes)) {
+std::size_t CommandIndex::nextSelected(std::size_t from) const noexcept {
+    std::size_t word = from / kBits;
+    if (word >= m_selected.size()) {
+        return m_commands.size();
+    }
+    std::uint64_t bits = m_selected[word] & ~std::uint64_t{0} << (from % kBits);
+    while (bits == 0) {
+        if (++word == m_selected.size()) {
+            return m_commands.size();
+        }
+        bits = m_selected[word];
+    }
+    return word * kBits + static_cast<std::size_t>(std::countr_zero(bits));
+}
+
+int CommandIndex::scanNC(Block& block) {
+    const char* const rest = block.Rest();
+    if (!block.Bytes().MayMeet(m_firstBytes)) {
+        if (*rest == ' ' && !m_commands.empty()) {
+            block.TrimRest();
+        }
         return 0;
     }
-    select(block, bytes);
-    for (std::size_t word = 0; word < m_selected.size(); ++word) {
-        std::uint64_t untried = ~std::uint64_t{0};
-        while (const std::uint64_t bits = m_selected[word] & untried) {
-            const int bit = std::countr_zero(bits);
-            untried = ~std::uint64_t{0} << bit << 1;
-            std::size_t length = std::strlen(block);
-            if (*block == ' ') {
-                length = trimText(block, length);
-            }
-            if (length == 0) {
-                return 0;
-            }
-            Command& command = *m_commands[word * kBits + static_cast<std::size_t>(bit)];
-            if (const int code = command.scanNC(block); code != 0) {
-                return code;
-            }
-            // Words that a command takes can stand between a text and its number: "-X=AC(5)1".
-            if (std::strlen(block) != length) {
-                select(block, bytes);
-            }
+    select(block);
+    for (std::size_t i = 0; i < m_commands.size(); ++i) {
+        // Before the commands left out as well: a host's command sees what they would leave.
+        if (*rest == ' ') {
+            block.TrimRest();
+        }
+        if (*rest == '\0') {
+            return 0;
+        }
+        i = nextSelected(i);
+        if (i == m_commands.size()) {
+            return 0;
+        }
+        if (const int code = tryCommand(*m_commands[i], block); code != 0) {
+            return code;
         }
     }
     return 0;
+}
+
+int CommandIndex::tryCommand(Command& command, Block& block) {
+    if (!command.IsBuiltIn()) {
+        block.ForgetBytes();
+        const int code = command.scanNC(block.Rest());
+        block.RefreshBytes();
+        select(block);
+        return code;
+    }
+    const std::size_t length = std::strlen(block.Rest());
+    const int code = command.scanNC(block.Rest());
+    // Words that a command takes can stand between a text and its number: "-X=AC(5)1".
+    if (std::strlen(block.Rest()) != length) {
+        select(block);
+    }
+    return code;
 }

@@ -2,21 +2,18 @@
 
 #include "apt/Factory.h"
 
-Coolant::Coolant(Factory* factory) : m_writer(factory->GetCoolanCom()) {}
+Coolant::Coolant(Factory* factory) : WithWriter(factory->GetCoolanCom()) {}
 
 Coolant::~Coolant() = default;
 
 void Coolant::InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                              CommandGroup* group, Boolean on) {
     InitModalSyntax(syntax, number, group);
-    m_writer.reset(factory->GetCoolanCom());
+    replaceWriter(factory->GetCoolanCom());
     m_on = on;
 }
 
-void Coolant::InitStatus(char* /*line*/) {
-    m_writer->InitOutput(m_on);
-    SetNCLineStatus(FALSE);
-    InitActiveCommand();
+int Coolant::Act() {
+    writer().InitOutput(m_on);
+    return 0;
 }
-
-int Coolant::Compute(char* /*line*/) { return 0; }

@@ -1,26 +1,22 @@
 #pragma once
 
 #include "apt/ResCoolant.h"
-#include "commands/ModalCommand.h"
-
-#include <memory>
+#include "commands/TechnologyCommand.h"
+#include "commands/WithWriter.h"
 
 class Factory;
 
 /// The coolant: one instance on, one off.
-class Coolant : public ModalCommand {
+class Coolant : public WithWriter<TechnologyCommand, ResCoolant> {
 public:
     explicit Coolant(Factory* factory);
     ~Coolant() override;
 
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                         CommandGroup* group, Boolean on);
-    [[nodiscard]] bool HasWriter() const noexcept { return m_writer != nullptr; }
 
-    void InitStatus(char* line) override;
-    int Compute(char* line) override;
+    int Act() override;
 
 private:
-    std::unique_ptr<ResCoolant> m_writer;
     Boolean m_on = FALSE;
 };

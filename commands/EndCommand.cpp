@@ -6,7 +6,12 @@ EndCommand::~EndCommand() = default;
 
 void EndCommand::InitInstSyntax(const char* syntax, const int& number, Factory* factory) {
     InitNonModalSyntax(syntax, number);
-    m_writer.reset(factory->GetEndCom());
+    replaceWriter(factory->GetEndCom());
 }
 
-void EndCommand::InitStatus(char* /*line*/) { m_writer->InitOutput(); }
+void EndCommand::InitStatus(char* /*line*/) { keepCode(perform()); }
+
+int EndCommand::Act() {
+    writer().InitOutput();
+    return 0;
+}

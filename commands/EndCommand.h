@@ -2,22 +2,18 @@
 
 #include "apt/ResEndCommand.h"
 #include "commands/NonModalCommand.h"
-
-#include <memory>
+#include "commands/WithWriter.h"
 
 class Factory;
 
 /// The end or stop of the program. Writes its statements where its word stands; the scan goes on.
-class EndCommand : public NonModalCommand {
+class EndCommand : public WithWriter<NonModalCommand, ResEndCommand> {
 public:
     EndCommand() noexcept = default;
     ~EndCommand() override;
 
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory);
-    [[nodiscard]] bool HasWriter() const noexcept { return m_writer != nullptr; }
 
     void InitStatus(char* line) override;
-
-private:
-    std::unique_ptr<ResEndCommand> m_writer;
+    int Act() override;
 };

@@ -2,26 +2,25 @@
 
 #include "apt/ResFeedRate.h"
 #include "commands/SpeedCommand.h"
-
-#include <memory>
+#include "commands/WithWriter.h"
 
 class Factory;
 
 /// The feed mode: one instance per minute, one per revolution. Its word and, while it is active, a
 /// feed word alone write the feed statement.
-class FeedRate : public SpeedCommand {
+class FeedRate : public WithWriter<SpeedCommand, ResFeedRate> {
 public:
     FeedRate(MachineStatus* status, Factory* factory);
     ~FeedRate() override;
 
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                         CommandGroup* group, MachineStatus* status, Boolean perMinute);
-    [[nodiscard]] bool HasWriter() const noexcept { return m_writer != nullptr; }
+
+    int Act() override;
 
 private:
     void keepSpeed(double speed) noexcept override;
-    void writeSpeed() override;
+    [[nodiscard]] bool actsOnWordsAlone() const noexcept override { return true; }
 
-    std::unique_ptr<ResFeedRate> m_writer;
     Boolean m_perMinute = TRUE;
 };

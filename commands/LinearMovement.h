@@ -1,14 +1,11 @@
 #pragma once
 
-#include "apt/ResLinearMovement.h"
-#include "commands/MovementCommand.h"
-
-#include <memory>
+#include "commands/PathMovement.h"
 
 class Factory;
 
 /// The straight movement: one instance for the rapid traverse, one for the feed movement.
-class LinearMovement : public MovementCommand {
+class LinearMovement : public PathMovement {
 public:
     LinearMovement(MachineStatus* status, Factory* factory);
     ~LinearMovement() override;
@@ -17,14 +14,10 @@ public:
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                         CommandGroup* group, MachineStatus* status, Boolean rapid);
     /// False when the factory could not make the writer: the command must not be computed then.
-    [[nodiscard]] bool HasWriter() const noexcept { return m_writer != nullptr; }
-
-    void InitStatus(char* line) override;
-    /// Writes a point when the command's word or, while the command is active, a coordinate stands
-    /// on the block.
-    int Compute(char* line) override;
+    [[nodiscard]] bool HasWriter() const noexcept { return writer().HasStraight(); }
 
 private:
-    std::unique_ptr<ResLinearMovement> m_writer;
+    [[nodiscard]] Movement makeMovement() override;
+
     Boolean m_rapid = FALSE;
 };

@@ -1,15 +1,20 @@
 #pragma once
 
-#include "commands/ByteSet.h"
+#include "commands/Block.h"
 #include "commands/Command.h"
 #include "commands/CommandGroup.h"
 #include "commands/Comment.h"
+#include "commands/ModalGroup.h"
+#include "commands/Movement.h"
 #include "commands/RecordNumber.h"
 #include "softCommon/Boolean.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
+#include <array>
+#include <optional>
+
 /// The modal state of the machine while an NC program is scanned: position, speeds, tool, the
-/// number format, the line cleaners and the six groups of mutually exclusive commands. Nothing is
+/// number format, the line cleaners and the groups of mutually exclusive commands. Nothing is
 /// reset between blocks.
 class MachineStatus {
 public:
@@ -18,11 +23,9 @@ public:
     MachineStatus& operator=(const MachineStatus&) = delete;
     virtual ~MachineStatus();
 
-    /// Computes the active command of each group for the block: movement type, feed rate,
-    /// movement; then, on the trimmed block, coolant, spindle, tool. The movement type is thus
-    /// settled before a coordinate is converted, and the feed is written before the move that uses
-    /// it. The first non-zero result ends the sequence and is returned. Every group must have an
-    /// active command.
+    /// Computes the active command of each group for the block, in the order of ModalGroup; from
+    /// the coolant on, the block is trimmed. The first non-zero result ends the sequence and is
+    /// returned. A group without an active command has nothing to compute.
     virtual int scanNC(char* line);
 
     /// Last position as handed to the output, after the axis factors, in mm.
@@ -41,10 +44,18 @@ public:
         m_decimalSeparator[0] = separator[0];
     }
 
-    /// The bytes that occur on the block that is scanned; ByteSet::All() when nothing is known, as
-    /// at first. Words whose first byte is missing are not searched for.
-    void InitBlockBytes(const ByteSet& bytes) noexcept { m_blockBytes = bytes; }
-    [[nodiscard]] const ByteSet& GetBlockBytes() const noexcept { return m_blockBytes; }
+    /// The block that the driver converts; not owned, null when nobody converts.
+    void InitBlock(Block* block) noexcept { m_block = block; }
+    /// False only when `byte` is certainly not in `line`: words that begin with it are not searched
+    /// for then. Only of the rest of the driver's block the bytes are known.
+    [[nodiscard]] bool MayHold(const char* line, char byte) const noexcept {
+        return m_block == nullptr || !m_block->IsRest(line) || m_block->Bytes().MayContain(byte);
+    }
+
+    /// The movement that the block at hand made, in the coordinates of the output; none before.
+    void KeepMovement(const Movement& movement) noexcept { m_movement = movement; }
+    void ForgetMovement() noexcept { m_movement.reset(); }
+    [[nodiscard]] const std::optional<Movement>& GetMovement() const noexcept { return m_movement; }
 
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
@@ -59,12 +70,21 @@ public:
 
     [[nodiscard]] Comment* GetComment() noexcept { return &m_comment; }
     [[nodiscard]] RecordNumber* GetRecordNumber() noexcept { return &m_recordNumber; }
-    [[nodiscard]] CommandGroup* GetMovementCom() noexcept { return &m_movementCom; }
-    [[nodiscard]] CommandGroup* GetCoolantCom() noexcept { return &m_coolantCom; }
-    [[nodiscard]] CommandGroup* GetSpindleCom() noexcept { return &m_spindleCom; }
-    [[nodiscard]] CommandGroup* GetFeedRateCom() noexcept { return &m_feedRateCom; }
-    [[nodiscard]] CommandGroup* GetMovTypeCom() noexcept { return &m_movTypeCom; }
-    [[nodiscard]] CommandGroup* GetToolCom() noexcept { return &m_toolCom; }
+    [[nodiscard]] CommandGroup* GetGroup(ModalGroup group) noexcept {
+        return &m_groups[static_cast<std::size_t>(group)];
+    }
+    [[nodiscard]] CommandGroup* GetMovementCom() noexcept {
+        return GetGroup(ModalGroup::kMovement);
+    }
+    [[nodiscard]] CommandGroup* GetCoolantCom() noexcept { return GetGroup(ModalGroup::kCoolant); }
+    [[nodiscard]] CommandGroup* GetSpindleCom() noexcept { return GetGroup(ModalGroup::kSpindle); }
+    [[nodiscard]] CommandGroup* GetFeedRateCom() noexcept {
+        return GetGroup(ModalGroup::kFeedRate);
+    }
+    [[nodiscard]] CommandGroup* GetMovTypeCom() noexcept {
+        return GetGroup(ModalGroup::kMovementType);
+    }
+    [[nodiscard]] CommandGroup* GetToolCom() noexcept { return GetGroup(ModalGroup::kTool); }
 
 private:
     gmVector3 m_basicPosition;
@@ -75,12 +95,8 @@ private:
     char m_decimalSeparator[2] = "";
     Comment m_comment;
     RecordNumber m_recordNumber;
-    CommandGroup m_movementCom;
-    CommandGroup m_coolantCom;
-    CommandGroup m_spindleCom;
-    CommandGroup m_feedRateCom;
-    CommandGroup m_movTypeCom;
-    CommandGroup m_toolCom;
+    std::array<CommandGroup, kModalGroupCount> m_groups;
     Boolean m_circleCenterMode = TRUE;
-    ByteSet m_blockBytes = ByteSet::All();
+    Block* m_block = nullptr;
+    std::optional<Movement> m_movement;
 };

@@ -4,6 +4,8 @@
 
 ModalCommand::~ModalCommand() = default;
 
+bool ModalCommand::TakeWords(char* /*line*/) { return false; }
+
 void ModalCommand::InitModalSyntax(const char* syntax, const int& number,
                                    CommandGroup* group) noexcept {
     InitSyntax(syntax, number);

@@ -10,6 +10,10 @@ public:
     ModalCommand() noexcept = default;
     ~ModalCommand() override;
 
+    /// The first of the two steps: takes the values that belong to the command out of the block.
+    /// Tells whether there was one. There is none here.
+    virtual bool TakeWords(char* line);
+
     /// InitSyntax, and remembers the group. Joining the group's list is the creator's business.
     void InitModalSyntax(const char* syntax, const int& number, CommandGroup* group) noexcept;
     /// Makes this command the active one of its group, if it has one.

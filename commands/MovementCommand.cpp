@@ -2,6 +2,8 @@
 
 #include "commands/MachineStatus.h"
 
+#include <utility>
+
 bool MovementCommand::m_insertTLAXIS = false;
 gmVector3 MovementCommand::m_TLAXISdirection(0.0, 0.0, 1.0);
 
@@ -17,7 +19,7 @@ bool MovementCommand::scanWord(Parameter* word, char* line) const {
     return word != nullptr && word->scanNC(line, m_status) == 1;
 }
 
-bool MovementCommand::scanCoordinates(char* line) const {
+bool MovementCommand::TakeWords(char* line) {
     bool found = false;
     for (const AxisWords& words : m_axes) {
         found |= scanWord(words.incremental, line);
@@ -47,10 +49,6 @@ gmVector3 MovementCommand::resolveEndPoint() const {
     return point;
 }
 
-gmVector3 MovementCommand::moveTo(gmVector3 endPoint) const {
-    m_mapping.Assign(endPoint);
-    m_status->InitEndPosition(endPoint[0], endPoint[1], endPoint[2]);
-    m_mapping.Scale(endPoint);
-    m_status->InitBasicPosition(endPoint[0], endPoint[1], endPoint[2]);
-    return endPoint;
+std::optional<gmVector3> MovementCommand::takeToolAxis() {
+    return std::exchange(m_insertTLAXIS, false) ? std::optional(m_TLAXISdirection) : std::nullopt;
 }

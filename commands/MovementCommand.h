@@ -6,12 +6,13 @@
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
+#include <optional>
 
 class MachineStatus;
 
-/// What straight and circular movements share: the six coordinate words, the resolution of the end
-/// point, the axis mapping and the one-shot tool axis. Parameters and status are not owned; a null
-/// parameter means that the dialect has no such word.
+/// What every movement has: the six coordinate words, the resolution of the end point, the axis
+/// mapping and the one-shot tool axis. Parameters and status are not owned; a null parameter means
+/// that the dialect has no such word.
 class MovementCommand : public ModalCommand {
 public:
     MovementCommand() noexcept = default;
@@ -20,6 +21,9 @@ public:
 
     void InitMovementSyntax(const char* syntax, const int& number, CommandGroup* group,
                             MachineStatus* status) noexcept;
+
+    /// Takes the coordinate words, the incremental one of each axis first.
+    bool TakeWords(char* line) override;
 
     void InitXParm(Parameter* word) noexcept { m_axes[0].absolute = word; }
     void InitYParm(Parameter* word) noexcept { m_axes[1].absolute = word; }
@@ -41,26 +45,14 @@ public:
 protected:
     /// Scans one more word on the block, if the dialect has it; tells whether it was found.
     bool scanWord(Parameter* word, char* line) const;
-    /// Scans the six words, the incremental one of each axis first. Tells whether one was found.
-    bool scanCoordinates(char* line) const;
-    /// The end point in NC coordinates before assignment and factors: the last end position,
-    /// changed by the words found, which are thereby consumed.
+    /// The end point in program coordinates: the last end position, changed by the words found,
+    /// which are thereby consumed.
     [[nodiscard]] gmVector3 resolveEndPoint() const;
-    /// Assigns the axes, stores the end position, scales, stores the basic position; returns the
-    /// point for the output.
-    [[nodiscard]] gmVector3 moveTo(gmVector3 endPoint) const;
-
-    /// Hands the tool axis to `writer` when one is asked for, once.
-    template<class Writer>
-    static void writeToolAxis(Writer& writer) {
-        if (m_insertTLAXIS) {
-            writer.InitOutput(m_TLAXISdirection);
-            m_insertTLAXIS = false;
-        }
-    }
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     [[nodiscard]] const AxisMapping& mapping() const noexcept { return m_mapping; }
+    /// The tool axis to be told ahead of the next movement, if one is asked for; asked for once.
+    [[nodiscard]] static std::optional<gmVector3> takeToolAxis();
 
 private:
     struct AxisWords {

@@ -38,7 +38,7 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
     m_incremental = m_standardIncremental;
     m_explicitMode = FALSE;
     m_ncLineStatus = FALSE;
-    if (m_syntax.empty() || !status->GetBlockBytes().MayContain(m_syntax.front())) {
+    if (m_syntax.empty() || !status->MayHold(line, m_syntax.front())) {
         return 0;
     }
     return takeWord(line, *status->GetDecimalSeparator());

@@ -24,7 +24,7 @@ int toolNumber(double value) noexcept {
 } // namespace
 
 RegularCommand::RegularCommand(MachineStatus* status, Factory* factory)
-    : m_status(status), m_writer(factory->GetRegulaCom()) {}
+    : WithWriter(factory->GetRegulaCom()), m_status(status) {}
 
 RegularCommand::~RegularCommand() = default;
 
@@ -32,23 +32,18 @@ void RegularCommand::InitInstSyntax(const char* syntax, const int& number, Facto
                                     CommandGroup* group, MachineStatus* status) {
     InitModalSyntax(syntax, number, group);
     m_status = status;
-    m_writer.reset(factory->GetRegulaCom());
+    replaceWriter(factory->GetRegulaCom());
 }
 
-void RegularCommand::consumeTool(char* line) {
-    if (const std::optional<double> tool = consumeWord(m_toolWord, line, m_status)) {
+bool RegularCommand::TakeWords(char* line) {
+    const std::optional<double> tool = consumeWord(m_toolWord, line, m_status);
+    if (tool) {
         m_status->InitTool(toolNumber(*tool));
     }
+    return tool.has_value();
 }
 
-void RegularCommand::InitStatus(char* line) {
-    consumeTool(line);
-    m_writer->InitOutput(m_status->GetTool());
-    SetNCLineStatus(FALSE);
-    InitActiveCommand();
-}
-
-int RegularCommand::Compute(char* line) {
-    consumeTool(line);
+int RegularCommand::Act() {
+    writer().InitOutput(m_status->GetTool());
     return 0;
 }

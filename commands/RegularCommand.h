@@ -1,17 +1,16 @@
 #pragma once
 
 #include "apt/ResRegularCommand.h"
-#include "commands/ModalCommand.h"
-#include "commands/Parameter.h"
-
-#include <memory>
+#include "commands/TechnologyCommand.h"
+#include "commands/WithWriter.h"
 
 class Factory;
 class MachineStatus;
+class Parameter;
 
 /// The tool change. Its word writes the tool statement; a tool word alone only selects the tool
 /// for the next change.
-class RegularCommand : public ModalCommand {
+class RegularCommand : public WithWriter<TechnologyCommand, ResRegularCommand> {
 public:
     RegularCommand(MachineStatus* status, Factory* factory);
     ~RegularCommand() override;
@@ -21,15 +20,11 @@ public:
     /// The tool word; not owned, may be null.
     void InitToolParm(Parameter* word) noexcept { m_toolWord = word; }
     [[nodiscard]] Parameter* GetToolParm() const noexcept { return m_toolWord; }
-    [[nodiscard]] bool HasWriter() const noexcept { return m_writer != nullptr; }
 
-    void InitStatus(char* line) override;
-    int Compute(char* line) override;
+    bool TakeWords(char* line) override;
+    int Act() override;
 
 private:
-    void consumeTool(char* line);
-
     MachineStatus* m_status;
-    std::unique_ptr<ResRegularCommand> m_writer;
     Parameter* m_toolWord = nullptr;
 };

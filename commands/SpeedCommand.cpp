@@ -10,24 +10,10 @@ void SpeedCommand::InitSpeedSyntax(const char* syntax, const int& number, Comman
     m_status = status;
 }
 
-bool SpeedCommand::consumeSpeed(char* line) {
+bool SpeedCommand::TakeWords(char* line) {
     const std::optional<double> speed = consumeWord(m_speedWord, line, m_status);
     if (speed) {
         keepSpeed(*speed);
     }
     return speed.has_value();
-}
-
-void SpeedCommand::InitStatus(char* line) {
-    consumeSpeed(line);
-    writeSpeed();
-    SetNCLineStatus(FALSE);
-    InitActiveCommand();
-}
-
-int SpeedCommand::Compute(char* line) {
-    if (consumeSpeed(line) && repeatsItself()) {
-        writeSpeed();
-    }
-    return 0;
 }

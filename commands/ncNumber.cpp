@@ -80,6 +80,13 @@ double nearestDecimal(int sign, const char* integer, const char* integerEnd, con
     return combine(sign, whole, part, powerOfTen(fraction - fractionEnd));
 }
 
+std::int32_t signedNumber(const char* text) noexcept {
+    const long number = std::strtol(text, nullptr, 10);
+    return static_cast<std::int32_t>(std::clamp<long>(number,
+                                                      std::numeric_limits<std::int32_t>::min(),
+                                                      std::numeric_limits<std::int32_t>::max()));
+}
+
 } // namespace
 
 double powerOfTen(long exponent) noexcept {
@@ -108,6 +115,9 @@ NCNumber readNumber(const char* text, int sign, char separator) noexcept {
 }
 
 std::int32_t readCommandNumber(const char* text) noexcept {
+    if (digitValue(*text) > 9) {
+        return signedNumber(text);
+    }
     const char* end = text;
     const std::int64_t number = takeDigits(end);
     constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();

@@ -17,7 +17,9 @@ struct NCNumber {
 /// decimal. Nothing wraps.
 [[nodiscard]] NCNumber readNumber(const char* text, int sign, char separator) noexcept;
 
-/// The digits at `text`, at least one, as a 32-bit integer, clamped.
+/// The number at `text` as a 32-bit integer, clamped: blanks, a sign and digits, each of which may
+/// be missing, as atol reads them. Only what a host's command counts as digits has more than
+/// digits.
 [[nodiscard]] std::int32_t readCommandNumber(const char* text) noexcept;
 
 /// 10 to the power of `exponent`, the same double that pow(10.0, exponent) gives.

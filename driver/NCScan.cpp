@@ -1,25 +1,32 @@
 #include "driver/NCScan.h"
 
 #include "apt/appendText.h"
-#include "commands/CircularMovement.h"
+#include "driver/LineSource.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
-#include "softCommon/CStringUtil/string_mani.h"
 
 #include <cerrno>
 #include <cstring>
 #include <new>
 
-NCScan::~NCScan() = default;
+NCScan::NCScan() noexcept { BeginConversion(); }
 
-void NCScan::BeginConversion() {
-    m_model.emplace();
-    m_blockNumber = 0;
-    m_continuesLine = false;
-    m_block[0] = '\0';
-    m_blockText[0] = '\0';
+NCScan::~NCScan() { detachOutputs(); }
+
+void NCScan::BeginConversion() noexcept {
+    m_model.emplace().status.InitBlock(&m_block);
+    m_block.Clear();
     m_report = {};
     m_failure = {};
+}
+
+// Writers may live on, in the model and with a host: none of them reaches a closed stream.
+void NCScan::detachOutputs() noexcept {
+    if (m_outputState != nullptr) {
+        m_outputState->Detach();
+        m_outputState.reset();
+    }
+    m_factory.reset();
 }
 
 bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
@@ -54,7 +61,7 @@ int NCScan::SetNCFileName(const char* name) {
 }
 
 int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const char* logfile) {
-    m_factory.reset();
+    detachOutputs();
     const int result = openOutput(outputfile);
     if (const int code = openLog(logfile); code != 0) {
         return code;
@@ -64,13 +71,18 @@ int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const
         return kOutputTypeUnsupported;
     }
     if (m_outputFile.get() != nullptr) {
-        m_factory = std::make_unique<APTFactory>(m_outputFile.get(), m_logFile.get(),
-                                                 &m_report.Statements());
+        m_outputState =
+            std::make_shared<OutputState>(OutputState{.counts = &m_report.Statements()});
+        m_factory = std::make_unique<APTFactory>(
+            Outputs(m_outputFile.get(), m_logFile.get(), m_outputState));
     }
     return result;
 }
 
-void NCScan::SetNoOutput() { m_factory = std::make_unique<APTFactory>(nullptr, nullptr); }
+void NCScan::SetNoOutput() {
+    detachOutputs();
+    m_factory = std::make_unique<APTFactory>(nullptr, nullptr);
+}
 
 int NCScan::openOutput(const char* name) noexcept {
     m_outputFile.close();
@@ -105,7 +117,7 @@ int NCScan::openLog(const char* name) noexcept {
 
 int NCScan::CloseFiles() noexcept {
     int result = 0;
-    m_factory.reset();
+    detachOutputs();
     if (!m_logFile.closeCompletely()) {
         KeepFailure({.systemError = errno});
         result = kLogFileUnwritable;
@@ -118,93 +130,72 @@ int NCScan::CloseFiles() noexcept {
 }
 
 int NCScan::run() {
-    const int code = runBlocks();
-    // The bytes of the last block say nothing about other lines.
-    m_model->status.InitBlockBytes(ByteSet::All());
-    return code;
-}
-
-int NCScan::runBlocks() {
     if (m_ncFile == nullptr) {
         return kNCFileUnreadable;
     }
-    LineReader lines(m_ncFile.get());
+    LineSource source(m_ncFile.get());
+    return runBlocks(source);
+}
+
+int NCScan::runBlocks(BlockSource& source) {
     CommandIndex commands(m_model->commands);
-    std::string_view piece;
-    while (lines.Next(piece)) {
-        beginBlock(piece);
+    while (source.Next(m_block)) {
+        beginBlock();
         if (const int code = convertBlock(commands); code != 0) {
             return code;
         }
     }
-    if (lines.HasFailed()) {
-        KeepFailure({.systemError = lines.Error()});
-        return kNCFileUnreadable;
+    if (const int code = source.Code(); code != 0) {
+        KeepFailure(source.LastFailure());
+        return code;
     }
     return 0;
 }
 
-// A line that does not fit is read in pieces, each a block of its own.
-void NCScan::beginBlock(std::string_view piece) noexcept {
-    if (!m_continuesLine) {
-        ++m_blockNumber;
-    } else {
-        m_report.NoteFurtherPiece(m_blockNumber, piece.front() == '\n' || piece.front() == '\r');
-    }
-    const bool hasNewline = piece.back() == '\n';
-    m_continuesLine = piece.size() == LineReader::kMostBytes && !hasNewline;
-    piece.remove_suffix(hasNewline ? 1 : 0);
-    if (const std::size_t nul = piece.find('\0'); nul != std::string_view::npos) {
-        piece = piece.substr(0, nul);
-        m_report.Note(Oddity::kNulByte, m_blockNumber);
-    }
-    const std::string_view text = trimmed(piece);
-    m_blockLength = text.size();
-    for (Block* const copy : {&m_block, &m_blockText}) {
-        std::memcpy(copy->data(), text.data(), text.size());
-        (*copy)[text.size()] = '\0';
-    }
+void NCScan::beginBlock() noexcept {
+    m_report.NotePlace(m_block);
+    m_model->status.ForgetMovement();
     if (std::FILE* const log = m_logFile.get()) {
         appendText(log, "\n");
-        appendText(log, text);
+        appendText(log, m_block.Text());
         appendText(log, "\n");
     }
 }
 
 int NCScan::convertBlock(CommandIndex& commands) {
-    char* const block = m_block.data();
     MachineStatus& status = m_model->status;
-    if (const int code = status.GetRecordNumber()->DeleteRecordNumber(block); code != 0) {
+    if (const int code = status.GetRecordNumber()->DeleteRecordNumber(m_block.Rest()); code != 0) {
         return code;
     }
-    // Record number and comment may go into the set: it only rules words out.
-    const ByteSet bytes = ByteSet::Of({BlockText(), m_blockLength});
-    if (const int code = status.GetComment()->KillComments(block, bytes); code != 0) {
+    // The bytes of the record number and of comments may be among them: they only rule words out.
+    if (const int code = status.GetComment()->KillComments(m_block.Rest(), m_block.Bytes());
+        code != 0) {
         return code;
     }
     if (status.GetComment()->WasUnterminated()) {
-        m_report.Note(Oddity::kOpenComment, m_blockNumber);
+        m_report.Note(Oddity::kOpenComment, m_block);
     }
-    if (const std::size_t length = std::strlen(block); length != m_blockLength) {
-        trimText(block, length);
+    if (std::strlen(m_block.Rest()) != m_block.Text().size()) {
+        m_block.TrimRest();
     }
-    status.InitBlockBytes(bytes);
-    const int code = commands.scanNC(block, bytes);
-    return code != 0 ? code : computeBlock(block);
+    const int code = commands.scanNC(m_block);
+    return code != 0 ? code : computeBlock();
 }
 
-int NCScan::computeBlock(char* block) {
+int NCScan::computeBlock() {
     MachineStatus& status = m_model->status;
     StatementCounts& statements = m_report.Statements();
     statements.BeginBlock();
-    const int code = status.scanNC(block);
-    if (*block != '\0') {
-        m_report.NoteRest(m_blockNumber, BlockText(), block, *status.GetDecimalSeparator(),
-                          statements.BlockMoves());
+    int code = status.scanNC(m_block.Rest());
+    if (*m_block.Rest() != '\0') {
+        m_report.NoteRest(m_block, *status.GetDecimalSeparator(), statements.BlockMoves());
     }
     if (statements.BlockHas(StatementKind::kDroppedArc)) {
-        m_report.Note(Oddity::kDroppedArc, m_blockNumber);
+        m_report.Note(Oddity::kDroppedArc, m_block);
         warnIfArcWithoutCentre();
+    }
+    if (code == 0 && m_outputState != nullptr && m_outputState->hasLostStatement) {
+        code = kInternalError;
     }
     return code;
 }
@@ -212,18 +203,16 @@ int NCScan::computeBlock(char* block) {
 // The centre of such an arc is its start, so the arc is dropped or ends the process: no other block
 // needs the question.
 void NCScan::warnIfArcWithoutCentre() noexcept {
-    const Command* const active = m_model->status.GetMovementCom()->GetActiveCommand();
-    const auto* const arc = dynamic_cast<const CircularMovement*>(active);
-    if (arc != nullptr && !arc->HasCentreWord()) {
-        m_report.WarnOfArc(m_blockNumber, BlockText());
+    const std::optional<Movement>& movement = m_model->status.GetMovement();
+    if (movement && movement->arc && !movement->arc->hasCentreWord) {
+        m_report.WarnOfArc(m_block);
     }
 }
 
 void NCScan::ReportFatalArc() noexcept {
-    if (m_blockNumber == 0) {
+    if (m_block.GetPlace().number == 0) {
         return;
     }
     warnIfArcWithoutCentre();
-    m_report.WarnOfGWord(m_blockNumber, BlockText(), m_block.data(),
-                         *m_model->status.GetDecimalSeparator());
+    m_report.WarnOfGWord(m_block, *m_model->status.GetDecimalSeparator());
 }

@@ -1,33 +1,36 @@
 #pragma once
 
 #include "apt/APTFactory.h"
+#include "apt/Outputs.h"
 #include "commands/AvailableCommands.h"
 #include "commands/AvailableParameters.h"
+#include "commands/Block.h"
 #include "commands/CommandIndex.h"
 #include "commands/MachineStatus.h"
 #include "commands/TextCopy.h"
+#include "driver/BlockSource.h"
 #include "driver/BufferedFile.h"
-#include "driver/LineReader.h"
+#include "driver/Failure.h"
 #include "driver/ScanReport.h"
 #include "include/quillmark.h"
 
-#include <array>
 #include <memory>
 #include <optional>
-#include <string_view>
 
 /// Owns the command model of one conversion and its files, and runs the loop over the blocks of
 /// the NC program. The order of use: SetOutputType, the configuration through the accessors,
-/// SetNCFileName, run, CloseFiles.
+/// SetNCFileName, run, CloseFiles. The writers of the model outlive the open files: once these are
+/// closed, or others are opened, they write nowhere. SetOutputType, the configuration and run may
+/// throw std::bad_alloc.
 class NCScan {
 public:
-    NCScan() noexcept = default;
+    NCScan() noexcept;
     NCScan(const NCScan&) = delete;
     NCScan& operator=(const NCScan&) = delete;
     virtual ~NCScan();
 
-    /// Converts every block of the NC file. Returns 0, 200 when the file cannot be read, or the
-    /// first non-zero result of a recogniser.
+    /// Converts every block of the NC file. Returns 0, 200 when the file cannot be read, the first
+    /// non-zero result of a recogniser, or 39999 when a statement did not fit its buffer.
     virtual int run();
     /// Opens the NC file. Returns 0, 200 (no name, not to be opened, a directory) or 400.
     virtual int SetNCFileName(const char* name);
@@ -60,10 +63,8 @@ public:
     /// Whether the open file is the output or the log of this conversion.
     [[nodiscard]] bool IsOwnOutput(std::FILE* file) const noexcept;
 
-    /// Line number in the NC file, from 1, of the block that is converted or was converted last.
-    [[nodiscard]] long BlockNumber() const noexcept { return m_blockNumber; }
-    /// That block as it stood in the file, trimmed.
-    [[nodiscard]] const char* BlockText() const noexcept { return m_blockText.data(); }
+    /// The block that is converted or was converted last.
+    [[nodiscard]] const Block& CurrentBlock() const noexcept { return m_block; }
 
     /// What the conversion did not understand so far, and its figures.
     [[nodiscard]] ScanReport& Report() noexcept { return m_report; }
@@ -71,48 +72,38 @@ public:
     /// cause when an arc of it ends the process.
     void ReportFatalArc() noexcept;
 
-    /// Why a step failed, beyond its code: the system's error, or else a text of our own with
-    /// static storage, or neither.
-    struct Failure {
-        int systemError = 0;
-        const char* text = nullptr;
-    };
     void KeepFailure(const Failure& failure) noexcept { m_failure = failure; }
     [[nodiscard]] const Failure& LastFailure() const noexcept { return m_failure; }
 
 protected:
     /// Forgets the command model, position and failure of an earlier conversion.
-    void BeginConversion();
+    void BeginConversion() noexcept;
 
 private:
-    using Block = std::array<char, LineReader::kMostBytes + 1>;
-
     struct Model {
         MachineStatus status;
         AvailableCommands commands;
         AvailableParameters parameters;
     };
 
+    void detachOutputs() noexcept;
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
-    int runBlocks();
-    void beginBlock(std::string_view piece) noexcept;
+    int runBlocks(BlockSource& source);
+    void beginBlock() noexcept;
     int convertBlock(CommandIndex& commands);
-    int computeBlock(char* block);
+    int computeBlock();
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
     FileOwner m_ncFile;
-    std::optional<Model> m_model{std::in_place};
+    Block m_block;
+    std::optional<Model> m_model;
     std::unique_ptr<APTFactory> m_factory;
+    std::shared_ptr<OutputState> m_outputState; // null while nothing is open
     BufferedFile m_outputFile;
     BufferedFile m_logFile;
 
     ScanReport m_report;
-    long m_blockNumber = 0;
-    bool m_continuesLine = false; // the next piece belongs to the same line of the file
-    Block m_block = {};           // what is left of it to be recognised
-    Block m_blockText = {};
-    std::size_t m_blockLength = 0; // of that text
     Failure m_failure;
 };

@@ -26,13 +26,29 @@ bool isGWord(std::string_view word) noexcept {
 
 } // namespace
 
-void ScanReport::NoteRest(long line, std::string_view text, std::string_view rest, char separator,
-                          bool hasMoved) noexcept {
+void ScanReport::NotePlace(const Block& block) noexcept {
+    const Block::Place& place = block.GetPlace();
+    if (place.isCutAtNul) {
+        Note(Oddity::kNulByte, block);
+    }
+    if (!place.continuesLine) {
+        return;
+    }
+    ++m_furtherPieces;
+    if (!place.isLineEnd && place.line != m_lastLongLine) {
+        m_lastLongLine = place.line;
+        Note(Oddity::kLongLine, block);
+    }
+}
+
+void ScanReport::NoteRest(const Block& block, char separator, bool hasMoved) noexcept {
+    const std::string_view rest = block.Rest();
     std::string_view words = rest;
     std::string_view word = takeWord(words, separator);
     if (word.empty()) {
         return;
     }
+    const long line = block.GetPlace().line;
     ++m_unrecognisedBlocks;
     keepFirst(m_firstRests, kMaxBlocks, [&] {
         const std::size_t end = rest.find_last_not_of(' ') + 1;
@@ -42,40 +58,31 @@ void ScanReport::NoteRest(long line, std::string_view text, std::string_view res
         m_words.Add(word, line);
     }
     if (hasMoved) {
-        WarnOfGWord(line, text, rest, separator);
+        WarnOfGWord(block, separator);
     }
 }
 
-void ScanReport::WarnOfGWord(long line, std::string_view text, std::string_view rest,
-                             char separator) noexcept {
+void ScanReport::WarnOfGWord(const Block& block, char separator) noexcept {
+    std::string_view rest = block.Rest();
     while (true) {
         const std::string_view word = takeWord(rest, separator);
         if (word.empty()) {
             return;
         }
         if (isGWord(word)) {
-            warn(Warning::Kind::kUnknownGWord, line, text, word);
+            warn(Warning::Kind::kUnknownGWord, block, word);
             return;
         }
     }
 }
 
-void ScanReport::WarnOfArc(long line, std::string_view text) noexcept {
-    warn(Warning::Kind::kArcWithoutCentre, line, text, "");
+void ScanReport::WarnOfArc(const Block& block) noexcept {
+    warn(Warning::Kind::kArcWithoutCentre, block, "");
 }
 
-void ScanReport::warn(Warning::Kind kind, long line, std::string_view text,
-                      std::string_view word) noexcept {
+void ScanReport::warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
     ++m_warningCount;
     keepFirst(m_firstWarnings, kMaxWarnings, [&] {
-        return Warning{kind, {line, std::string(text)}, std::string(word)};
+        return Warning{kind, {block.GetPlace().line, std::string(block.Text())}, std::string(word)};
     });
-}
-
-void ScanReport::NoteFurtherPiece(long line, bool isLineEnd) noexcept {
-    ++m_furtherPieces;
-    if (!isLineEnd && line != m_lastLongLine) {
-        m_lastLongLine = line;
-        Note(Oddity::kLongLine, line);
-    }
 }

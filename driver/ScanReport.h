@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apt/StatementCounts.h"
+#include "commands/Block.h"
 #include "driver/WordTally.h"
 
 #include <array>
@@ -45,19 +46,17 @@ public:
     static constexpr std::size_t kMaxBlocks = 100;
     static constexpr std::size_t kMaxWarnings = 100;
 
-    /// A block of which `rest` was left when all recognisers had run. A rest of blanks is none.
-    /// `text` is the block as it stood in the file; `separator` is the dialect's decimal one.
-    void NoteRest(long line, std::string_view text, std::string_view rest, char separator,
-                  bool hasMoved) noexcept;
-    /// The first G word of `rest`, if there is one, becomes a warning.
-    void WarnOfGWord(long line, std::string_view text, std::string_view rest,
-                     char separator) noexcept;
-    void WarnOfArc(long line, std::string_view text) noexcept;
-    void Note(Oddity oddity, long line) noexcept {
-        m_oddities[static_cast<std::size_t>(oddity)].Add(line);
+    /// A block whose source says something of it: a NUL byte, a line too long.
+    void NotePlace(const Block& block) noexcept;
+    /// A block of which a rest was left when all recognisers had run. A rest of blanks is none.
+    /// `separator` is the dialect's decimal one.
+    void NoteRest(const Block& block, char separator, bool hasMoved) noexcept;
+    /// The first G word of the rest, if there is one, becomes a warning.
+    void WarnOfGWord(const Block& block, char separator) noexcept;
+    void WarnOfArc(const Block& block) noexcept;
+    void Note(Oddity oddity, const Block& block) noexcept {
+        m_oddities[static_cast<std::size_t>(oddity)].Add(block.GetPlace().line);
     }
-    /// A line that filled a block gave a further one, perhaps with its line end alone.
-    void NoteFurtherPiece(long line, bool isLineEnd) noexcept;
 
     [[nodiscard]] StatementCounts& Statements() noexcept { return m_statements; }
     [[nodiscard]] const StatementCounts& Statements() const noexcept { return m_statements; }
@@ -79,7 +78,7 @@ public:
     }
 
 private:
-    void warn(Warning::Kind kind, long line, std::string_view text, std::string_view word) noexcept;
+    void warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
 
     StatementCounts m_statements;
     long m_furtherPieces = 0;

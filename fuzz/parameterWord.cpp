@@ -35,7 +35,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     MachineStatus status;
     status.InitDecimalSeparator(words.c_str() + std::min(blank + 1, words.size()));
-    status.InitBlockBytes(ByteSet::Of(block.get()));
     Parameter word(words.substr(0, blank).c_str());
     word.SetDecimalPlace(readInteger(places.c_str()));
     double base = 1.0;

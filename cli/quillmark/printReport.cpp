@@ -52,8 +52,7 @@ void printWarning(std::FILE* stream, const Warning& warning) noexcept {
 
 void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept {
     const ScanReport& report = scan.Report();
-    std::fprintf(stream, "quillmark: blocks read: %ld\n",
-                 scan.BlockNumber() + report.FurtherPieces());
+    std::fprintf(stream, "quillmark: blocks read: %ld\n", scan.CurrentBlock().GetPlace().number);
     const char* separator = "quillmark: statements: ";
     for (const StatementRow& row : kStatementRows) {
         std::fprintf(stream, "%s%s %ld", separator, row.text, report.Statements().Of(row.kind));
@@ -68,7 +67,7 @@ void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
     const ScanReport& report = scan.Report();
     if (report.UnrecognisedBlocks() > 0) {
         std::fprintf(stream, "quillmark: unrecognised text in %ld of %ld blocks\n",
-                     report.UnrecognisedBlocks(), scan.BlockNumber() + report.FurtherPieces());
+                     report.UnrecognisedBlocks(), scan.CurrentBlock().GetPlace().number);
     }
 }
 

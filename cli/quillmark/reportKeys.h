@@ -2,6 +2,9 @@
 
 #include "driver/ScanReport.h"
 
+#include <algorithm>
+#include <cstddef>
+
 /// The names under which the front end tells what a conversion reports.
 
 /// Statements of one kind; `text` names them in a sentence.
@@ -23,6 +26,19 @@ inline constexpr StatementRow kStatementRows[] = {
     {StatementKind::kMode, "modes", "modes"},
     {StatementKind::kProgramEnd, "program_ends", "program ends"},
 };
+
+// A dropped arc writes no statement: it is an oddity.
+static_assert([] {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(StatementKind::kCount); ++i) {
+        const auto kind = static_cast<StatementKind>(i);
+        const bool isStatement = kind != StatementKind::kDroppedArc;
+        if (std::ranges::count(kStatementRows, kind, &StatementRow::kind) !=
+            (isStatement ? 1 : 0)) {
+            return false;
+        }
+    }
+    return true;
+}());
 
 /// An oddity, what it is and what follows from it.
 struct OddityRow {

@@ -38,8 +38,8 @@ void writeProcessEnd(JsonWriter& json, NCScan& scan, const ProcessEnd* end) noex
     }
     json.BeginObject();
     writeTextOrNull(json, "assertion", end->expression);
-    json.Entry("line", scan.BlockNumber());
-    json.Entry("block", std::string_view(scan.BlockText()));
+    json.Entry("line", scan.CurrentBlock().GetPlace().line);
+    json.Entry("block", scan.CurrentBlock().Text());
     json.EndObject();
 }
 
@@ -130,8 +130,8 @@ void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) n
     writeProcessEnd(json, scan, result.end);
     json.Key("seconds");
     json.Decimal(result.seconds);
-    json.Entry("lines", scan.BlockNumber());
-    json.Entry("blocks", scan.BlockNumber() + report.FurtherPieces());
+    json.Entry("lines", scan.CurrentBlock().GetPlace().line);
+    json.Entry("blocks", scan.CurrentBlock().GetPlace().number);
     writeStatements(json, report.Statements());
     writeUnrecognised(json, report);
     writeOddities(json, report);

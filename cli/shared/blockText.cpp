@@ -12,11 +12,12 @@ void printText(std::FILE* stream, std::string_view text) noexcept {
 }
 
 void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* outputName) noexcept {
-    if (scan.BlockNumber() == 0) {
+    const Block& block = scan.CurrentBlock();
+    if (block.GetPlace().number == 0) {
         return;
     }
-    std::fprintf(stream, "quillmark: stopped at block %ld: ", scan.BlockNumber());
-    printText(stream, scan.BlockText());
+    std::fprintf(stream, "quillmark: stopped at block %ld: ", block.GetPlace().line);
+    printText(stream, block.Text());
     std::fputs("\nquillmark: the output written so far stays in '", stream);
     printText(stream, outputName);
     std::fputs("'\n", stream);

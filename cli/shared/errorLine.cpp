@@ -26,7 +26,7 @@ const char* nameOf(ConversionFile file, const ConversionFiles& files) noexcept {
 } // namespace
 
 void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
-                    const NCScan::Failure& failure) noexcept {
+                    const Failure& failure) noexcept {
     (void)std::fflush(stdout); // one message of the reader goes there, and it comes first
     std::fprintf(stream, "%s: error %d", program, code);
     if (const ReturnCode* const row = findReturnCode(code)) {

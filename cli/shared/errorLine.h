@@ -16,4 +16,4 @@ struct ConversionFiles {
 /// file, and the reason, or what helps when no reason is known. Needs no memory: it may just have
 /// run out.
 void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
-                    const NCScan::Failure& failure) noexcept;
+                    const Failure& failure) noexcept;

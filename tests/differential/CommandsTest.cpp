@@ -5,6 +5,7 @@
 #include "commands/Parameter.h"
 #include "softCommon/CStringUtil/string_mani.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
@@ -14,17 +15,30 @@
 
 namespace {
 
-// Takes an X word as well, which can bring a command's text and its number together: "-X=AC(5)1".
+// Takes an X word as well, which can bring a command's text and its number together: "-X=AC(5)1". A
+// host's one reads blanks and points among its digits, and changes text in place.
 class Recording : public Command {
 public:
-    Recording(int id, std::vector<int>& found) : m_id(id), m_found(found) {}
+    Recording(int id, bool isOfHost, std::vector<int>& found)
+        : m_id(id), m_isOfHost(isOfHost), m_found(found) {
+        if (!isOfHost) {
+            MarkAsBuiltIn();
+        }
+    }
     void InitStatus(char* line) override {
         m_found.push_back(m_id);
         m_word.scanNC(line, &m_status);
+        if (char* const letter = std::strchr(line, 'M'); m_isOfHost && letter != nullptr) {
+            *letter = 'G';
+        }
+    }
+    char* MoveAfterNumber(char* p) override {
+        return m_isOfHost ? p + std::strspn(p, " .0123456789") : Command::MoveAfterNumber(p);
     }
 
 private:
     int m_id;
+    bool m_isOfHost;
     std::vector<int>& m_found;
     MachineStatus m_status;
     Parameter m_word{"X"};
@@ -40,7 +54,7 @@ void registerAny(std::mt19937& random, AvailableCommands& commands, std::vector<
     constexpr int kNumbers[] = {-1, 0, 1, 2, 10, 65, 74, 100, 129, 2147483647};
     const int count = 1 + static_cast<int>(random() % 90);
     for (int id = 0; id < count; ++id) {
-        auto command = std::make_unique<Recording>(id, found);
+        auto command = std::make_unique<Recording>(id, random() % 8 == 0, found);
         command->InitSyntax(anyOf(random, {"G", "M", "m", "-", "GM", "G1", "MG", "(", ""}),
                             kNumbers[random() % std::size(kNumbers)]);
         commands.NewCommand(command.release());
@@ -51,8 +65,9 @@ void registerAny(std::mt19937& random, AvailableCommands& commands, std::vector<
 std::string anyBlock(std::mt19937& random) {
     std::string block;
     for (std::size_t pieces = random() % 9; pieces > 0; --pieces) {
-        block += anyOf(random, {"G", "M", "m", "-", "(", "X=AC(5)", " ", "1", "2", "0", "01", "065",
-                                "74", "G1", "M129", "G100 ", "2147483647", "2147483648"});
+        block += anyOf(random, {"G",    "M",     "m",          "-",          "(",   "X=AC(5)", " ",
+                                "1",    "2",     "0",          "01",         "065", "74",      "G1",
+                                "M129", "G100 ", "2147483647", "2147483648", ".",   " 1"});
     }
     return block;
 }
@@ -68,17 +83,18 @@ TEST(Differential, TheIndexFindsWhatTryingEveryCommandFinds) {
         for (int i = 0; i < 200; ++i) {
             const std::string block = anyBlock(random);
             std::string plain = block;
-            for (int k = 0; k < commands.GetCommandCount(); ++k) {
-                string_mani(3, plain.data());
+            for (int k = 0; k < commands.GetCommandCount() && plain[0] != '\0'; ++k) {
+                if (plain[0] == ' ') {
+                    string_mani(3, plain.data());
+                }
                 commands.GetCommand(k)->scanNC(plain.data());
             }
-            string_mani(3, plain.data());
             const std::vector<int> expected = std::exchange(found, {});
-            std::string indexed = block;
-            index.scanNC(indexed.data(), ByteSet::Of(block));
-            string_mani(3, indexed.data());
+            Block indexed;
+            indexed.Begin(block, {});
+            index.scanNC(indexed);
             ASSERT_EQ(std::exchange(found, {}), expected) << "block '" << block << "'";
-            ASSERT_STREQ(indexed.c_str(), plain.c_str()) << "block '" << block << "'";
+            ASSERT_STREQ(indexed.Rest(), plain.c_str()) << "block '" << block << "'";
             finds += expected.size();
         }
     }

@@ -357,15 +357,15 @@ TEST_F(Faults, LeaveTheOutputUpToTheBlockThatIsNamed) {
     m_folder.write("part.nc", begin + "(" + std::string(kStreamBuffer, 'c') + ")\nX3.\n");
     Controller controller;
     int code = 0;
-    for (long call = 0; controller.BlockNumber() == 0; ++call) {
+    for (long call = 0; controller.CurrentBlock().GetPlace().number == 0; ++call) {
         const Fault fault(kRead, call);
         code = controller.execute(m_plain.c_str(), m_program.c_str(), m_apt.c_str(), nullptr,
                                   eOutputAPT);
     }
     EXPECT_EQ(code, kNCFileUnreadable);
     EXPECT_EQ(controller.LastFailure().systemError, EIO);
-    EXPECT_EQ(controller.BlockNumber(), 2);
-    EXPECT_STREQ(controller.BlockText(), "X2.");
+    EXPECT_EQ(controller.CurrentBlock().GetPlace().line, 2);
+    EXPECT_EQ(controller.CurrentBlock().Text(), "X2.");
     EXPECT_EQ(outputs().first, expected);
 }
 

@@ -1,0 +1,43 @@
+#include "commands/PathMovement.h"
+
+#include "commands/MachineStatus.h"
+
+PathMovement::~PathMovement() = default;
+
+void PathMovement::InitStatus(char* line) {
+    TakeWords(line);
+    InitActiveCommand();
+}
+
+int PathMovement::Compute(char* line) {
+    if (GetNCLineStatus() != TRUE && !TakeWords(line)) {
+        return 0;
+    }
+    const int code = perform();
+    SetNCLineStatus(FALSE);
+    return code;
+}
+
+int PathMovement::Act() {
+    Movement movement = makeMovement();
+    movement.start = status().GetEndPosition();
+    movement.feed = status().GetFeedRateSpeed();
+    movement.toolAxis = takeToolAxis();
+    passStages(movement);
+    status().KeepMovement(movement); // before an arc that has no direction ends the process
+    m_writer.Write(movement);
+    return 0;
+}
+
+// The end position is kept between the assignment and the factors: later words count from there.
+void PathMovement::passStages(Movement& movement) const {
+    gmVector3& end = movement.end;
+    mapping().Assign(end);
+    status().InitEndPosition(end[0], end[1], end[2]);
+    mapping().Scale(end);
+    mapping().Scale(movement.start);
+    if (movement.arc) {
+        mapping().Scale(movement.arc->centre);
+    }
+    status().InitBasicPosition(end[0], end[1], end[2]);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "commands/MovementCommand.h"
+#include "commands/MovementWriter.h"
+
+/// The way of the movements of this house: a command makes a movement as a value in program
+/// coordinates; it passes the stages, and is written in one place.
+class PathMovement : public MovementCommand {
+public:
+    ~PathMovement() override;
+
+    /// Takes the words of the block and becomes the active movement.
+    void InitStatus(char* line) override;
+    /// Moves when the command's word or, while the command is active, one of its other words stands
+    /// on the block.
+    int Compute(char* line) override;
+    /// Makes the movement, passes it through the stages and writes it.
+    int Act() override;
+
+protected:
+    explicit PathMovement(MachineStatus* status) noexcept : MovementCommand(status) {}
+
+    [[nodiscard]] MovementWriter& writer() noexcept { return m_writer; }
+    [[nodiscard]] const MovementWriter& writer() const noexcept { return m_writer; }
+
+private:
+    /// What the words taken from the block ask for, in program coordinates; they are consumed.
+    /// Start, tool axis and feed are filled in behind it.
+    [[nodiscard]] virtual Movement makeMovement() = 0;
+    void passStages(Movement& movement) const;
+
+    MovementWriter m_writer;
+};
