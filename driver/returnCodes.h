@@ -2,7 +2,8 @@
 
 #include <span>
 
-/// The codes that a conversion returns; 0 is success.
+/// The codes that a conversion returns; 0 is success. The shell sees the low 8 bits of a code: none
+/// of them is 0, 2, 3, 129, 130 or 143, which mean something else there.
 enum : int {
     kCommandLineIncomplete = 100,
     kNCFileUnreadable = 200,

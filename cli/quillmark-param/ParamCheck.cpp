@@ -5,16 +5,15 @@
 #include "commands/RegularCommand.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codingMarks.h"
+#include "paramfile/keys.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/string_mani.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace {
 
-using Key = ParamScan::Key;
 using enum FindingKind;
 
 constexpr const char* kLatheSuffix = "_LATHE";
@@ -22,10 +21,6 @@ constexpr const char* kClassKey = "MFG_CLASS_NAME";
 constexpr const char* kToolWordKey = "REV_TLCHG_TLADR";
 constexpr const char* kCentreModeKey = "CIRCLE_CENTER_ABS";
 constexpr std::size_t kLongestLine = 254; // with its line end it fills the buffer of the scan
-
-std::array<std::span<const Key>, 3> keyTables() noexcept {
-    return {ParamScan::ClassKeys(), ParamScan::CommandKeys(), ParamScan::ParameterKeys()};
-}
 
 bool isHeading(const std::string& text) noexcept { return text.starts_with("##### "); }
 
@@ -50,7 +45,7 @@ const Key* exactKeyOf(const std::string& text, bool forLathe) noexcept {
     const char* const suffix = forLathe ? kLatheSuffix : "";
     for (const auto& keys : keyTables()) {
         for (const Key& key : keys) {
-            if (key.exact && text.starts_with(key.text) &&
+            if (key.IsVariant() && text.starts_with(key.text) &&
                 text.compare(std::strlen(key.text), text.npos, suffix) == 0) {
                 return &key;
             }
@@ -61,7 +56,7 @@ const Key* exactKeyOf(const std::string& text, bool forLathe) noexcept {
 
 // The key as it is written for a kind of machine.
 std::string spelled(const Key& key, bool isLathe) {
-    return std::string(key.text) + (key.exact && isLathe ? kLatheSuffix : "");
+    return std::string(key.text) + (key.IsVariant() && isLathe ? kLatheSuffix : "");
 }
 
 // Without an incremental word, and on a lathe without a second axis, a dialect is complete.
@@ -242,7 +237,7 @@ void ParamCheck::checkLengths() {
 void ParamCheck::checkVariants() {
     const bool isLathe = m_scan.IsLathe();
     const auto classEntry = std::ranges::find_if(m_scan.Entries(), [](const Entry& entry) {
-        return entry.key == ParamScan::ClassKeys().data() && !entry.value.empty();
+        return entry.key == classKeys().data() && !entry.value.empty();
     });
     const long classLine = classEntry == m_scan.Entries().end() ? 0 : classEntry->line;
     for (std::size_t i = 0; i + 1 < m_lines.size(); ++i) {

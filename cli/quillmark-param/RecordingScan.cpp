@@ -14,8 +14,8 @@ int RecordingScan::Act(const Key& key, char* value) {
     Entry& entry = m_entries.back();
     entry.lastLine = LineNumber();
     if (code == 0) {
-        entry.command = ConfiguredCommand();
-        entry.word = AddedWord();
+        entry.command = Builder().ConfiguredCommand();
+        entry.word = Builder().AddedWord();
     }
     return code;
 }

@@ -40,4 +40,14 @@ TEST(ReturnCodeTexts, AgreeWithTheTableEverywhere) {
     EXPECT_EQ(guideRows, std::ssize(returnCodes()));
 }
 
+// The shell sees the low 8 bits of a code: they must not be what success, the front end's own
+// statuses or an end by a signal (Ctrl-C, SIGTERM, SIGHUP) look like.
+TEST(ReturnCodes, KeepClearOfOtherExitStatuses) {
+    for (const ReturnCode& row : returnCodes()) {
+        for (const int status : {0, 2, 3, 129, 130, 143}) {
+            EXPECT_NE(row.code % 256, status) << row.code;
+        }
+    }
+}
+
 } // namespace

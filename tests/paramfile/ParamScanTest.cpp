@@ -1,6 +1,7 @@
 #include "paramfile/ParamScan.h"
 
 #include "driver/Controller.h"
+#include "paramfile/keys.h"
 #include "tests/support/convert.h"
 #include "tests/support/dialects.h"
 
@@ -19,11 +20,9 @@ namespace {
 // Whether a key of the parameter file is this line, behind which a longer one has left its bytes.
 bool isKey(std::string line, bool isLathe) {
     line.append(1, '\0').append(250, 'F');
-    const auto matches = [&](const auto& key) {
-        return ParamScan::Matches(key, line.c_str(), isLathe);
-    };
-    return std::ranges::any_of(ParamScan::CommandKeys(), matches) ||
-           std::ranges::any_of(ParamScan::ParameterKeys(), matches);
+    const auto matches = [&](const auto& key) { return key.Matches(line.c_str(), isLathe); };
+    return std::ranges::any_of(commandKeys(), matches) ||
+           std::ranges::any_of(parameterKeys(), matches);
 }
 
 TEST(ParamScan, TellsTheKeysOfMillsAndLathesApart) {

@@ -1,0 +1,133 @@
+#include "paramfile/ModelBuilder.h"
+
+#include "apt/Factory.h"
+#include "commands/CircularMovement.h"
+#include "commands/Coolant.h"
+#include "commands/EndCommand.h"
+#include "commands/FeedRate.h"
+#include "commands/LinearMovement.h"
+#include "commands/MovTypeCom.h"
+#include "commands/RegularCommand.h"
+#include "commands/Spindle.h"
+#include "driver/NCScan.h"
+#include "driver/returnCodes.h"
+
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+/// Makes a modal command for its place among the others; null when memory is exhausted.
+template<auto Place>
+std::unique_ptr<Command> make(ModalCommands& commands, MachineStatus* status, Factory* factory) {
+    using Kind = std::remove_pointer_t<std::remove_reference_t<decltype(commands.*Place)>>;
+    std::unique_ptr<Kind> command;
+    if constexpr (std::is_constructible_v<Kind, MachineStatus*, Factory*>) {
+        command = std::make_unique<Kind>(status, factory);
+    } else {
+        command = std::make_unique<Kind>(factory);
+    }
+    if (!command->HasWriter()) {
+        return nullptr;
+    }
+    commands.*Place = command.get();
+    return command;
+}
+
+struct Row {
+    ModalGroup group;
+    bool isActiveAtFirst;
+    std::unique_ptr<Command> (*make)(ModalCommands&, MachineStatus*, Factory*);
+};
+
+using enum ModalGroup;
+using All = ModalCommands;
+
+// In the order of their registration, which decides between words of equal length.
+constexpr Row kRows[] = {
+    {kMovement, true, make<&All::rapid>},
+    {kMovement, false, make<&All::linear>},
+    {kMovement, false, make<&All::clockwise>},
+    {kMovement, false, make<&All::counterClockwise>},
+    {kFeedRate, true, make<&All::feedPerMinute>},
+    {kFeedRate, false, make<&All::feedPerRevolution>},
+    {kMovementType, true, make<&All::absolute>},
+    {kMovementType, false, make<&All::incremental>},
+    {kSpindle, true, make<&All::spindleStop>},
+    {kSpindle, false, make<&All::spindleClockwise>},
+    {kSpindle, false, make<&All::spindleCounterClockwise>},
+    {kCoolant, false, make<&All::coolantOn>},
+    {kCoolant, true, make<&All::coolantOff>},
+    {kTool, true, make<&All::toolChange>},
+};
+
+} // namespace
+
+std::array<MovementCommand*, 4> ModalCommands::Movements() const noexcept {
+    return {rapid, linear, clockwise, counterClockwise};
+}
+
+std::array<CircularMovement*, 2> ModalCommands::Circles() const noexcept {
+    return {clockwise, counterClockwise};
+}
+
+int ModelBuilder::CreateModalCommands() {
+    if (GetFactory() == nullptr) {
+        return kOutputTypeUnsupported;
+    }
+    // Nothing of an earlier conversion reaches this one.
+    MovementCommand::SetInsertTLAXIS(false);
+    MovementCommand::SetTLAXISdirection(gmVector3(0.0, 0.0, 1.0));
+
+    for (const Row& row : kRows) {
+        std::unique_ptr<Command> made = row.make(m_commands, &Status(), GetFactory());
+        if (made == nullptr) {
+            return kMemoryExhausted;
+        }
+        Command* const command = made.get();
+        command->MarkAsBuiltIn();
+        m_ncscan.Availablecommands().NewCommand(made.release());
+        CommandGroup* const group = Status().GetGroup(row.group);
+        group->NewCommand(command);
+        if (row.isActiveAtFirst) {
+            group->SetActiveCommand(command);
+        }
+    }
+    char letters[] = "M";
+    const KeyValue code = {.text = letters, .letters = letters, .number = 6};
+    if (const int result = Configure(m_commands.toolChange, code, Status().GetToolCom(), &Status());
+        result != 0) {
+        return result;
+    }
+    if (const int result = AddWord("T"); result != 0) {
+        return result;
+    }
+    m_commands.toolChange->InitToolParm(m_addedWord);
+    return 0;
+}
+
+int ModelBuilder::AddEndCommand(const KeyValue& value) {
+    auto command = std::make_unique<EndCommand>();
+    command->MarkAsBuiltIn();
+    if (const int code = Configure(command.get(), value); code != 0) {
+        return code;
+    }
+    m_ncscan.Availablecommands().NewCommand(command.release());
+    return 0;
+}
+
+int ModelBuilder::AddWord(const char* address) {
+    auto word = std::make_unique<Parameter>(address);
+    if (word->GetSyntaxString() == nullptr) {
+        return kMemoryExhausted;
+    }
+    m_addedWord = word.get();
+    m_ncscan.Availableparameters().NewParameter(word.release());
+    return 0;
+}
+
+MachineStatus& ModelBuilder::Status() const noexcept { return m_ncscan.Machinestatus(); }
+
+Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
+
+int ModelBuilder::outOfMemory() noexcept { return kMemoryExhausted; }

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "paramfile/Key.h"
+
+#include <array>
+#include <cstddef>
+
+class CircularMovement;
+class Command;
+class Coolant;
+class Factory;
+class FeedRate;
+class LinearMovement;
+class MachineStatus;
+class MovTypeCom;
+class MovementCommand;
+class NCScan;
+class Parameter;
+class RegularCommand;
+class Spindle;
+
+/// The modal commands of a dialect, owned by the command registry; null until they are made.
+struct ModalCommands {
+    LinearMovement* rapid = nullptr;
+    LinearMovement* linear = nullptr;
+    CircularMovement* clockwise = nullptr;
+    CircularMovement* counterClockwise = nullptr;
+    FeedRate* feedPerMinute = nullptr;
+    FeedRate* feedPerRevolution = nullptr;
+    MovTypeCom* absolute = nullptr;
+    MovTypeCom* incremental = nullptr;
+    Spindle* spindleStop = nullptr;
+    Spindle* spindleClockwise = nullptr;
+    Spindle* spindleCounterClockwise = nullptr;
+    Coolant* coolantOn = nullptr;
+    Coolant* coolantOff = nullptr;
+    RegularCommand* toolChange = nullptr;
+
+    [[nodiscard]] std::array<MovementCommand*, 4> Movements() const noexcept;
+    [[nodiscard]] std::array<CircularMovement*, 2> Circles() const noexcept;
+};
+
+/// Builds the command model of an NCScan: makes the commands and address words of a dialect,
+/// registers them, and gives them what the keys of a parameter file say. Operations that return an
+/// int return 0 or a code of driver/returnCodes.h; all may throw std::bad_alloc.
+class ModelBuilder {
+public:
+    /// `ncscan` must outlive the builder.
+    explicit ModelBuilder(NCScan& ncscan) noexcept : m_ncscan(ncscan) {}
+
+    /// Makes and registers the modal commands, with the defaults of each group. Returns 201 when
+    /// the NCScan has no output factory.
+    int CreateModalCommands();
+
+    /// Called before each key: what the one before configured is forgotten.
+    void BeginKey() noexcept {
+        m_configured = nullptr;
+        m_addedWord = nullptr;
+    }
+    /// The command that the key gave a code, and the address word that it added; null when it did
+    /// not.
+    [[nodiscard]] const Command* ConfiguredCommand() const noexcept { return m_configured; }
+    [[nodiscard]] Parameter* AddedWord() const noexcept { return m_addedWord; }
+
+    /// For the actions of keys. A command that was not made is passed over.
+    template<class Kind, class... Arguments>
+    int Configure(Kind* command, const KeyValue& value, Arguments... arguments) {
+        if (command == nullptr) {
+            return 0;
+        }
+        command->InitInstSyntax(value.letters, value.number, GetFactory(), arguments...);
+        m_configured = command;
+        // A dialect that misses a word must not be used.
+        const bool isTextLost = value.letters != nullptr && command->GetSyntaxString() == nullptr;
+        return isTextLost || !command->HasWriter() ? outOfMemory() : 0;
+    }
+    int AddEndCommand(const KeyValue& value);
+    /// Makes and registers the word, which AddedWord then gives.
+    int AddWord(const char* address);
+    [[nodiscard]] const ModalCommands& Commands() const noexcept { return m_commands; }
+    /// The circle centre words of the three axes; null where there is none yet.
+    [[nodiscard]] std::array<Parameter*, 3>& CentreWords() noexcept { return m_centreWords; }
+    [[nodiscard]] MachineStatus& Status() const noexcept;
+    [[nodiscard]] Factory* GetFactory() const noexcept;
+    void SetLathe() noexcept { m_isLathe = true; }
+    [[nodiscard]] bool IsLathe() const noexcept { return m_isLathe; }
+
+private:
+    [[nodiscard]] static int outOfMemory() noexcept;
+
+    NCScan& m_ncscan;
+    ModalCommands m_commands;
+    std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
+    bool m_isLathe = false;
+    const Command* m_configured = nullptr;
+    Parameter* m_addedWord = nullptr;
+};
