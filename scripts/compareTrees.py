@@ -69,7 +69,7 @@ def parameter_file(data):
     """The files and the runs that give dialect.pp, where a mark in front asks for coding."""
     for mark, command in ((b"CODE OLD\n", "encode-old"), (b"CODE NEW\n", "encode")):
         if data.startswith(mark):
-            text = data[len(mark):]
+            text = data[len(mark) :]
             if command == "encode":  # which codes only what says that it is plain
                 lines = [line for line in text.split(b"\n") if not line.startswith(b"#FILE:")]
                 text = b"\n".join([lines[0], b"#FILE:       UNCODED", *lines[1:]])
@@ -109,10 +109,17 @@ def dialect_of(entries):
 
 
 def parameter_word_case(name, data):
-    """The word, the separator and the places of the target, as a dialect; the block as a program."""
+    """Word, separator and places of the target as a dialect, its block as a program."""
     words, places, block = (data.decode("latin-1").split("\n", 2) + ["", ""])[:3]
     word, _, separator = words.partition(" ")
-    entries = ["DECIMAL_POINT_REPRESENTATION", separator, "1ST_COORDINATE", word, "1", "M5." + places]
+    entries = [
+        "DECIMAL_POINT_REPRESENTATION",
+        separator,
+        "1ST_COORDINATE",
+        word,
+        "1",
+        "M5." + places,
+    ]
     return conversion_case("corpus", name, dialect_of(entries), block.encode("latin-1"))
 
 
@@ -120,7 +127,18 @@ def strings_case(name, data):
     """The comment delimiters of the target as a dialect, the text as a program."""
     argument, _, text = data.decode("latin-1").partition("\n")
     start, _, end = argument[1:].partition(" ")
-    entries = ["COMMENT_START", start, "COMMENT_END", end, "RAPID", "G1", "1ST_COORDINATE", "X", "1", ""]
+    entries = [
+        "COMMENT_START",
+        start,
+        "COMMENT_END",
+        end,
+        "RAPID",
+        "G1",
+        "1ST_COORDINATE",
+        "X",
+        "1",
+        "",
+    ]
     return conversion_case("corpus", name, dialect_of(entries), text.encode("latin-1"))
 
 
@@ -294,7 +312,10 @@ ASSIGNMENTS = (
     "+1", "-1", "+2", "-2", "2", "+2*Z", "-1*Z", "+1*Y", "+1*X", "-2*x", "+0.5", "-", "+", "", "*Z",
     "+1*", "-2.5*y", "+3*Q", "+0", "-1e3", "+1*XY",
 )  # fmt: skip
-AXES = ("0;0;1", "0.0;0.0;1.0", "1;0;0", "0;0.6;0.8", "0;1", ";;", "1;;2", "x;y;z", "-0;-0;-1", "1e9;2;3")
+AXES = (
+    "0;0;1", "0.0;0.0;1.0", "1;0;0", "0;0.6;0.8", "0;1", ";;", "1;;2", "x;y;z", "-0;-0;-1",
+    "1e9;2;3",
+)  # fmt: skip
 
 
 class Dialect:
@@ -348,7 +369,9 @@ class Dialect:
             return
         letters = rng.choice(usual)
         if chance(rng, 2):
-            letters = rng.choice(("X", "Y", "G", "", "x", "X Y", "=", "1", "AXIS", "+", "\xd8", "N"))
+            letters = rng.choice(
+                ("X", "Y", "G", "", "x", "X Y", "=", "1", "AXIS", "+", "\xd8", "N")
+            )
         passed = "1" if chance(rng, 95) else rng.choice(("", "RAPID", "0", "FEEDRATE"))
         form = rng.choice(FORMATS) if chance(rng, 92) else rng.choice(ODD_FORMATS)
         self.entries.append([self.key(key, is_exact), letters, passed, form])
@@ -370,7 +393,9 @@ class Dialect:
         self.add_text("MFG_INIT_SPINDLE", rng.choice(AXES), 40)
         for axis in "XYZ":
             percent = 40 if self.is_lathe else 8
-            usual = rng.choice(("+1", "+2", "-1", "-2")) if chance(rng, 70) else rng.choice(ASSIGNMENTS)
+            usual = (
+                rng.choice(("+1", "+2", "-1", "-2")) if chance(rng, 70) else rng.choice(ASSIGNMENTS)
+            )
             self.add_text(f"ZX_LATHE_{axis}_ASSIGNMENT", usual, percent)
         self.add_text("COMMENT_START", self.comment[0])
         self.add_text("COMMENT_END", self.comment[1])
@@ -381,6 +406,13 @@ class Dialect:
             if role in ("end", "halt"):
                 while chance(rng, 25):
                     self.add_command(role)
+        if chance(rng, 3):  # more commands than a machine word has bits
+            for _ in range(rng.choice((40, 50, 51, 52, 120))):
+                code = rng.choice("MGMMHX") + str(
+                    rng.choice((rng.randint(40, 99), rng.randint(100, 9999)))
+                )
+                self.entries.append([rng.choice(("PROGRAM_STOP", "PROGRAM_END")), code])
+                self.codes.setdefault("halt", []).append(code)
         for role in ADDRESSES:
             self.add_address(role)
         self.centre_is_position = chance(rng, 30)
@@ -408,21 +440,27 @@ class Dialect:
         rng = self.rng
         lines = ["##### Header" if chance(rng, 97) else rng.choice(("Header", "a Header of mine"))]
         if chance(rng, 98):
-            lines.append(rng.choice(("#FILE:       UNCODED",) * 8 + ("#FILE: uncoded", "#FILE:UNCODED")))
+            lines.append(
+                rng.choice(("#FILE:       UNCODED",) * 8 + ("#FILE: uncoded", "#FILE:UNCODED"))
+            )
         if chance(rng, 85):
             lines.append("#VERSION:    V1R" + str(rng.choice((5, 5, 5, 7, 8, 6, 10))))
         if chance(rng, 98):
             lines.append("##### Toolmachine Section")
         for number, entry in enumerate(self.entries):
             if chance(rng, 6):
-                lines.append(rng.choice(("##### Block Section", "##### Address Section", "# a remark", "")))
+                lines.append(
+                    rng.choice(("##### Block Section", "##### Address Section", "# a remark", ""))
+                )
             if chance(rng, 2):
                 lines.append("# " + "remark " * rng.choice((1, 35, 36, 37, 80)))
             lines += entry
             if chance(rng, 0.3) and number > 3:
                 lines.append("x" * rng.choice((253, 254, 255, 256, 257, 510, 511)))
         if chance(rng, 8):
-            lines = [rng.choice((" ", "\t", "")) + line + rng.choice((" ", "", "\t")) for line in lines]
+            lines = [
+                rng.choice((" ", "\t", "")) + line + rng.choice((" ", "", "\t")) for line in lines
+            ]
         end = "\n" if chance(rng, 85) else "\r\n"
         return end.join(lines) + (end if chance(rng, 95) else "")
 
@@ -432,8 +470,9 @@ class Dialect:
 
 EDGES = (254, 255, 256, 257, 509, 510, 511, 512, 765, 1023, 1024, 4096, 65535, 65536, 65791, 131072)
 UNKNOWN = (
-    "G54", "G17", "G4 P2", "G28", "G92", "M98 P100", "H5", "D1", "%", "O1234", "/", "A90.", "Q1", "R5",
-    "G43", "G54.1", "#100=5", "IF", "[#1+2]", "G1.5", "L2", "\xfc\xdf", "E", ",C2", "M=3", "GOTO 10", "$",
+    "G54", "G17", "G4 P2", "G28", "G92", "M98 P100", "H5", "D1", "%", "O1234", "/", "A90.", "Q1",
+    "R5", "G43", "G54.1", "#100=5", "IF", "[#1+2]", "G1.5", "L2", "\xfc\xdf", "E", ",C2", "M=3",
+    "GOTO 10", "$",
 )  # fmt: skip
 ODD_BYTES = "\x00\x01\x07\x08\x0b\x0c\x0d\x1a\x1b\x7f\x80\xa0\xc4\xff\t"
 
@@ -465,13 +504,16 @@ class Program:
     def odd_number(self):
         rng, separator = self.rng, self.dialect.separator
         digits = "".join(rng.choices("0123456789", k=rng.choice((1, 8, 10, 18, 19, 20, 24, 60))))
-        edge = rng.choice((2**31, 2**32, 2**63, 2**64, 10**9, 10**16, 2**53)) + rng.randint(-2, 2)
+        edge = rng.choice(
+            (2**31, 2**32, 2**63, 2**64, 10**9, 10**16, 2**53)
+        ) + rng.randint(-2, 2)
         return rng.choice((
-            "." + digits, "5.", "-.5", "+5", "+-5", "-+5", "--5", "-", "", ".", "-0", "-0.0", "000012.500",
-            digits, "-" + digits, digits + "." + digits, "0." + digits, f"{edge}", f"-{edge}.{edge}",
-            "1e5", "1E-3", "0x10", " 5", "- 5", "1.2.3", "1,5", "1.5", "5mm", "12.5ABC", "5-3", "1 000.5",
-            "=5", "=AC(5)", "=IC(-3.5)", "=AC(5", "=IC()", "=AC(IC(2)", "=+5", "(5)", "[5]", "#1", "0.0000051",
-            "0.000005", "-0.000004", "99999.999995", "-1234567.5", "1e", "00000000000000000000005",
+            "." + digits, "5.", "-.5", "+5", "+-5", "-+5", "--5", "-", "", ".", "-0", "-0.0",
+            "000012.500", digits, "-" + digits, digits + "." + digits, "0." + digits, f"{edge}",
+            f"-{edge}.{edge}", "1e5", "1E-3", "0x10", " 5", "- 5", "1.2.3", "1,5", "1.5", "5mm",
+            "12.5ABC", "5-3", "1 000.5", "=5", "=AC(5)", "=IC(-3.5)", "=AC(5", "=IC()",
+            "=AC(IC(2)", "=AC(5)1", "=+5", "(5)", "[5]", "#1", "0.0000051", "0.000005",
+            "-0.000004", "99999.999995", "-1234567.5", "1e", "00000000000000000000005",
         )).replace(".", separator)  # fmt: skip
 
     def word(self, role, limit=300.0):
@@ -500,15 +542,21 @@ class Program:
             code = split.group(1) + "0" * rng.choice((0, 0, 1, 2)) + str(int(split.group(2)))
         if chance(rng, self.wildness):
             code = rng.choice((
-                code[0] + code, code + ".1", code + ".", code[0] + " " + code[1:], code.lower(), code * 2,
-                code + "0", "A" + code, "5" + code, code[0] + "+" + code[1:], code + "=1",
+                code[0] + code, code + ".1", code + ".", code[0] + " " + code[1:], code.lower(),
+                code * 2, code + "0", "A" + code, "5" + code, code[0] + "+" + code[1:], code + "=1",
             ))  # fmt: skip
         return code
 
     def axes(self, least=1):
-        names = ("x", "z", "y", "u", "w") if self.dialect.is_lathe else ("x", "y", "z", "u", "v", "w")
+        names = (
+            ("x", "z", "y", "u", "w") if self.dialect.is_lathe else ("x", "y", "z", "u", "v", "w")
+        )
         count = self.rng.randint(least, 3)
-        roles = self.rng.sample(names[:3], count) if chance(self.rng, 88) else self.rng.sample(names, count)
+        roles = (
+            self.rng.sample(names[:3], count)
+            if chance(self.rng, 88)
+            else self.rng.sample(names, count)
+        )
         return [self.word(role) for role in roles]
 
     def movement(self):
@@ -547,6 +595,9 @@ class Program:
         self.is_arc = True
         return ([code] if needs_code else []) + ends + centres
 
+    def tool_number(self):
+        return self.odd_number() if chance(self.rng, 4) else str(self.rng.randint(0, 9999))
+
     def technology(self):
         rng = self.rng
         return rng.choice((
@@ -557,14 +608,17 @@ class Program:
             lambda: [self.code(rng.choice(("on", "off")))],
             lambda: [self.code(rng.choice(("mmpm", "mmpr"))), self.word("f", 2000.0)],
             lambda: [self.word("f", 2000.0)],
-            lambda: [self.code("change") or "M6", self.dialect.words["t"] + str(rng.randint(0, 120))],
-            lambda: [self.dialect.words["t"] + str(rng.randint(0, 9999))],
+            lambda: [self.code("change") or "M6", self.dialect.words["t"] + self.tool_number()],
+            lambda: [self.dialect.words["t"] + self.tool_number()],
             lambda: [self.code(rng.choice(("abs", "inc", "abs")))],
+            lambda: [self.code(rng.choice(("on", "off", "halt")))],
         ))()  # fmt: skip
 
     def remark(self):
         start, end = self.dialect.comment
-        text = self.rng.choice(("part", "X5 Y6", "G1", "a (b", "", "x" * 40, "\xe4", "(" + end, "R2 \t"))
+        text = self.rng.choice(
+            ("part", "X5 Y6", "G1", "a (b", "", "x" * 40, "\xe4", "(" + end, "R2 \t")
+        )
         return start + text + (end if chance(self.rng, 92) else "")
 
     def block(self):
@@ -585,7 +639,9 @@ class Program:
             words.insert(rng.randint(0, len(words)), self.remark())
         text = rng.choice((" ", " ", " ", "", "", "  ", "\t")).join(words)
         if self.dialect.record and chance(rng, 30):
-            text = f"{self.dialect.record}{rng.randint(0, 99999)}{rng.choice((' ', '', '  '))}{text}"
+            text = (
+                f"{self.dialect.record}{rng.randint(0, 99999)}{rng.choice((' ', '', '  '))}{text}"
+            )
         if chance(rng, 2):
             text = " " * rng.randint(1, 3) + text + " " * rng.randint(0, 3)
         if chance(rng, self.wildness / 3):
@@ -597,7 +653,9 @@ class Program:
         """A line around one of the limits, with a word at it."""
         rng = self.rng
         length = rng.choice(EDGES[:10] * 8 + EDGES) + rng.randint(-4, 4)
-        fill = rng.choice((" ", "0", "9", "X1 ", "Q7 ", "x", self.block() + " ", self.remark() + " ", "\x00"))
+        fill = rng.choice(
+            (" ", "0", "9", "X1 ", "Q7 ", "x", self.block() + " ", self.remark() + " ", "\x00")
+        )
         start = self.block()
         fill = fill or " "
         text = start + (fill * (length // len(fill) + 1))[: max(0, length - len(start))]
@@ -617,7 +675,9 @@ class Program:
         if chance(rng, 60):
             blocks.append(self.code(rng.choice(("end", "halt"))))
         end = rng.choice(("\n",) * 8 + ("\r\n", "\r\n", "\r", "\n\r"))
-        text = end.join(blocks) + rng.choice(("\n", "\n", "\n", "", "\r\n", "\n\n", "\x1a", "\x00\n"))
+        text = end.join(blocks) + rng.choice(
+            ("\n", "\n", "\n", "", "\r\n", "\n\n", "\x1a", "\x00\n")
+        )
         return text
 
 
@@ -633,7 +693,9 @@ def damaged(rng, data):
         elif change == 1:
             data[place:place] = rng.randbytes(length)
         elif change == 2:
-            data[place : place + 1] = bytes([rng.choice((0, 10, 13, 32, 48, 65, 255, rng.randrange(256)))])
+            data[place : place + 1] = bytes(
+                [rng.choice((0, 10, 13, 32, 48, 65, 255, rng.randrange(256)))]
+            )
         elif change == 3:
             del data[place:]
         elif change == 4:
@@ -678,12 +740,16 @@ def old_file(rng):
     lines += ["*VERSION 5.3"] if chance(rng, 80) else []
     keys = [key for key in SHAPING_KEYS if chance(rng, 60)]
     keys += rng.sample(OLD_KEYS, min(len(OLD_KEYS), rng.choice((0, 3, 20, 60))))
-    keys += rng.choices(("*CYCPL01", "*CYCAP07", "*CYCPK36", "*MAKRO01", "*ADRRAPI", "*ZZZZZZZ"), k=rng.randint(0, 4))
+    keys += rng.choices(
+        ("*CYCPL01", "*CYCAP07", "*CYCPK36", "*MAKRO01", "*ADRRAPI", "*ZZZZZZZ"),
+        k=rng.randint(0, 4),
+    )
     rng.shuffle(keys)
     for key in keys:
         value = rng.choice((
-            str(rng.randint(-9, 9)), f"{rng.uniform(-900, 900):.3f}", str(rng.randint(-(10**10), 10**10)), "G00",
-            "ABC DEF", "", "1.23456789", "-" * 20, "99999999999999999999", "x" * rng.choice((8, 9, 60, 70, 71)),
+            str(rng.randint(-9, 9)), f"{rng.uniform(-900, 900):.3f}", "ABC DEF", "", "G00",
+            str(rng.randint(-(10**10), 10**10)), "1.23456789", "-" * 20, "99999999999999999999",
+            "x" * rng.choice((8, 9, 60, 70, 71)),
         ))  # fmt: skip
         if chance(rng, 0.3):
             value = "x" * rng.choice((72, 73, 80, 255))  # of which the line is too long to be coded
@@ -699,7 +765,9 @@ def random_options(rng):
     options = ["-l", "part.log"] if chance(rng, 93) else []
     options += ["--report", REPORT] if chance(rng, 96) else []
     if chance(rng, 15):
-        options += rng.choice((["--strict"], ["--summary"], ["--quiet"], ["--quiet", "--strict"], ["-ot", "APT"]))
+        options += rng.choice(
+            (["--strict"], ["--summary"], ["--quiet"], ["--quiet", "--strict"], ["-ot", "APT"])
+        )
     return options
 
 
@@ -759,20 +827,26 @@ def random_call_case(seed, number):
         "part.nc": INPUTS.examples["milling"][1],
         "old.pp": b"*5XGABEL 0\n",
     }
-    names = ("dialect.pp", "part.nc", "part.apt", "missing", "none/there", ".", "", "old.pp", "a\nb", "-")
+    names = "dialect.pp part.nc part.apt missing none/there . old.pp -".split() + ["", "a\nb"]
     if chance(rng, 25):
-        commands = ("check", "encode", "decode", "update", "encode-old", "--help", "--version", "-h", "x")
+        commands = "check encode decode update encode-old --help --version -h x".split()
         arguments = [rng.choice(commands), *rng.choices(names, k=rng.choice((0, 1, 2, 2, 2, 3)))]
         return Case("call", str(number), "", files, [tool(*arguments, stdin="dialect.pp")])
     arguments = []
-    for option, name in (("-p", "dialect.pp"), ("-nc", "part.nc"), ("-of", "part.apt"), ("-l", "part.log")):
+    for option, name in (
+        ("-p", "dialect.pp"),
+        ("-nc", "part.nc"),
+        ("-of", "part.apt"),
+        ("-l", "part.log"),
+    ):
         if chance(rng, 90):
             spelled = option.upper() if chance(rng, 10) else option
             arguments.append([spelled, name if chance(rng, 85) else rng.choice(names)])
     extra = (
-        ["--report", REPORT], ["--report", REPORT], ["--report", "part.apt"], ["--report"], ["--report=x"], ["--strict"],
-        ["--summary"], ["--quiet"], ["--quiet=1"], ["-ot", "APT"], ["-ot", "TOOLPATH"], ["-ot"], ["--help"], ["--version"],
-        ["-x"], ["-l", "part.log"], ["-p"], [""], ["--report", "none/there"],
+        ["--report", REPORT], ["--report", REPORT], ["--report", "part.apt"], ["--report"],
+        ["--report=x"], ["--report", "none/there"], ["--strict"], ["--summary"], ["--quiet"],
+        ["--quiet=1"], ["-ot", "APT"], ["-ot", "TOOLPATH"], ["-ot"], ["--help"], ["--version"],
+        ["-x"], ["-l", "part.log"], ["-p"], [""],
     )  # fmt: skip
     arguments += rng.sample(extra, rng.choice((0, 1, 1, 2, 3)))
     rng.shuffle(arguments)
@@ -854,7 +928,11 @@ class Runner:
                         file.write(data)
                 continue
             status, out, err = self.run(step, programs)
-            left |= {f"{number} status": status.encode(), f"{number} stdout": out, f"{number} stderr": err}
+            left |= {
+                f"{number} status": status.encode(),
+                f"{number} stdout": out,
+                f"{number} stderr": err,
+            }
         for name in sorted(os.listdir(self.folder)):
             try:
                 with open(name, "rb") as file:
@@ -903,12 +981,16 @@ def figures(case, left):
     except (KeyError, ValueError):
         return counts
     counts["reports", group] += 1
-    counts["code", "ends the process" if report["return_code"] is None else report["return_code"]] += 1
+    counts[
+        "code", "ends the process" if report["return_code"] is None else report["return_code"]
+    ] += 1
     statements = report["statements"]
     for name, count in statements.items():
         counts["statements", name] += count
         counts["cases with", name] += count > 0
-    counts["moves", group] += statements["rapid_moves"] + statements["feed_moves"] + statements["arcs"] > 0
+    counts["moves", group] += (
+        statements["rapid_moves"] + statements["feed_moves"] + statements["arcs"] > 0
+    )
     counts["arcs", group] += statements["arcs"] > 0
     counts["any", group] += any(statements.values())
     for name in ("dropped_arcs", "long_blocks", "nul_bytes", "unterminated_comments"):
@@ -932,7 +1014,9 @@ def keep(folder, case, old, new):
     runs = [
         f"(damage {step.file} with random number generator {step.seed!r})"
         if isinstance(step, Damage)
-        else " ".join([step.program, *map(repr, step.arguments), *(["<", step.stdin] if step.stdin else [])])
+        else " ".join(
+            [step.program, *map(repr, step.arguments), *(["<", step.stdin] if step.stdin else [])]
+        )
         for step in case.steps
     ]
     (folder / "runs").write_text(f"{case.kind}: {case.name}\n" + "\n".join(runs) + "\n")
@@ -944,7 +1028,30 @@ def start_worker(root, options, kept):
     RUNNER, OPTIONS, KEPT = Runner(root), options, kept
 
 
-Outcome = collections.namedtuple("Outcome", "runs difference places late figures")
+def kept_folder(job, what):
+    """Where the files of this case go, or None when there are enough."""
+    with KEPT.get_lock():
+        KEPT.value += 1
+        enough = KEPT.value > MOST_KEPT
+    return None if enough else OPTIONS.keep / f"{what}-{job[0].replace(' ', '-')}-{job[1]}"
+
+
+TROUBLE = re.compile(rb"Sanitizer|runtime error:|terminate called|stack smashing|free\(\)|malloc")
+
+
+def trouble_of(left):
+    """What no run should do, the same in both builds or not: a crash, a hang, a finding of a
+    sanitizer. An assertion report before an abort is deliberate."""
+    for name, data in left.items():
+        if name.endswith(" stderr") and TROUBLE.search(data):
+            return data[TROUBLE.search(data).start() :].split(b"\n")[0][:120].decode("latin-1")
+        if name.endswith(" status") and not data.startswith(b"exit "):
+            if data != b"signal 6" or not ASSERTION.search(left[name[:-6] + "stderr"]):
+                return data.decode()
+    return None
+
+
+Outcome = collections.namedtuple("Outcome", "runs difference places trouble ends figures")
 
 
 def compare_case(job):
@@ -956,22 +1063,26 @@ def compare_case(job):
     (old, old_places), (new, new_places) = comparable(old_left), comparable(new_left)
     difference = None
     if old != new or OPTIONS.exact and old_places != new_places:
-        text = first_difference(old, new) or f"position of an assertion: {old_places} -> {new_places}"
+        text = (
+            first_difference(old, new) or f"position of an assertion: {old_places} -> {new_places}"
+        )
         again = comparable(RUNNER.run_case(case, OPTIONS.old))[0]
         if again != old:
             text = "the old program differs from itself: " + str(first_difference(old, again))
-        folder = None
-        with KEPT.get_lock():
-            KEPT.value += 1
-            if KEPT.value <= MOST_KEPT:
-                folder = OPTIONS.keep / f"{kind.replace(' ', '-')}-{number}"
+        folder = kept_folder(job, "difference")
         if folder is not None:
             keep(folder, case, old_left, new_left)
         difference = (f"{kind} {case.name}", text, folder)
-    late = [name for name, data in old_left.items() if data.startswith(b"ended after") and name.endswith("status")]
+    trouble = trouble_of(old_left)
+    if trouble is not None:
+        folder = kept_folder(job, "trouble")
+        if folder is not None:
+            keep(folder, case, old_left, new_left)
+        trouble = (f"{kind} {case.name}", trouble, folder)
     places = (old_places, new_places) if old_places != new_places else None
     runs = sum(isinstance(step, Run) for step in case.steps)
-    return Outcome(runs, difference, places, len(late), figures(case, old_left))
+    ends = [data.decode() for name, data in old_left.items() if name.endswith(" status")]
+    return Outcome(runs, difference, places, trouble, ends, figures(case, old_left))
 
 
 # ---------------------------------------------------------------------------------------------
@@ -985,20 +1096,26 @@ def percent(part, whole):
 def tell_figures(counts):
     """What the random programs gave, so that a reader sees that they are worth comparing."""
     print("\n== what the random programs gave with the old program ==")
-    print(f"{'sort':<18}{'programs':>9}{'a statement':>13}{'a movement':>12}{'an arc':>9}   end")
+    print(f"{'sort':<18}{'programs':>9}{'a statement':>13}{'a movement':>13}{'an arc':>13}   end")
     groups = [key[1] for key in counts if key[0] == "cases"]
     for group in sorted(groups, key=lambda group: -counts["cases", group]):
         reports = counts["reports", group]
         shares = [percent(counts[name, group], reports) for name in ("any", "moves", "arcs")]
-        ends = collections.Counter({key[2]: n for key, n in counts.items() if key[0] == "end" and key[1] == group})
+        ends = collections.Counter(
+            {key[2]: n for key, n in counts.items() if key[0] == "end" and key[1] == group}
+        )
         text = ", ".join(f"{name} {n}" for name, n in ends.most_common(6))
-        print(f"{group:<18}{counts['cases', group]:>9}{shares[0]:>13}{shares[1]:>12}{shares[2]:>9}   {text}")
-    codes = sorted((key[1] for key in counts if key[0] == "code"), key=lambda code: -counts["code", code])
+        columns = "".join(f"{share:>13}" for share in shares)
+        print(f"{group:<18}{counts['cases', group]:>9}{columns}   {text}")
+    codes = sorted(
+        (key[1] for key in counts if key[0] == "code"), key=lambda code: -counts["code", code]
+    )
     print("return codes: " + ", ".join(f"{code} {counts['code', code]}" for code in codes))
     reports = sum(n for key, n in counts.items() if key[0] == "reports")
     print(f"\n{'of the reports':<24}{'programs':>10}{'share':>9}{'in all':>12}")
-    for key in [key for key in counts if key[0] == "cases with"]:
-        print(f"{key[1]:<24}{counts[key]:>10}{percent(counts[key], reports):>9}{counts['statements', key[1]]:>12}")
+    for key in sorted(k for k in counts if k[0] == "cases with"):
+        share, in_all = percent(counts[key], reports), counts["statements", key[1]]
+        print(f"{key[1]:<24}{counts[key]:>10}{share:>9}{in_all:>12}")
 
 
 def is_worth_it(counts):
@@ -1044,7 +1161,8 @@ def main():
     root = tempfile.mkdtemp(dir="/dev/shm" if os.access("/dev/shm", os.W_OK) else None)
     kept = multiprocessing.Value("i", 0)
     cases, runs, differing = collections.Counter(), collections.Counter(), collections.Counter()
-    counts, places, late, shown = collections.Counter(), collections.Counter(), 0, 0
+    counts, places, ends = (collections.Counter() for _ in range(3))
+    shown, troubles = 0, 0
     begin = time.monotonic()
     try:
         with multiprocessing.Pool(None, start_worker, (root, options, kept)) as pool:
@@ -1052,10 +1170,15 @@ def main():
             for (kind, _), outcome in zip(jobs, outcomes):
                 cases[kind] += 1
                 runs[kind] += outcome.runs
-                late += outcome.late
+                ends.update(outcome.ends)
                 places[outcome.places] += 1
                 if kind == "random":
                     counts += outcome.figures
+                if outcome.trouble is not None:
+                    name, text, folder = outcome.trouble
+                    troubles += 1
+                    if troubles <= MOST_SHOWN:
+                        print(f"TROUBLE in {name}, with the old program\n  {text}\n  {folder}")
                 if outcome.difference is not None:
                     differing[kind] += 1
                     name, text, folder = outcome.difference
@@ -1069,18 +1192,23 @@ def main():
     if shown > MOST_SHOWN:
         print(f"and {shown - MOST_SHOWN} more differences")
     if shown > 0:
-        print(f"the files of the first {min(shown, MOST_KEPT)} of {shown} differences are in {options.keep}")
+        first = min(shown, MOST_KEPT)
+        print(f"the files of the first {first} of {shown} differences are in {options.keep}")
     tell_figures(counts)
-    if late > 0:
-        print(f"\nruns of the old program ended after {SECONDS_PER_RUN} seconds: {late}")
+    print("\nends of all runs: " + ", ".join(f"{end} {n}" for end, n in ends.most_common()))
+    if troubles > 0:
+        print(f"crashes, hangs or findings of sanitizers in the old program: {troubles}")
     del places[None]
     for (old, new), count in places.most_common(5):
-        print(f"\nassertions at another position, {count} times:\n  {' '.join(old)}\n  {' '.join(new)}")
+        print(f"\nassertions at another position, {count} times:")
+        print(f"  {' '.join(old)}\n  {' '.join(new)}")
     failed = shown > 0
     if not is_worth_it(counts):
         print("too few of the random programs move the tool: this comparison says little")
         failed = True
-    print(f"\n{sum(runs.values())} runs of each program in {seconds:.0f} seconds, seed {options.seed}")
+    print(
+        f"\n{sum(runs.values())} runs of each program in {seconds:.0f} seconds, seed {options.seed}"
+    )
     print("; ".join(f"{kind}: {n} cases, {differing[kind]} differ" for kind, n in cases.items()))
     return 1 if failed else 0
 
