@@ -2,11 +2,18 @@
 
 #include <array>
 
-/// Keeps files of a conversion from becoming standard input, output or error, where messages would
-/// land in them: while the object lives, those of the three that the host has closed lead nowhere.
+/// Keeps files from becoming standard input, output or error, where messages would land in them:
+/// while the object lives, those of the three that the caller has closed lead nowhere. Input is
+/// empty, and errors vanish.
 class StandardDescriptors {
 public:
-    StandardDescriptors() noexcept;
+    /// What becomes of text that is printed to a missing standard output.
+    enum class Output {
+        kVanishes,
+        kFails ///< as on any descriptor that cannot be written, so that its loss is noticed
+    };
+
+    explicit StandardDescriptors(Output output = Output::kVanishes) noexcept;
     StandardDescriptors(const StandardDescriptors&) = delete;
     StandardDescriptors& operator=(const StandardDescriptors&) = delete;
     ~StandardDescriptors();

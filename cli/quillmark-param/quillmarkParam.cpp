@@ -3,8 +3,9 @@
 #include "cli/quillmark-param/paramCommands.h"
 #include "cli/quillmark-param/paramMessages.h"
 #include "cli/quillmark-param/wholeFile.h"
-#include "cli/shared/standardDescriptors.h"
+#include "cli/shared/flushStandardOutput.h"
 #include "cli/shared/versionText.h"
+#include "driver/StandardDescriptors.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
 #include <cerrno>
@@ -138,7 +139,7 @@ int runCommand(const ParamCommand& command, const char* inName, const char* outN
 } // namespace
 
 int main(int argc, char** argv) {
-    occupyStandardDescriptors();
+    const StandardDescriptors descriptors(StandardDescriptors::Output::kFails);
     if (argc == 2 && printsInformation(argv[1])) {
         return flushStandardOutput("quillmark-param") ? kParamDone : kParamFailed;
     }

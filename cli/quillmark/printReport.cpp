@@ -1,8 +1,7 @@
 #include "cli/quillmark/printReport.h"
 
-#include "cli/shared/blockText.h"
-
 #include "cli/quillmark/reportKeys.h"
+#include "cli/shared/printText.h"
 
 #include <algorithm>
 #include <span>

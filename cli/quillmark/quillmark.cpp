@@ -6,13 +6,14 @@
 #include "cli/quillmark/exitStatus.h"
 #include "cli/quillmark/helpText.h"
 #include "cli/quillmark/printReport.h"
+#include "cli/quillmark/printStoppedBlock.h"
 #include "cli/quillmark/writeJsonReport.h"
-#include "cli/shared/blockText.h"
 #include "cli/shared/errorLine.h"
+#include "cli/shared/flushStandardOutput.h"
 #include "cli/shared/movementCommands.h"
-#include "cli/shared/standardDescriptors.h"
 #include "cli/shared/versionText.h"
 #include "driver/Controller.h"
+#include "driver/StandardDescriptors.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
@@ -169,7 +170,7 @@ private:
 } // namespace
 
 int main(int argc, char** argv, char** envp) try {
-    occupyStandardDescriptors();
+    const StandardDescriptors descriptors(StandardDescriptors::Output::kFails);
     if (argc == 2 && printsInformation(argv[1])) {
         return flushStandardOutput("quillmark") ? 0 : 1;
     }

@@ -1,6 +1,6 @@
 #include "cli/shared/errorLine.h"
 
-#include "cli/shared/blockText.h"
+#include "cli/shared/printText.h"
 #include "driver/returnCodes.h"
 
 #include <cstring>

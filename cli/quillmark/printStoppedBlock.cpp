@@ -1,15 +1,6 @@
-#include "cli/shared/blockText.h"
+#include "cli/quillmark/printStoppedBlock.h"
 
-void printText(std::FILE* stream, std::string_view text) noexcept {
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F) {
-            std::fprintf(stream, "\\x%02X", unsigned{byte});
-        } else {
-            std::fputc(c, stream);
-        }
-    }
-}
+#include "cli/shared/printText.h"
 
 void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* outputName) noexcept {
     const Block& block = scan.CurrentBlock();
