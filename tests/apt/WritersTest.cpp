@@ -2,7 +2,9 @@
 
 #include "apt/AResCircularMovement.h"
 #include "apt/ResCoolant.h"
+#include "apt/ResEndCommand.h"
 #include "apt/ResFeedRate.h"
+#include "apt/ResLinearMovement.h"
 #include "apt/ResMovTypeCom.h"
 #include "apt/ResSpindle.h"
 #include "apt/StatementText.h"
@@ -55,9 +57,12 @@ TEST(Writers, TakeWhatIsNoTruthValueForItsSide) {
                   own(factory.GetSpindlCom())->InitOutput(-1, -500);
                   own(factory.GetCoolanCom())->InitOutput(3);
                   own(factory.GetMovTypCom())->InitOutput(-1);
+                  double zero = 0.0;
+                  own(factory.GetLinearCom())->InitOutput(2, zero, zero, zero);
               }),
               "FEDRAT/    0.1250,MMPR\nSPINDL/  500.0000,RPM,CLW\nSPINDL/ -500.0000,RPM,CCLW\n"
-              "COOLNT/OFF\nMODE/INCR,ON\n");
+              "COOLNT/OFF\nMODE/INCR,ON\n" +
+                  goTo(0, 0, 0));
     EXPECT_EQ(arc(2, {10, 0, 0}, {0, 0, 1}), arcTo({0, 1, -0.0}, {}, 10, {0, 10, 0}));
 }
 
@@ -77,7 +82,7 @@ TEST(CircleWriter, EndsTheProcessWithoutADirection) {
     EXPECT_EQ(endOf([] { (void)arc(TRUE, {1e-10, 0, 0}, {0, 0, 1}); }).expression, nullptr);
 }
 
-TEST(StatementText, HoldsTheLongestStatementAndNeverMore) {
+TEST(StatementText, HoldsTheLongestStatementAndTellsWhenMoreIsLost) {
     StatementText text;
     char printed[512];
     (void)std::snprintf(printed, sizeof printed, "%13.5f,", -DBL_MAX);
@@ -87,11 +92,67 @@ TEST(StatementText, HoldsTheLongestStatementAndNeverMore) {
         expected += printed;
     }
     EXPECT_EQ(text.view(), expected);
-    for (int i = 0; i < 20; ++i) {
-        text.circleValue(DBL_MAX).add(INT_MIN).add("some words");
+    EXPECT_TRUE(text.isWhole());
+    while (text.view().size() + 6 <= 4096) {
+        text.add("words ");
     }
-    EXPECT_EQ(text.view().substr(0, expected.size()), expected);
-    EXPECT_LE(text.view().size(), 4096U);
+    StatementText byNumber = text;
+    StatementText byInteger = text;
+    EXPECT_TRUE(text.isWhole());
+    EXPECT_FALSE(text.add("words ").isWhole());
+    EXPECT_FALSE(byNumber.rate(1).isWhole());
+    EXPECT_FALSE(byInteger.add(INT_MIN).isWhole());
+}
+
+// A writer that makes a statement of any length.
+class LongWriter : public Result {
+public:
+    using Result::Result;
+    void InitOutput(int words) const {
+        StatementText text;
+        for (int i = 0; i < words; ++i) {
+            text.add("0123456789abcde\n");
+        }
+        write(StatementKind::kTool, text);
+    }
+};
+
+TEST(Writers, WriteNowhereWithoutStreamsAndWholeStatementsOnly) {
+    StatementCounts counts;
+    const auto state = std::make_shared<OutputState>(OutputState{.counts = &counts});
+    EXPECT_EQ(written([&](APTFactory& factory) {
+                  const LongWriter writer(
+                      Outputs(factory.GetOutputFile(), factory.GetLogFile(), state));
+                  writer.InitOutput(2);
+                  EXPECT_FALSE(state->hasLostStatement);
+                  writer.InitOutput(257);
+                  EXPECT_TRUE(state->hasLostStatement);
+                  state->Detach();
+                  writer.InitOutput(1);
+              }),
+              "0123456789abcde\n0123456789abcde\n");
+    EXPECT_EQ(counts.Of(StatementKind::kTool), 1);
+    APTFactory nowhere(nullptr, nullptr);
+    own(nowhere.GetCoolanCom())->InitOutput(TRUE);
+    own(nowhere.GetCirculCom())->InitOutput(TRUE, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+}
+
+TEST(APTFactory, GivesLaterWritersTheStreamsThatWereSet) {
+    EXPECT_EQ(written([](APTFactory& factory) {
+                  std::FILE* const output = factory.GetOutputFile();
+                  const auto before = own(factory.GetCoolanCom());
+                  factory.SetOutputFile(nullptr);
+                  EXPECT_EQ(factory.GetOutputFile(), nullptr);
+                  own(factory.GetEndCom())->InitOutput(); // to the log alone
+                  factory.SetOutputFile(output);
+                  std::FILE* const log = factory.GetLogFile();
+                  factory.SetLogFile(nullptr);
+                  EXPECT_EQ(factory.GetOutputFile(), output);
+                  own(factory.GetEndCom())->InitOutput();
+                  factory.SetLogFile(log);
+                  before->InitOutput(TRUE);
+              }),
+              "REWIND/0\nEND\nCOOLNT/ON\n");
 }
 
 } // namespace

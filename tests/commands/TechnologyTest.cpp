@@ -8,9 +8,10 @@ namespace {
 TEST(Technology, WritesItsStatements) {
     expectAPT(mill(),
               {// A speed word alone speaks only while the spindle turns.
-               {"S1200\nM3\nS500\nS-1\nM04 S.5\nM5\nS99\nM3",
+               {"S1200\nM3\nS500\nS-1\nM04 S.5\nS7\nM5\nS99\nM3",
                 "SPINDL/ 1200.0000,RPM,CLW\nSPINDL/  500.0000,RPM,CLW\nSPINDL/   -1.0000,RPM,CLW\n"
-                "SPINDL/    0.5000,RPM,CCLW\nSPINDL/OFF\nSPINDL/   99.0000,RPM,CLW\n"},
+                "SPINDL/    0.5000,RPM,CCLW\nSPINDL/    7.0000,RPM,CCLW\nSPINDL/OFF\nSPINDL/   "
+                "99.0000,RPM,CLW\n"},
                {"F100\nG95 F.25\nG95\nG94\nF1234567.89",
                 "FEDRAT/  100.0000,MMPM\nFEDRAT/    0.2500,MMPR\nFEDRAT/    0.2500,MMPR\n"
                 "FEDRAT/    0.2500,MMPM\nFEDRAT/1234567.8900,MMPM\n"},

@@ -3,6 +3,7 @@
 #include "commands/Parameter.h"
 
 #include <cmath>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
@@ -33,6 +34,8 @@ TEST(Command, FindsItsWordAndCutsItOut) {
     expectWords("G", 0, {{"G00", ""}, {"G", "G"}});
     expectWords("M", -1, {{"M30X1", "X1"}, {"M", ""}});
     expectWords("G54.", 1, {{"G54.1", ""}});
+    // A search that resumes looks at every letter again.
+    expectWords("G", 1, {{"GG1", "GG1"}, {"G.G1", "G."}});
     expectWords("GG", 1, {{"GGG1", "GGG1"}});
     expectWords(nullptr, 5, {{"5", "5"}});
     expectWords("", -1, {{"X1", "X1"}});
@@ -57,6 +60,21 @@ TEST(AvailableCommands, TriesLongWordsFirstAndAmongEqualsTheOneRegisteredLast) {
                  std::to_string(commands.GetCommand(i)->GetSyntaxNumber()) + " ";
     }
     EXPECT_EQ(order, "G100 S12 AB1 G10 M0 T-1 -7 ");
+}
+
+// What a host makes of the framework: its digits are read as the C library reads them.
+class Spaced : public Command {
+    char* MoveAfterNumber(char* p) override { return p + std::strspn(p, " +-0123456789"); }
+};
+
+TEST(Command, ReadsTheDigitsThatADerivedCommandTakes) {
+    for (const auto& [number, text] : {std::pair{1, "G 01"}, {-2, "G-2"}, {3, "G +3"}, {0, "G "}}) {
+        Spaced command;
+        command.InitSyntax("G", number);
+        std::string line = text;
+        EXPECT_EQ(command.scanNC(line.data()), 0);
+        EXPECT_STREQ(line.c_str(), "") << text;
+    }
 }
 
 struct Number {
@@ -88,7 +106,7 @@ TEST(Parameter, ReadsNumbersWithADecimalPoint) {
     // "-0" is an integer product without a negative zero.
     expectNumbers(".", false, {{"X.5", 0.5}, {"X-.5", -0.5}, {"X5.", 5}, {"X.", 0}, {"X-0.0", 0}});
     expectNumbers(".", false, {{"X+7", 7}, {"X+-5", -5}, {"X=5", 5}});
-    for (const char* const none : {"X-+5", "X 5", "X", "MAX5", "x5", "X=AC()", "X-"}) {
+    for (const char* const none : {"X-+5", "X 5", "X", "MAX5", "XX5", "x5", "X=AC()", "X-"}) {
         expectNumbers(".", false, {{none, 0, none}});
     }
     expectNumbers(".", false, {{endless.c_str(), std::numeric_limits<double>::infinity()}});

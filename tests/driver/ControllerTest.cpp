@@ -1,4 +1,5 @@
 #include "driver/Controller.h"
+#include "softCommon/CDebugUtil/dbtrace.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/convert.h"
@@ -64,6 +65,32 @@ TEST(Controller, NamesWhatIsMissing) {
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, static_cast<eOutputType>(7)), 201);
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
     EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
+}
+
+TEST(Controller, LetsAHostGoOnWithItsModel) {
+    const TempFolder folder;
+    const std::string dialect = folder.write("a.pp", mill());
+    const std::string program = folder.write("a.nc", "G1 X1\n");
+    const std::int16_t users = db_initialized;
+    {
+        Controller controller;
+        EXPECT_EQ(db_initialized, users + 1);
+        EXPECT_EQ(controller.NCScan::run(), 200);
+        char line[] = "G0 X2";
+        EXPECT_EQ(controller.Machinestatus().scanNC(line), 0); // without a dialect
+        EXPECT_EQ(controller.execute(dialect.c_str(), program.c_str(), folder.path("apt").c_str(),
+                                     folder.path("log").c_str(), eOutputAPT),
+                  0);
+        // The files are closed: the machine moves on, and nothing is written.
+        const StatementCounts before = controller.Report().Statements();
+        EXPECT_EQ(controller.Machinestatus().scanNC(line), 0);
+        EXPECT_EQ(controller.Machinestatus().GetEndPosition()[0], 2.0);
+        EXPECT_EQ(controller.Report().Statements().Of(StatementKind::kFeedMove),
+                  before.Of(StatementKind::kFeedMove));
+        EXPECT_EQ(controller.GetOutputFactory(), nullptr);
+    }
+    EXPECT_EQ(db_initialized, users);
+    EXPECT_EQ(folder.read("apt"), goTo(1, 0, 0));
 }
 
 TEST(Controller, TellsTheHookBeforeTheProcessEnds) {

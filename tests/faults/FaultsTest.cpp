@@ -1,3 +1,4 @@
+#include "apt/APTFactory.h"
 #include "driver/Controller.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CDebugUtil/dbtrace.h"
@@ -106,6 +107,18 @@ protected:
     const std::string m_coded = m_folder.path("coded.pp");
     const std::string m_old = m_folder.path("old.pp");
 };
+
+TEST(FactoryFaults, GiveNoWriterAndNoException) {
+    APTFactory factory(nullptr, nullptr);
+    const auto gives = [&](auto make) {
+        const Fault fault(kMemory, 0);
+        return (factory.*make)() != nullptr;
+    };
+    EXPECT_FALSE(gives(&APTFactory::GetLinearCom) || gives(&APTFactory::GetCirculCom) ||
+                 gives(&APTFactory::GetCoolanCom) || gives(&APTFactory::GetSpindlCom) ||
+                 gives(&APTFactory::GetFeedRaCom) || gives(&APTFactory::GetMovTypCom) ||
+                 gives(&APTFactory::GetRegulaCom) || gives(&APTFactory::GetEndCom));
+}
 
 TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {
     struct Row {

@@ -52,6 +52,17 @@ TEST(ParamScan, TellsTheKeysOfMillsAndLathesApart) {
     }
 }
 
+TEST(ParamScan, TakesAWholeKeyForNoOther) {
+    const Key dwell = {"REV_DWELL", KeyKind::kWhole, Key::Form::kText, nullptr};
+    for (const bool isLathe : {false, true}) {
+        EXPECT_TRUE(dwell.Matches("REV_DWELL", isLathe));
+        for (const char* const other :
+             {"REV_DWELL_TURNS", "REV_DWELL_LATHE", "REV_DWELL ", "REV_DWEL", "xREV_DWELL"}) {
+            EXPECT_FALSE(dwell.Matches(other, isLathe)) << other;
+        }
+    }
+}
+
 TEST(ParamScan, LeavesTheValueLineOfARefusedKeyAlone) {
     EXPECT_EQ(aptOf(mill({{"RAPID_2ND", "COOLANT_ON\nM7"}}), "M7"), "COOLNT/ON\n");
     // An accepted key takes its value line whatever it holds.
@@ -67,6 +78,9 @@ TEST(ParamScan, LetsTheLastEntryWinAndEmptyValuesChangeNothing) {
     EXPECT_EQ(
         aptOf(mill({{"MFG_CLASS_NAME", "MY_LATHE_MACHINE_2"}, {"RAPID", "G10"}}), "G1\nG10 X2"),
         goTo(0, 0, 0) + goTo(2, 0, 0));
+    // A later class that is no lathe's asks for the tool axis, and the machine stays a lathe.
+    EXPECT_EQ(aptOf(lathe({{"MFG_CLASS_NAME", "MILL"}, {"RAPID_LATHE", "G10"}}), "G10 X2"),
+              "TLAXIS/    0.00000,    0.00000,    1.00000\nRAPID\n" + goTo(2, 0, 0));
 }
 
 TEST(ParamScan, SplitsLettersAndNumber) {
@@ -77,6 +91,8 @@ TEST(ParamScan, SplitsLettersAndNumber) {
         {"5A", "5A", -1},     {"G99999999999999999999", "G", 2147483647}};
     Controller controller;
     ParamScan scan(controller);
+    EXPECT_EQ(scan.run(), 301) << "without a file";
+    EXPECT_EQ(scan.SearchForCommand("COOLANT_ON"), 302);
     char* letters = nullptr;
     for (const auto& [syntax, expected, value] : rows) {
         std::string text = syntax;
