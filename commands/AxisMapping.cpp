@@ -49,11 +49,15 @@ void AxisMapping::setSwitches(Axis axis, char letter) noexcept {
         isSet = isSet || candidate == letter;
         if (isSet) {
             m_takesFrom[axis][static_cast<std::size_t>(candidate - 'x')] = true;
+            m_assigns = true;
         }
     }
 }
 
 void AxisMapping::Assign(gmVector3& point) const {
+    if (!m_assigns) {
+        return;
+    }
     const gmVector3 given = point;
     for (const auto& [target, source] : kOrder) {
         if (m_takesFrom[target][source]) {

@@ -27,4 +27,5 @@ private:
 
     std::array<double, 3> m_factors = {1.0, 1.0, 1.0};
     std::array<std::array<bool, 3>, 3> m_takesFrom = {}; // [target][source]
+    bool m_assigns = false;                              // one of them is set
 };

@@ -25,21 +25,19 @@ bool CircularMovement::TakeWords(char* line) {
     return found;
 }
 
-// Centre and start rest on the end position before the move.
-Movement CircularMovement::makeMovement() {
-    Movement movement;
+void CircularMovement::makeMovement(Movement& movement) {
+    movement.rapid = FALSE;
     movement.end = resolveEndPoint();
     Arc& arc = movement.arc.emplace();
     arc.clockwise = m_clockwise;
     arc.normal = m_normal;
+    arc.centre = movement.start;
     resolveCentre(arc);
-    return movement;
 }
 
 // Relative to the start point or absolute is the centre word's own matter; the movement type does
 // not count here. An omitted component equals the start point's.
 void CircularMovement::resolveCentre(Arc& arc) const {
-    arc.centre = status().GetEndPosition();
     for (int axis = 0; axis < 3; ++axis) {
         Parameter* const word = m_centreWords[static_cast<std::size_t>(axis)];
         if (word != nullptr && word->GetNCLineStatus() == TRUE) {

@@ -28,7 +28,7 @@ public:
     bool TakeWords(char* line) override;
 
 private:
-    [[nodiscard]] Movement makeMovement() override;
+    void makeMovement(Movement& movement) override;
     void resolveCentre(Arc& arc) const;
 
     Boolean m_clockwise = TRUE;

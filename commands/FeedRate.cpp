@@ -10,14 +10,15 @@ FeedRate::~FeedRate() = default;
 
 void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                               CommandGroup* group, MachineStatus* status, Boolean perMinute) {
-    InitSpeedSyntax(syntax, number, group, status);
+    InitModalSyntax(syntax, number, group);
+    initStatus(status);
     replaceWriter(factory->GetFeedRaCom());
     m_perMinute = perMinute;
 }
 
-void FeedRate::keepSpeed(double speed) noexcept { Status().InitFeedRateSpeed(speed); }
+void FeedRate::keepValue(double value) noexcept { status().InitFeedRateSpeed(value); }
 
 int FeedRate::Act() {
-    writer().InitOutput(m_perMinute, Status().GetFeedRateSpeed());
+    writer().InitOutput(m_perMinute, status().GetFeedRateSpeed());
     return 0;
 }

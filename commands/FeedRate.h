@@ -1,14 +1,14 @@
 #pragma once
 
 #include "apt/ResFeedRate.h"
-#include "commands/SpeedCommand.h"
+#include "commands/TechnologyCommand.h"
 #include "commands/WithWriter.h"
 
 class Factory;
 
 /// The feed mode: one instance per minute, one per revolution. Its word and, while it is active, a
 /// feed word alone write the feed statement.
-class FeedRate : public WithWriter<SpeedCommand, ResFeedRate> {
+class FeedRate : public WithWriter<TechnologyCommand, ResFeedRate> {
 public:
     FeedRate(MachineStatus* status, Factory* factory);
     ~FeedRate() override;
@@ -16,11 +16,14 @@ public:
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                         CommandGroup* group, MachineStatus* status, Boolean perMinute);
 
+    /// The value word; not owned, may be null.
+    void InitSpeedParm(Parameter* word) noexcept { initValueWord(word); }
+
     int Act() override;
 
 private:
-    void keepSpeed(double speed) noexcept override;
-    [[nodiscard]] bool actsOnWordsAlone() const noexcept override { return true; }
+    void keepValue(double value) noexcept override;
+    [[nodiscard]] bool actsOnValueAlone() const noexcept override { return true; }
 
     Boolean m_perMinute = TRUE;
 };

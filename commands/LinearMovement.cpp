@@ -15,9 +15,8 @@ void LinearMovement::InitInstSyntax(const char* syntax, const int& number, Facto
     m_rapid = rapid;
 }
 
-Movement LinearMovement::makeMovement() {
-    Movement movement;
+void LinearMovement::makeMovement(Movement& movement) {
     movement.rapid = m_rapid;
     movement.end = resolveEndPoint();
-    return movement;
+    movement.arc.reset();
 }

@@ -17,7 +17,7 @@ public:
     [[nodiscard]] bool HasWriter() const noexcept { return writer().HasStraight(); }
 
 private:
-    [[nodiscard]] Movement makeMovement() override;
+    void makeMovement(Movement& movement) override;
 
     Boolean m_rapid = FALSE;
 };

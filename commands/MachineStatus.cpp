@@ -5,25 +5,32 @@
 MachineStatus::~MachineStatus() = default;
 
 int MachineStatus::scanNC(char* line) {
-    for (std::size_t i = 0; i < m_groups.size(); ++i) {
-        if (static_cast<ModalGroup>(i) == ModalGroup::kCoolant) {
-            string_mani(3, line);
-        }
+    if (const int code = computeGroups(0, kFirstOfTrimmedBlock, line); code != 0) {
+        return code;
+    }
+    string_mani(3, line);
+    return computeGroups(kFirstOfTrimmedBlock, kModalGroupCount, line);
+}
+
+int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {
+    for (std::size_t i = first; i < last; ++i) {
         Command* const active = m_groups[i].GetActiveCommand();
         if (active == nullptr) {
             continue;
         }
-        // A host's own command may do to the block what it likes.
-        const bool isForeign = m_block != nullptr && !active->IsBuiltIn();
-        if (isForeign) {
-            m_block->ForgetBytes();
-        }
-        if (const int code = active->Compute(line); code != 0) {
+        const int code =
+            active->IsBuiltIn() ? active->Compute(line) : computeForeign(*active, line);
+        if (code != 0) {
             return code;
-        }
-        if (isForeign) {
-            m_block->RefreshBytes();
         }
     }
     return 0;
+}
+
+// A host's own command may do to the block what it likes.
+int MachineStatus::computeForeign(Command& command, char* line) {
+    m_block->ForgetBytes();
+    const int code = command.Compute(line);
+    m_block->RefreshBytes();
+    return code;
 }

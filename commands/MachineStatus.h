@@ -11,7 +11,6 @@
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
-#include <optional>
 
 /// The modal state of the machine while an NC program is scanned: position, speeds, tool, the
 /// number format, the line cleaners and the groups of mutually exclusive commands. Nothing is
@@ -44,18 +43,24 @@ public:
         m_decimalSeparator[0] = separator[0];
     }
 
-    /// The block that the driver converts; not owned, null when nobody converts.
-    void InitBlock(Block* block) noexcept { m_block = block; }
+    /// The block that the driver converts; not owned, and outlived by it.
+    void InitBlock(Block& block) noexcept { m_block = &block; }
     /// False only when `byte` is certainly not in `line`: words that begin with it are not searched
     /// for then. Only of the rest of the driver's block the bytes are known.
     [[nodiscard]] bool MayHold(const char* line, char byte) const noexcept {
-        return m_block == nullptr || !m_block->IsRest(line) || m_block->Bytes().MayContain(byte);
+        return m_block->Bytes().MayContain(byte) || !m_block->IsRest(line);
     }
 
-    /// The movement that the block at hand made, in the coordinates of the output; none before.
-    void KeepMovement(const Movement& movement) noexcept { m_movement = movement; }
-    void ForgetMovement() noexcept { m_movement.reset(); }
-    [[nodiscard]] const std::optional<Movement>& GetMovement() const noexcept { return m_movement; }
+    /// The movement that the block at hand makes; null before it makes one. It is made here, in
+    /// place: whoever begins one sets every field.
+    Movement& BeginMovement() noexcept {
+        m_hasMovement = true;
+        return m_movement;
+    }
+    void ForgetMovement() noexcept { m_hasMovement = false; }
+    [[nodiscard]] const Movement* GetMovement() const noexcept {
+        return m_hasMovement ? &m_movement : nullptr;
+    }
 
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
@@ -87,6 +92,9 @@ public:
     [[nodiscard]] CommandGroup* GetToolCom() noexcept { return GetGroup(ModalGroup::kTool); }
 
 private:
+    int computeGroups(std::size_t first, std::size_t last, char* line);
+    int computeForeign(Command& command, char* line);
+
     gmVector3 m_basicPosition;
     gmVector3 m_endPosition;
     double m_spindleSpeed = 0.0;
@@ -97,6 +105,8 @@ private:
     RecordNumber m_recordNumber;
     std::array<CommandGroup, kModalGroupCount> m_groups;
     Boolean m_circleCenterMode = TRUE;
-    Block* m_block = nullptr;
-    std::optional<Movement> m_movement;
+    Block m_noBlock;
+    Block* m_block = &m_noBlock;
+    Movement m_movement;
+    bool m_hasMovement = false;
 };

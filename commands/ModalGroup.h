@@ -10,10 +10,13 @@ enum class ModalGroup : std::size_t {
     kMovementType,
     kFeedRate,
     kMovement,
-    kCoolant, ///< from here on the block is trimmed: the movement has taken its words
+    kCoolant,
     kSpindle,
     kTool,
     kCount
 };
 
 inline constexpr std::size_t kModalGroupCount = static_cast<std::size_t>(ModalGroup::kCount);
+
+/// From this group on the block is trimmed: the movement has taken its words.
+inline constexpr auto kFirstOfTrimmedBlock = static_cast<std::size_t>(ModalGroup::kCoolant);

@@ -2,8 +2,6 @@
 
 #include "commands/MachineStatus.h"
 
-#include <utility>
-
 bool MovementCommand::m_insertTLAXIS = false;
 gmVector3 MovementCommand::m_TLAXISdirection(0.0, 0.0, 1.0);
 
@@ -47,8 +45,4 @@ gmVector3 MovementCommand::resolveEndPoint() const {
         }
     }
     return point;
-}
-
-std::optional<gmVector3> MovementCommand::takeToolAxis() {
-    return std::exchange(m_insertTLAXIS, false) ? std::optional(m_TLAXISdirection) : std::nullopt;
 }

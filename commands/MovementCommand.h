@@ -2,11 +2,11 @@
 
 #include "commands/AxisMapping.h"
 #include "commands/ModalCommand.h"
+#include "commands/Movement.h"
 #include "commands/Parameter.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
-#include <optional>
 
 class MachineStatus;
 
@@ -51,8 +51,14 @@ protected:
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     [[nodiscard]] const AxisMapping& mapping() const noexcept { return m_mapping; }
-    /// The tool axis to be told ahead of the next movement, if one is asked for; asked for once.
-    [[nodiscard]] static std::optional<gmVector3> takeToolAxis();
+    /// Gives the movement the tool axis to be told ahead of it, when one is asked for; once.
+    static void takeToolAxis(Movement& movement) noexcept {
+        movement.toolAxis.reset();
+        if (m_insertTLAXIS) {
+            movement.toolAxis = m_TLAXISdirection;
+            m_insertTLAXIS = false;
+        }
+    }
 
 private:
     struct AxisWords {

@@ -19,12 +19,13 @@ int PathMovement::Compute(char* line) {
 }
 
 int PathMovement::Act() {
-    Movement movement = makeMovement();
+    // Kept by the machine before it is written: an arc that has no direction ends the process.
+    Movement& movement = status().BeginMovement();
     movement.start = status().GetEndPosition();
     movement.feed = status().GetFeedRateSpeed();
-    movement.toolAxis = takeToolAxis();
+    takeToolAxis(movement);
+    makeMovement(movement);
     passStages(movement);
-    status().KeepMovement(movement); // before an arc that has no direction ends the process
     m_writer.Write(movement);
     return 0;
 }
@@ -35,9 +36,9 @@ void PathMovement::passStages(Movement& movement) const {
     mapping().Assign(end);
     status().InitEndPosition(end[0], end[1], end[2]);
     mapping().Scale(end);
+    status().InitBasicPosition(end[0], end[1], end[2]);
     mapping().Scale(movement.start);
     if (movement.arc) {
         mapping().Scale(movement.arc->centre);
     }
-    status().InitBasicPosition(end[0], end[1], end[2]);
 }

@@ -25,8 +25,8 @@ protected:
 
 private:
     /// What the words taken from the block ask for, in program coordinates; they are consumed.
-    /// Start, tool axis and feed are filled in behind it.
-    [[nodiscard]] virtual Movement makeMovement() = 0;
+    /// Start, tool axis and feed are there.
+    virtual void makeMovement(Movement& movement) = 0;
     void passStages(Movement& movement) const;
 
     MovementWriter m_writer;

@@ -2,7 +2,6 @@
 
 #include "apt/Factory.h"
 #include "commands/MachineStatus.h"
-#include "commands/consumeWord.h"
 
 #include <limits>
 
@@ -24,26 +23,20 @@ int toolNumber(double value) noexcept {
 } // namespace
 
 RegularCommand::RegularCommand(MachineStatus* status, Factory* factory)
-    : WithWriter(factory->GetRegulaCom()), m_status(status) {}
+    : WithWriter(factory->GetRegulaCom(), status) {}
 
 RegularCommand::~RegularCommand() = default;
 
 void RegularCommand::InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                                     CommandGroup* group, MachineStatus* status) {
     InitModalSyntax(syntax, number, group);
-    m_status = status;
+    initStatus(status);
     replaceWriter(factory->GetRegulaCom());
 }
 
-bool RegularCommand::TakeWords(char* line) {
-    const std::optional<double> tool = consumeWord(m_toolWord, line, m_status);
-    if (tool) {
-        m_status->InitTool(toolNumber(*tool));
-    }
-    return tool.has_value();
-}
+void RegularCommand::keepValue(double value) noexcept { status().InitTool(toolNumber(value)); }
 
 int RegularCommand::Act() {
-    writer().InitOutput(m_status->GetTool());
+    writer().InitOutput(status().GetTool());
     return 0;
 }

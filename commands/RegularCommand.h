@@ -5,8 +5,6 @@
 #include "commands/WithWriter.h"
 
 class Factory;
-class MachineStatus;
-class Parameter;
 
 /// The tool change. Its word writes the tool statement; a tool word alone only selects the tool
 /// for the next change.
@@ -18,13 +16,11 @@ public:
     void InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                         CommandGroup* group, MachineStatus* status);
     /// The tool word; not owned, may be null.
-    void InitToolParm(Parameter* word) noexcept { m_toolWord = word; }
-    [[nodiscard]] Parameter* GetToolParm() const noexcept { return m_toolWord; }
+    void InitToolParm(Parameter* word) noexcept { initValueWord(word); }
+    [[nodiscard]] Parameter* GetToolParm() const noexcept { return valueWord(); }
 
-    bool TakeWords(char* line) override;
     int Act() override;
 
 private:
-    MachineStatus* m_status;
-    Parameter* m_toolWord = nullptr;
+    void keepValue(double value) noexcept override;
 };

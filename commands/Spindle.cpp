@@ -10,14 +10,15 @@ Spindle::~Spindle() = default;
 
 void Spindle::InitInstSyntax(const char* syntax, const int& number, Factory* factory,
                              CommandGroup* group, MachineStatus* status, int mode) {
-    InitSpeedSyntax(syntax, number, group, status);
+    InitModalSyntax(syntax, number, group);
+    initStatus(status);
     replaceWriter(factory->GetSpindlCom());
     m_mode = mode;
 }
 
-void Spindle::keepSpeed(double speed) noexcept { Status().InitSpindleSpeed(speed); }
+void Spindle::keepValue(double value) noexcept { status().InitSpindleSpeed(value); }
 
 int Spindle::Act() {
-    writer().InitOutput(m_mode, Status().GetSpindleSpeed());
+    writer().InitOutput(m_mode, status().GetSpindleSpeed());
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "commands/TechnologyCommand.h"
 
+#include "commands/Parameter.h"
+
 TechnologyCommand::~TechnologyCommand() = default;
 
 void TechnologyCommand::InitStatus(char* line) {
@@ -10,5 +12,14 @@ void TechnologyCommand::InitStatus(char* line) {
 }
 
 int TechnologyCommand::Compute(char* line) {
-    return TakeWords(line) && actsOnWordsAlone() ? perform() : 0;
+    return TakeWords(line) && actsOnValueAlone() ? perform() : 0;
+}
+
+bool TechnologyCommand::TakeWords(char* line) {
+    if (m_valueWord == nullptr || m_valueWord->scanNC(line, m_status) == 0) {
+        return false;
+    }
+    m_valueWord->SetNCLineStatus(FALSE);
+    keepValue(m_valueWord->GetValue());
+    return true;
 }

@@ -2,18 +2,37 @@
 
 #include "commands/ModalCommand.h"
 
-/// A modal command without geometry: its own word makes it act at once and become the active one of
-/// its group; while it is active, a value word alone may make it act again.
+class MachineStatus;
+class Parameter;
+
+/// A modal command without geometry, perhaps with a value word (feed, speed, tool). Its own word
+/// makes it act at once and become the active one of its group; while it is active, the value word
+/// alone may make it act again.
 class TechnologyCommand : public ModalCommand {
 public:
     ~TechnologyCommand() override;
 
-    /// Takes the value words, acts, clears the NC-line status and becomes the active command.
+    /// Takes the value, acts, clears the NC-line status and becomes the active command.
     void InitStatus(char* line) override;
-    /// Takes the value words, and acts when they alone are a reason.
+    /// Takes the value, and acts when that alone is a reason.
     int Compute(char* line) override;
+    /// Takes the value word, if the command has one, and keeps its value.
+    bool TakeWords(char* line) final;
+
+protected:
+    /// Status and word are not owned. A command without a value has no need of either.
+    explicit TechnologyCommand(MachineStatus* status = nullptr) noexcept : m_status(status) {}
+    void initStatus(MachineStatus* status) noexcept { m_status = status; }
+    void initValueWord(Parameter* word) noexcept { m_valueWord = word; }
+
+    [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
+    [[nodiscard]] Parameter* valueWord() const noexcept { return m_valueWord; }
 
 private:
-    /// Whether value words without the command's own word are a reason to act.
-    [[nodiscard]] virtual bool actsOnWordsAlone() const noexcept { return false; }
+    virtual void keepValue(double /*value*/) noexcept {}
+    /// Whether a value without the command's own word is a reason to act.
+    [[nodiscard]] virtual bool actsOnValueAlone() const noexcept { return false; }
+
+    MachineStatus* m_status;
+    Parameter* m_valueWord = nullptr;
 };

@@ -14,7 +14,7 @@ NCScan::NCScan() noexcept { BeginConversion(); }
 NCScan::~NCScan() { detachOutputs(); }
 
 void NCScan::BeginConversion() noexcept {
-    m_model.emplace().status.InitBlock(&m_block);
+    m_model.emplace().status.InitBlock(m_block);
     m_block.Clear();
     m_report = {};
     m_failure = {};
@@ -203,8 +203,8 @@ int NCScan::computeBlock() {
 // The centre of such an arc is its start, so the arc is dropped or ends the process: no other block
 // needs the question.
 void NCScan::warnIfArcWithoutCentre() noexcept {
-    const std::optional<Movement>& movement = m_model->status.GetMovement();
-    if (movement && movement->arc && !movement->arc->hasCentreWord) {
+    const Movement* const movement = m_model->status.GetMovement();
+    if (movement != nullptr && movement->arc && !movement->arc->hasCentreWord) {
         m_report.WarnOfArc(m_block);
     }
 }
