@@ -1,9 +1,9 @@
 #include "paramfile/ppcrypt.h"
 
-#include "paramfile/HeapText.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/lineCoder.h"
 #include "softCommon/CStringUtil/numberText.h"
+#include "softCommon/HeapText.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "paramfile/HeapText.h"
 #include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/HeapText.h"
 
 /// Builds a `CharFeld` line by line in linear time. Exhausted memory at any line makes the whole
 /// collection fail: nothing is collected after it, and release gives null.

@@ -2,21 +2,16 @@
 
 #include "softCommon/CStringUtil/CharFeld.h"
 #include "softCommon/CStringUtil/string_mani.h"
+#include "softCommon/HeapText.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t kBlock = 20;
-
-struct FreeDeleter {
-    void operator()(void* memory) const noexcept { std::free(memory); }
-};
-using HeapText = std::unique_ptr<char, FreeDeleter>;
 
 char** allocateSlots(char** array, std::size_t slots) noexcept {
     return static_cast<char**>(std::realloc(array, slots * sizeof(char*)));
