@@ -1,5 +1,6 @@
 #include "tests/charFeldTexts.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/cases.h"
 #include "tests/support/endOf.h"
 #include "update/oldFileLookups.h"
 #include "update/rotaryAxes.h"
@@ -146,25 +147,18 @@ TEST(Sections, FollowTheOldFileAndItsOddRules) {
                                                                 {"int", setzeIntUm},
                                                                 {"r8", setzeR8Um},
                                                                 {"adr", setzeAdrUm}};
-    std::string name, old;
-    int cases = 0;
-    for (const std::string& line : linesOf("oddRules.txt")) {
-        const std::size_t blank = std::min(line.find(' '), line.size() - 1);
-        if (line[0] == '>') {
-            if (converters.contains(name)) {
-                Texts section = converted(converters.at(name), split(old));
-                section.erase(section.begin());
-                EXPECT_EQ(section, split(line.substr(blank + 1))) << old;
-            } else {
-                const Texts lines = split(old + "|*5XGABEL 0");
-                EXPECT_EQ(update(coded(lines)).errors, name == "lost" ? kMacros : "") << old;
-            }
-            ++cases;
+    for (const auto& [row, expected] : casesOf(UPDATE_DATA "oddRules.txt", 19)) {
+        const std::size_t blank = row.find(' ');
+        const std::string name = row.substr(0, blank), old = row.substr(blank + 1);
+        if (name == "blk") {
+            const Texts lines = split(old + "|*5XGABEL 0");
+            EXPECT_EQ(update(coded(lines)).errors, expected == "lost" ? kMacros : "") << old;
+        } else {
+            const Texts section = converted(converters.at(name), split(old));
+            ASSERT_FALSE(section.empty()) << old;
+            EXPECT_EQ(Texts(section.begin() + 1, section.end()), split(expected)) << old;
         }
-        name = line.substr(0, blank);
-        old = line.substr(blank + 1);
     }
-    EXPECT_EQ(cases, 19);
     const Texts cycles = converted(
         setzeCycUm, split("*CYCMKOO3|*CYCBH02|*CYCAP02x y|*CYCLK024|*CYCPK02|*CYCPL02|l1|l2"));
     ASSERT_EQ(cycles.size(), 1U + 34U * 5U + 6U);
