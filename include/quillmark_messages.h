@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quillmark_trace.h" // stddbg, to which everything is printed
+
 #include <array>
 #include <csetjmp>
 #include <cstdint>
@@ -9,10 +11,6 @@
 /// include this header. Failing routines report a number with parameters; the text comes from a
 /// message file. Single-threaded: all state is global and unguarded. docs/messages.md describes the
 /// message file and the ends of a run.
-
-/// The stream of all diagnostic output. While it is null, output goes to standard output. A host
-/// may set it; the library closes only log files that it opened itself.
-extern std::FILE* stddbg;
 
 // --- Parameters -------------------------------------------------------------------------------
 

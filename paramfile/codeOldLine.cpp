@@ -15,7 +15,7 @@ int codeOldLine(const char* plain, OldPhysicalLines& physical) noexcept {
     std::array<char, kOldLineLength> line{};
     s2fcpy(line.data(), plain, kOldLineLength);
     std::array<char, kOldRecordLength> record{};
-    const int code = pp_vxveh(0, line, record);
+    const int code = pp_vxveh(kCodeOption, line, record);
     if (code == kCoderDone) {
         const char* const half = record.data() + kOldLineLength;
         std::copy_n(record.data(), kOldLineLength, physical.first.data());

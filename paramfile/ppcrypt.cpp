@@ -1,11 +1,11 @@
 #include "paramfile/ppcrypt.h"
 
-#include "paramfile/HeapText.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/lineCoder.h"
 #include "softCommon/CStringUtil/numberText.h"
+#include "softCommon/CStringUtil/string_mani.h"
+#include "softCommon/HeapText.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -15,21 +15,12 @@
 
 namespace {
 
-constexpr int kCode = 0;
-constexpr int kDecode = 1;
-
 constexpr std::string_view kVersionTag = "#VERSION: ";
 
 // A corrupt line may be of any length; more than the longest readable line says nothing more.
 constexpr int kShownCharacters = 511;
 
 constexpr int kFirstReleaseOfNewKey = 7;
-
-std::string_view trimmed(std::string_view text) noexcept {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    text = text.substr(0, text.find_first_of("\r\n"));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
 
 // The version is sought in the plain lines only: behind them it would be found when coding, not
 // when decoding.
@@ -49,17 +40,17 @@ const CodingKey& chooseKey(std::span<char* const> plainLines) noexcept {
 
 int convertLine(int option, CodingGenerator& generator, char*& line) noexcept {
     const std::span<const char> text(line, std::strlen(line));
-    if (option == kDecode && text.empty()) {
+    if (option == kDecodeOption && text.empty()) {
         return kCoderDone;
     }
-    const std::size_t length = option == kCode ? codedLength(text.size()) : text.size() / 2;
+    const std::size_t length = option == kCodeOption ? codedLength(text.size()) : text.size() / 2;
     HeapText converted(static_cast<char*>(std::malloc(length + 1)));
     if (converted == nullptr) {
         return kCoderNoMemory;
     }
     const std::span<char> result(converted.get(), length);
-    const int code =
-        option == kCode ? codeBytes(generator, text, result) : decodeBytes(generator, text, result);
+    const int code = option == kCodeOption ? codeBytes(generator, text, result)
+                                           : decodeBytes(generator, text, result);
     if (code == kCoderDone) {
         converted.get()[length] = '\0';
         std::free(line);
@@ -74,7 +65,7 @@ void reportLine(int option, int code, std::ptrdiff_t number, const char* line) n
         std::fputs("Error in GGUVXVEH : Checksum-Error\n", stderr);
     }
     std::fprintf(stderr, "line <%.*s> can't be %s\n", kShownCharacters, line,
-                 option == kCode ? "coded" : "decoded");
+                 option == kCodeOption ? "coded" : "decoded");
 }
 
 void reportCode(int code) noexcept {
@@ -84,7 +75,7 @@ void reportCode(int code) noexcept {
 } // namespace
 
 int ppcrypt(int option, char** lines) noexcept {
-    if (option != kCode && option != kDecode) {
+    if (option != kCodeOption && option != kDecodeOption) {
         std::fprintf(stderr, "Internal Error: unknown opt=%d\n", option);
         reportCode(kCoderInternalError);
         return kCoderInternalError;
@@ -95,7 +86,7 @@ int ppcrypt(int option, char** lines) noexcept {
     const std::span<char* const> plainLines = plainHead(lines);
     for (char* const line : plainLines) {
         if (marksPlainFile(line)) {
-            if (option == kDecode) {
+            if (option == kDecodeOption) {
                 return kCoderDone;
             }
             line[0] = '\0';

@@ -47,9 +47,9 @@ int vxveh(int activity, std::span<char> line, std::span<char> record) noexcept {
 int pp_vxveh(int option, std::span<char, kOldLineLength> line,
              std::span<char, kOldRecordLength> record) noexcept {
     switch (option) {
-    case 0:
+    case kCodeOption:
         return vxveh(kCodeActivity, line, record);
-    case 1:
+    case kDecodeOption:
         return vxveh(kDecodeActivity, line, record);
     default:
         std::fprintf(stderr, "Internal Error (pp_vxveh): unknown option=%d\n", option);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "paramfile/codingOption.h"
+
 #include <cstddef>
 #include <span>
 
@@ -16,6 +18,6 @@ inline constexpr std::size_t kOldRecordLength = 161;
 /// message on standard error; the target of a failed call means nothing.
 [[nodiscard]] int vxveh(int activity, std::span<char> line, std::span<char> record) noexcept;
 
-/// vxveh with the sizes of an old file and the options of ppcrypt: 0 codes, 1 decodes.
+/// vxveh with the sizes of an old file and the options of codingOption.h.
 [[nodiscard]] int pp_vxveh(int option, std::span<char, kOldLineLength> line,
                            std::span<char, kOldRecordLength> record) noexcept;

@@ -3,14 +3,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-LineCollector::LineCollector(char** lines) noexcept
-    : m_lines(lines), m_count(sizeofCharFeld(lines)), m_failed(lines == nullptr) {
-    // addCharFeld begins anew at a count of 0 and would lose an empty array.
-    if (m_count == 0) {
-        m_lines.reset();
-    }
-}
-
 void LineCollector::add(const char* line) noexcept {
     if (m_failed) {
         return;

@@ -1,16 +1,13 @@
 #pragma once
 
-#include "paramfile/HeapText.h"
 #include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/HeapText.h"
 
 /// Builds a `CharFeld` line by line in linear time. Exhausted memory at any line makes the whole
-/// collection fail: nothing is collected after it, and release gives null.
+/// collection fail: nothing is collected after it, and release gives null. One that was moved from
+/// is only good for a new value.
 class LineCollector {
 public:
-    LineCollector() noexcept = default;
-    /// Continues an array that another collector built; a null one counts as exhausted memory.
-    explicit LineCollector(char** lines) noexcept;
-
     void add(const char* line) noexcept;
     /// Adds a copy; an empty owner counts as exhausted memory.
     void add(const HeapText& line) noexcept;

@@ -8,8 +8,6 @@ namespace {
 
 constexpr std::size_t kValueWidth = 8;
 
-} // namespace
-
 const KeyMapping* findMapping(std::span<const KeyMapping> mappings, const char* line) noexcept {
     const auto found =
         std::find_if(mappings.begin(), mappings.end(),
@@ -17,17 +15,21 @@ const KeyMapping* findMapping(std::span<const KeyMapping> mappings, const char* 
     return found == mappings.end() ? nullptr : &*found;
 }
 
-void convertValues(char* const* lines, std::span<const KeyMapping> mappings, ValueOf valueOf,
+} // namespace
+
+void convertValues(OldLines lines, std::span<const KeyMapping> mappings, ValueOf valueOf,
                    LineCollector& section) noexcept {
-    for (; *lines != nullptr; ++lines) {
-        if (const KeyMapping* const mapping = findMapping(mappings, *lines); mapping != nullptr) {
+    for (int i = 0; lines[i] != nullptr; ++i) {
+        const KeyMapping* const mapping = findMapping(mappings, lines[i]);
+        if (mapping != nullptr) {
+            lines.take(i);
             section.add(mapping->newKey);
-            section.add(valueOf(*mapping, *lines));
+            section.add(valueOf(*mapping, lines[i]));
         }
     }
 }
 
-char** valueSection(const char* heading, char* const* lines, std::span<const KeyMapping> mappings,
+char** valueSection(const char* heading, OldLines lines, std::span<const KeyMapping> mappings,
                     ValueOf valueOf) noexcept {
     LineCollector section;
     section.add(heading);

@@ -4,6 +4,12 @@
 
 namespace {
 
+constexpr KeyMapping kRenamedKeys[] = {
+    {"*NEWP559", "*5XNUT01"}, {"*NEWP441", "*5XAL1DR"}, {"*NEWP442", "*5XAL2DR"},
+    {"*NEWP443", "*5XAL3DR"}, {"*NEWP444", "*5XAL1NP"}, {"*NEWP445", "*5XAL2NP"},
+    {"*NEWP446", "*5XAL3NP"},
+};
+
 // Two old keys become "MFG_RAPID_FEED", that of milling and that of turning. A file with both keeps
 // both, in its own order; that is wanted.
 constexpr KeyMapping kMachineKeys[] = {
@@ -137,6 +143,7 @@ constexpr KeyMapping kRealKeys[] = {
 
 } // namespace
 
+std::span<const KeyMapping> renamedKeys() noexcept { return kRenamedKeys; }
 std::span<const KeyMapping> machineKeys() noexcept { return kMachineKeys; }
 std::span<const KeyMapping> addressKeys() noexcept { return kAddressKeys; }
 std::span<const KeyMapping> stringKeys() noexcept {

@@ -84,7 +84,7 @@ char** liesPP(std::FILE* in) noexcept {
             break;
         }
         std::array<char, kOldLineLength + 1> line{};
-        if (pp_vxveh(1, std::span(line).first<kOldLineLength>(), record) != 0) {
+        if (pp_vxveh(kDecodeOption, std::span(line).first<kOldLineLength>(), record) != 0) {
             std::fputs("Error in PpLiesDatei: Can't decode\n", stdout);
             return nullptr;
         }

@@ -54,18 +54,18 @@ constexpr std::array<MachineType, kMachineTypes> kTypes = {{
     {&kStandardLathe, 1},
 }};
 
-long readType(char* const* lines) noexcept {
-    const char* const fork = suche_paramter(lines, kForkKey);
+long readType(OldLines lines) noexcept {
+    const char* const fork = suche_paramter(lines, "*5XGABEL");
+    const char* const machine = suche_paramter(lines, "*MACHTYP");
     if (fork != nullptr && strnlen(fork, kSeparatorColumn) == kSeparatorColumn) {
         return integerFromColumn(fork, kSeparatorColumn);
     }
-    const char* const machine = suche_paramter(lines, kMachineKey);
     return machine != nullptr && std::strstr(machine, "LATHE") != nullptr ? kLathe : -1;
 }
 
 } // namespace
 
-const MachineType* findMachineType(char* const* lines) noexcept {
+const MachineType* findMachineType(OldLines lines) noexcept {
     const long type = readType(lines);
     return type < 0 || type >= kMachineTypes ? nullptr : &kTypes[static_cast<std::size_t>(type)];
 }

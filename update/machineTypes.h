@@ -1,5 +1,7 @@
 #pragma once
 
+#include "update/OldLines.h"
+
 inline constexpr int kMachineTypes = 13;
 
 /// Which direction values of the rotary axes turn round in the current format. The classes differ;
@@ -24,11 +26,5 @@ struct MachineType {
     int nutatorFlag; ///< 1 or 0
 };
 
-/// Keys of the old file that tell the machine.
-inline constexpr const char* kForkKey = "*5XGABEL";
-inline constexpr const char* kMachineKey = "*MACHTYP";
-inline constexpr const char* kFirstAxisKey = "*5XKRDAA";
-inline constexpr const char* kSecondAxisKey = "*5XKRDUA";
-
 /// The machine of an old file, or null when its type is none of the kMachineTypes.
-[[nodiscard]] const MachineType* findMachineType(char* const* lines) noexcept;
+[[nodiscard]] const MachineType* findMachineType(OldLines lines) noexcept;

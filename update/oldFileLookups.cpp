@@ -18,10 +18,19 @@ int indexOfPrefix(char* const* lines, const char* prefix, std::size_t length) no
     return -1;
 }
 
+// Returns the index of the first line with `key`, or -1.
+int takeKeyLine(OldLines lines, const char* key) noexcept {
+    const int index = indexOfPrefix(lines.get(), key, kKeyLength);
+    if (index >= 0) {
+        lines.take(index);
+    }
+    return index;
+}
+
 } // namespace
 
-const char* suche_paramter(char* const* lines, const char* key) noexcept {
-    const int index = indexOfPrefix(lines, key, kKeyLength);
+const char* suche_paramter(OldLines lines, const char* key) noexcept {
+    const int index = takeKeyLine(lines, key);
     return index < 0 ? nullptr : lines[index];
 }
 
@@ -29,19 +38,19 @@ int gibIndex_tdb(char* const* lines, const char* key) noexcept {
     return indexOfPrefix(lines, key, std::strlen(key));
 }
 
-BlockRange findBlock(char* const* lines, const char* key) noexcept {
-    const int keyIndex = indexOfPrefix(lines, key, kKeyLength);
+BlockRange findBlock(OldLines lines, const char* key) noexcept {
+    const int keyIndex = takeKeyLine(lines, key);
     if (keyIndex < 0) {
         return {};
     }
     BlockRange block{keyIndex + 1, keyIndex + 1};
     while (lines[block.end] != nullptr && !isKeyLine(lines[block.end])) {
-        ++block.end;
+        lines.take(block.end++);
     }
     return block;
 }
 
-char** suche_blk(char* const* lines, const char* key) noexcept {
+char** suche_blk(OldLines lines, const char* key) noexcept {
     const BlockRange block = findBlock(lines, key);
     if (block.first == block.end) {
         return nullptr;

@@ -1,10 +1,12 @@
 #pragma once
 
-/// Lookups in the decoded lines of an old file (a `CharFeld`; null has no lines). Each takes linear
-/// time.
+#include "update/OldLines.h"
+
+/// Lookups in the lines of an old file. Each takes linear time. All but gibIndex_tdb are those of
+/// converters: what they find counts as taken over.
 
 /// The first line whose first 8 characters equal those of `key`, or null. Not owned.
-[[nodiscard]] const char* suche_paramter(char* const* lines, const char* key) noexcept;
+[[nodiscard]] const char* suche_paramter(OldLines lines, const char* key) noexcept;
 
 /// The index of the first line that begins with all of `key`, or -1.
 [[nodiscard]] int gibIndex_tdb(char* const* lines, const char* key) noexcept;
@@ -16,8 +18,8 @@ struct BlockRange {
 };
 
 /// The block of the first line with `key`: the lines behind it up to the next key line.
-[[nodiscard]] BlockRange findBlock(char* const* lines, const char* key) noexcept;
+[[nodiscard]] BlockRange findBlock(OldLines lines, const char* key) noexcept;
 
 /// A copy of the lines of findBlock as a new `CharFeld`, or null when there are none or, after a
 /// message on standard error, when memory is exhausted.
-[[nodiscard]] char** suche_blk(char* const* lines, const char* key) noexcept;
+[[nodiscard]] char** suche_blk(OldLines lines, const char* key) noexcept;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "paramfile/HeapText.h"
+#include "softCommon/HeapText.h"
 
 #include <cstddef>
 

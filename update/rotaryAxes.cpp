@@ -1,10 +1,11 @@
 #include "update/rotaryAxes.h"
 
-#include "update/LineCollector.h"
 #include "update/oldFileLookups.h"
 #include "update/oldLine.h"
 
+#include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace {
 
@@ -52,6 +53,13 @@ constexpr ClassLists kClassLists[] = {
     {"NC_AXIS_ON_TABLE_HEAD_MACHINES", {&kTable1, &kHead1}},
 };
 
+std::span<const char* const> oldRotaryKeys(long kind) noexcept {
+    if (kind < 1 || kind > kKinds) {
+        return {};
+    }
+    return kOldKeys[kind - 1];
+}
+
 std::span<const char* const> newRotaryKeys(int axis, const char* className) noexcept {
     for (const ClassLists& row : kClassLists) {
         if ((axis == 1 || axis == 2) && std::strcmp(row.className, className) == 0) {
@@ -62,9 +70,7 @@ std::span<const char* const> newRotaryKeys(int axis, const char* className) noex
 }
 
 int copyKeys(std::span<const char* const> list, int flag, RotaryKeys& keys, int& count) noexcept {
-    for (HeapText& key : keys) {
-        key.reset();
-    }
+    keys = {};
     count = flag == 1 ? 9 : 8;
     if (list.empty()) {
         return 0;
@@ -81,13 +87,6 @@ int copyKeys(std::span<const char* const> list, int flag, RotaryKeys& keys, int&
 
 } // namespace
 
-std::span<const char* const> oldRotaryKeys(long kind) noexcept {
-    if (kind < 1 || kind > kKinds) {
-        return {};
-    }
-    return kOldKeys[kind - 1];
-}
-
 int setzeKennerAlt(long kind, int flag, RotaryKeys& keys, int& count) noexcept {
     return copyKeys(oldRotaryKeys(kind), flag, keys, count);
 }
@@ -97,23 +96,24 @@ int setzeKennerNeu(int axis, const char* className, int flag, RotaryKeys& keys,
     return copyKeys(newRotaryKeys(axis, className), flag, keys, count);
 }
 
-char** setzeRotAchseUm(char** out, char* const* lines, RotaryKeys& oldKeys, RotaryKeys& newKeys,
-                       int count) noexcept {
-    LineCollector section(out);
+LineCollector setzeRotAchseUm(LineCollector out, OldLines lines, RotaryKeys& oldKeys,
+                              RotaryKeys& newKeys, int count) noexcept {
     if (oldKeys[0] != nullptr && newKeys[0] != nullptr) {
-        section.add(newKeys[0].get());
-        section.add(oldKeys[0].get());
-        for (std::size_t i = 1; i < static_cast<std::size_t>(count); ++i) {
+        out.add(newKeys[0].get());
+        out.add(oldKeys[0].get());
+        const auto end = static_cast<std::size_t>(std::clamp<int>(count, 0, kRotaryKeys));
+        for (std::size_t i = 1; i < end; ++i) {
+            if (oldKeys[i] == nullptr || newKeys[i] == nullptr) {
+                continue; // the ninth entry, of sets with different flags
+            }
             const char* const line = suche_paramter(lines, oldKeys[i].get());
             if (line != nullptr) {
-                section.add(newKeys[i].get());
-                section.add(trimmedColumns(line, kSeparatorColumn));
+                out.add(newKeys[i].get());
+                out.add(trimmedColumns(line, kSeparatorColumn));
             }
         }
     }
-    for (std::size_t i = 0; i < kRotaryKeys; ++i) {
-        oldKeys[i].reset();
-        newKeys[i].reset();
-    }
-    return section.release();
+    oldKeys = {};
+    newKeys = {};
+    return out;
 }

@@ -12,6 +12,6 @@ HeapText addressText(const KeyMapping& /*mapping*/, const char* line) noexcept {
 
 } // namespace
 
-char** setzeAdrUm(char** lines, std::FILE* /*msg*/) noexcept {
+char** setzeAdrUm(OldLines lines, std::FILE* /*msg*/) noexcept {
     return valueSection("##### Address Section", lines, addressKeys(), addressText);
 }

@@ -1,16 +1,15 @@
 #include "update/LineCollector.h"
 #include "update/oldLine.h"
 #include "update/sectionConverters.h"
-#include "update/takenLines.h"
 
 namespace {
 
-bool hasLostBlockLine(char* const* lines, const bool* taken) noexcept {
+bool hasLostBlockLine(OldLines lines) noexcept {
     bool isBelowKey = false;
     for (int i = 0; lines[i] != nullptr; ++i) {
         if (isKeyLine(lines[i])) {
             isBelowKey = true;
-        } else if (isBelowKey && !taken[i]) {
+        } else if (isBelowKey && !lines.isTaken(i)) {
             return true;
         }
     }
@@ -19,12 +18,8 @@ bool hasLostBlockLine(char* const* lines, const bool* taken) noexcept {
 
 } // namespace
 
-char** setzeBlkUm(char** lines, std::FILE* msg) noexcept {
-    const std::unique_ptr<bool[]> taken = takenLines(lines);
-    if (taken == nullptr) {
-        return nullptr;
-    }
-    if (hasLostBlockLine(lines, taken.get())) {
+char** setzeBlkUm(OldLines lines, std::FILE* msg) noexcept {
+    if (msg != nullptr && hasLostBlockLine(lines)) {
         std::fputs("Macros must be redefined! No automatic update possible!\n", msg);
     }
     LineCollector section;

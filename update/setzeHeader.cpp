@@ -1,7 +1,7 @@
 #include "update/LineCollector.h"
 #include "update/sectionConverters.h"
 
-char** setzeHeader(char** /*lines*/, std::FILE* /*msg*/) noexcept {
+char** setzeHeader(OldLines /*lines*/, std::FILE* /*msg*/) noexcept {
     LineCollector header;
     for (const char* const line : {"##### Header", "#FILE:       UNCODED", "#VERSION:    V1R5",
                                    "#DATE:       04/01/2001 ", "#CREATED BY: VORAX"}) {

@@ -45,6 +45,6 @@ HeapText integerValue(const KeyMapping& mapping, const char* line) noexcept {
 
 } // namespace
 
-char** setzeIntUm(char** lines, std::FILE* /*msg*/) noexcept {
+char** setzeIntUm(OldLines lines, std::FILE* /*msg*/) noexcept {
     return valueSection("##### Integer Section", lines, integerKeys(), integerValue);
 }

@@ -1,7 +1,7 @@
 #include "update/LineCollector.h"
 #include "update/sectionConverters.h"
 
-char** setzeMacUm(char** /*lines*/, std::FILE* /*msg*/) noexcept {
+char** setzeMacUm(OldLines /*lines*/, std::FILE* /*msg*/) noexcept {
     LineCollector section;
     section.add("##### Macro Section");
     return section.release();

@@ -2,6 +2,6 @@
 #include "update/keyTables.h"
 #include "update/sectionConverters.h"
 
-char** setzeR8Um(char** lines, std::FILE* /*msg*/) noexcept {
+char** setzeR8Um(OldLines lines, std::FILE* /*msg*/) noexcept {
     return valueSection("##### Real Section", lines, realKeys(), valueField);
 }

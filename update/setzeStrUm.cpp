@@ -2,6 +2,6 @@
 #include "update/keyTables.h"
 #include "update/sectionConverters.h"
 
-char** setzeStrUm(char** lines, std::FILE* /*msg*/) noexcept {
+char** setzeStrUm(OldLines lines, std::FILE* /*msg*/) noexcept {
     return valueSection("##### String Section", lines, stringKeys(), valueField);
 }

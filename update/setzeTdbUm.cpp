@@ -9,6 +9,7 @@
 #include "update/versionCopy.h"
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -18,18 +19,19 @@ HeapText machineValue(const KeyMapping& /*mapping*/, const char* line) noexcept 
     return trimmedColumns(line, kSeparatorColumn);
 }
 
-char** addAxis(char** out, char* const* lines, int axis, const char* kindKey, const char* className,
-               int flag) noexcept {
-    CharFeldOwner owned(out);
+// Returns false when memory is exhausted.
+bool addAxis(LineCollector& section, OldLines lines, int axis, const char* kindKey,
+             const char* className, int flag) noexcept {
     const long kind = integerFromColumn(suche_paramter(lines, kindKey), kSeparatorColumn);
     RotaryKeys oldKeys;
     RotaryKeys newKeys;
     int count = 0;
     if (setzeKennerAlt(kind, flag, oldKeys, count) != 0 ||
         setzeKennerNeu(axis, className, flag, newKeys, count) != 0) {
-        return nullptr;
+        return false;
     }
-    return setzeRotAchseUm(owned.release(), lines, oldKeys, newKeys, count);
+    section = setzeRotAchseUm(std::move(section), lines, oldKeys, newKeys, count);
+    return true;
 }
 
 bool isFlipKey(const char* line, const DirectionFlip& flip) noexcept {
@@ -67,28 +69,29 @@ void flipDirections(char** section, const MachineType& type) noexcept {
     endProcess({.kind = ProcessEnd::Kind::kExit, .status = kUndefinedMachineStatus});
 }
 
-char** addRotaryAxes(char** out, char* const* lines, const MachineType& type) noexcept {
+// Returns false when memory is exhausted.
+bool addRotaryAxes(LineCollector& section, OldLines lines, const MachineType& type) noexcept {
     const MachineClass& machine = *type.machineClass;
     // The nutator belongs to the first axis alone.
-    char** grown = addAxis(out, lines, 1, kFirstAxisKey, machine.name, type.nutatorFlag);
-    if (grown != nullptr) {
-        grown = addAxis(grown, lines, 2, kSecondAxisKey, machine.name, 0);
+    if (!addAxis(section, lines, 1, "*5XKRDAA", machine.name, type.nutatorFlag) ||
+        !addAxis(section, lines, 2, "*5XKRDUA", machine.name, 0)) {
+        return false;
     }
-    LineCollector section(grown);
     if (machine.axisPriority != nullptr) {
         section.add("MFG_AXIS_PRIORITY");
         section.add(machine.axisPriority);
     }
-    return section.release();
+    return true;
 }
 
 } // namespace
 
-char** setzeTdbUm(char** lines, std::FILE* /*msg*/) {
+char** setzeTdbUm(OldLines lines, std::FILE* /*msg*/) {
     const MachineType* const type = findMachineType(lines);
     if (type == nullptr) {
         endOnUndefinedMachine();
     }
+    (void)suche_paramter(lines, "*VERSION"); // known, but of no use
     if (versionCopy(lines) != 0) {
         return nullptr;
     }
@@ -97,12 +100,12 @@ char** setzeTdbUm(char** lines, std::FILE* /*msg*/) {
     section.add("MFG_CLASS_NAME");
     section.add(type->machineClass->name);
     convertValues(lines, machineKeys(), machineValue, section);
-    char** result = section.release();
-    if (result != nullptr && type->machineClass->hasRotaryAxes) {
-        result = addRotaryAxes(result, lines, *type);
-        if (result != nullptr) {
-            flipDirections(result, *type);
-        }
+    if (type->machineClass->hasRotaryAxes && !addRotaryAxes(section, lines, *type)) {
+        return nullptr;
+    }
+    char** const result = section.release();
+    if (result != nullptr) {
+        flipDirections(result, *type);
     }
     return result;
 }

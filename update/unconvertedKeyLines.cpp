@@ -1,37 +1,49 @@
 #include "update/unconvertedKeyLines.h"
 
+#include "paramfile/vxveh.h"
+#include "softCommon/CStringUtil/fixedField.h"
 #include "update/LineCollector.h"
 #include "update/oldLine.h"
-#include "update/takenLines.h"
-#include "update/versionCopy.h"
+#include "update/sections.h"
 
+#include <array>
 #include <cstring>
+#include <new>
 
 namespace {
 
-CharFeldOwner copyOf(char* const* lines) noexcept {
-    LineCollector copy;
+// With the blanks that liesPP leaves: a machine type of blanks is one.
+CharFeldOwner wholeLines(char* const* lines) noexcept {
+    LineCollector copies;
     for (; *lines != nullptr; ++lines) {
-        copy.add(*lines);
+        std::array<char, kOldLineLength + 1> line{};
+        s2fcpy(line.data(), *lines, kOldLineLength);
+        copies.add(line.data());
     }
-    return CharFeldOwner(copy.release());
+    return CharFeldOwner(copies.release());
+}
+
+bool sameValues(const char* left, const char* right) noexcept {
+    return std::strcmp(textFromColumn(left, kSeparatorColumn),
+                       textFromColumn(right, kSeparatorColumn)) == 0;
 }
 
 } // namespace
 
-std::unique_ptr<bool[]> unconvertedKeyLines(char* const* lines) noexcept {
-    const CharFeldOwner renamed = copyOf(lines);
-    if (renamed == nullptr || versionCopy(renamed.get()) != 0) {
+std::unique_ptr<bool[]> unconvertedKeyLines(char* const* lines) {
+    const CharFeldOwner copy = wholeLines(lines);
+    const std::unique_ptr<LineMark[]> marks = newLineMarks(lines);
+    const auto count = static_cast<std::size_t>(sizeofCharFeld(lines));
+    std::unique_ptr<bool[]> isLost(new (std::nothrow) bool[count + 1]());
+    Sections sections; // of no use here: the marks are what is wanted
+    if (copy == nullptr || marks == nullptr || isLost == nullptr ||
+        convertSections({copy.get(), marks.get()}, nullptr, sections) != 0) {
         return nullptr;
     }
-    std::unique_ptr<bool[]> marks = takenLines(renamed.get());
-    if (marks == nullptr) {
-        return nullptr;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto& [isTaken, source] = marks[i];
+        const bool isReplaced = source >= 0 && !sameValues(lines[i], lines[source]);
+        isLost[i] = isKeyLine(lines[i]) && (isReplaced || !isTaken);
     }
-    for (std::size_t i = 0; lines[i] != nullptr; ++i) {
-        const char* const current = renamed.get()[i];
-        const bool isReplaced = hasKey(lines[i], current) && std::strcmp(lines[i], current) != 0;
-        marks[i] = isKeyLine(lines[i]) && (isReplaced || !marks[i]);
-    }
-    return marks;
+    return isLost;
 }

@@ -1,32 +1,9 @@
 #include "update/updatePP.h"
 
-#include "softCommon/CStringUtil/CharFeld.h"
 #include "update/liesPP.h"
-#include "update/sectionConverters.h"
-
-#include <array>
-#include <iterator>
+#include "update/sections.h"
 
 namespace {
-
-// In the order of the sections in the file. The tool-machine converter renames keys that later ones
-// look for, so it runs before them.
-constexpr SectionConverter kConverters[] = {
-    setzeHeader, setzeTdbUm, setzeAdrUm, setzeStrUm, setzeIntUm,
-    setzeR8Um,   setzeCycUm, setzeBlkUm, setzeMacUm,
-};
-
-using Sections = std::array<CharFeldOwner, std::size(kConverters)>;
-
-bool convertSections(char** oldLines, Sections& sections) {
-    for (std::size_t i = 0; i < sections.size(); ++i) {
-        sections[i].reset(kConverters[i](oldLines, stderr));
-        if (sections[i] == nullptr) {
-            return false;
-        }
-    }
-    return true;
-}
 
 bool writeSections(const Sections& sections, std::FILE* out) noexcept {
     for (const CharFeldOwner& section : sections) {
@@ -52,8 +29,9 @@ int updatePP(std::FILE* in, std::FILE* out) {
         return kUpdateUnreadable;
     }
     // Nothing is written before everything is converted.
+    const std::unique_ptr<LineMark[]> marks = newLineMarks(oldLines.get());
     Sections sections;
-    if (!convertSections(oldLines.get(), sections)) {
+    if (marks == nullptr || convertSections({oldLines.get(), marks.get()}, stderr, sections) != 0) {
         return kUpdateNoMemory;
     }
     if (!writeSections(sections, out)) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "include/quillmark_messages.h" // stddbg
+#include "include/quillmark_trace.h" // stddbg
 
 #include <array>
 #include <cstdint>

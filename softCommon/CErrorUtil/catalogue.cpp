@@ -2,10 +2,10 @@
 
 #include "softCommon/CDebugUtil/dbtrace.h"
 #include "softCommon/CErrorUtil/catalogueHooks.h"
-#include "softCommon/CErrorUtil/heapString.h"
 #include "softCommon/CErrorUtil/messageFile.h"
 #include "softCommon/CStringUtil/fixedField.h"
 #include "softCommon/CStringUtil/string_mani.h"
+#include "softCommon/HeapText.h"
 
 #include <cstring>
 
@@ -27,7 +27,7 @@ struct FieldText {
 };
 
 // Appends a line and a newline; false when memory is exhausted.
-bool appendLine(HeapString& text, const char* line) noexcept {
+bool appendLine(HeapText& text, const char* line) noexcept {
     const std::size_t length = std::strlen(text.get());
     char* const grown =
         static_cast<char*>(std::realloc(text.get(), length + std::strlen(line) + sizeof "\n"));
@@ -42,8 +42,8 @@ bool appendLine(HeapString& text, const char* line) noexcept {
 }
 
 // The non-blank lines joined by newlines; what there is so far, with a code, without memory.
-HeapString joinLines(const MessageLine (&fields)[kMessageLines], std::int32_t& rc) noexcept {
-    HeapString text(static_cast<char*>(std::calloc(1, 1)));
+HeapText joinLines(const MessageLine (&fields)[kMessageLines], std::int32_t& rc) noexcept {
+    HeapText text(static_cast<char*>(std::calloc(1, 1)));
     if (text == nullptr) {
         std::perror("CatGetLongMessag (malloc)");
         rc = kAllocationFailed;
@@ -109,7 +109,7 @@ char* CatGetLongMessage(std::int32_t msgnr) noexcept {
     if (lines > 0) {
         severityLevel = severity;
     }
-    HeapString text = joinLines(fields, rc);
+    HeapText text = joinLines(fields, rc);
     reportError("CatGetLongMessage", rc);
     return text.release();
 }

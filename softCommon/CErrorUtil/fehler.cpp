@@ -1,8 +1,8 @@
 #include "include/quillmark_messages.h"
 
 #include "softCommon/CDebugUtil/dbtrace.h"
-#include "softCommon/CErrorUtil/heapString.h"
 #include "softCommon/CErrorUtil/processEnd.h"
+#include "softCommon/HeapText.h"
 
 std::jmp_buf* p_dllExitJump = nullptr;
 MessageOutput pf_foutput = nullptr;
@@ -11,7 +11,7 @@ MessageOutput pf_fstack = nullptr;
 namespace {
 
 void printMessage(std::int32_t msgnr) {
-    HeapString text(CatGetLongMessage(msgnr));
+    HeapText text(CatGetLongMessage(msgnr));
     if (text != nullptr && *text == '\0') {
         text.reset(CatGetShortMessage(msgnr));
     }

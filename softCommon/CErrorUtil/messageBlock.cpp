@@ -2,7 +2,7 @@
 
 #include "include/quillmark_messages.h"
 #include "softCommon/CDebugUtil/dbtrace.h"
-#include "softCommon/CErrorUtil/heapString.h"
+#include "softCommon/HeapText.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ int fehler_output_default(std::int32_t severity, std::int32_t msgnr, const char*
 
 void gilerr(std::int32_t msgnr) noexcept {
     printRule();
-    HeapString text(CatGetLongMessage(msgnr));
+    HeapText text(CatGetLongMessage(msgnr));
     if (text == nullptr) {
         text.reset(CatGetShortMessage(msgnr));
     }

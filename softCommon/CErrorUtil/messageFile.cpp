@@ -3,11 +3,11 @@
 #include "include/quillmark_messages.h"
 #include "softCommon/CDebugUtil/dbtrace.h"
 #include "softCommon/CErrorUtil/ersetzeFehlerVariablen.h"
-#include "softCommon/CErrorUtil/heapString.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/fixedField.h"
 #include "softCommon/CStringUtil/numberText.h"
 #include "softCommon/CStringUtil/string_mani.h"
+#include "softCommon/HeapText.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -104,7 +104,7 @@ std::int32_t readLongText(std::int32_t msgnr, std::int32_t& severity, std::int32
 
 // Returns 0, or 1 after a line on the trace stream.
 std::int32_t openMessageFile(const char* field, int length) noexcept {
-    const HeapString name(s2ccpy(field, length));
+    const HeapText name(s2ccpy(field, length));
     string_mani(1, name.get());
     if (errorFile != nullptr) {
         (void)std::fclose(errorFile);

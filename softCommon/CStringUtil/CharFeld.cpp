@@ -1,12 +1,14 @@
 #include "softCommon/CStringUtil/CharFeld.h"
 
+#include "softCommon/CStringUtil/arrayGrowth.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 
 namespace {
 
-constexpr std::size_t kFirstCapacity = 255;
+constexpr std::size_t kFirstIncrement = 256;
 constexpr std::size_t kFirstLineBuffer = 256;
 
 // A growable line of bytes; `add` is false when memory is exhausted.
@@ -53,10 +55,6 @@ void reportFailedRead(const char* call) noexcept {
     errno = ENOMEM;
 }
 
-char** resizedArray(char** array, std::size_t slots) noexcept {
-    return static_cast<char**>(std::realloc(array, slots * sizeof(char*)));
-}
-
 } // namespace
 
 char** addCharFeld_internal(char** array, int* count, const char* string, int increment) noexcept {
@@ -64,19 +62,13 @@ char** addCharFeld_internal(char** array, int* count, const char* string, int in
     const int entries = countIsKnown ? *count : sizeofCharFeld(array);
 
     char* const copy = strdup(string);
-    char** grown = array;
-    const char* failedCall = "malloc";
-    if (copy == nullptr) {
-        grown = nullptr;
-    } else if (entries == 0) {
-        grown = resizedArray(nullptr, static_cast<std::size_t>(increment) + 1);
-    } else if ((entries + 1) % increment == 0) {
-        failedCall = "realloc";
-        grown = resizedArray(array, static_cast<std::size_t>(entries) +
-                                        static_cast<std::size_t>(increment) + 1);
-    }
+    char** const grown = copy == nullptr ? nullptr
+                                         : withRoomForOne(entries == 0 ? nullptr : array,
+                                                          static_cast<std::size_t>(entries),
+                                                          static_cast<std::size_t>(increment));
     if (grown == nullptr) {
-        std::fprintf(stderr, "addCharFeld: FATAL - %s failed!\n", failedCall);
+        std::fprintf(stderr, "addCharFeld: FATAL - %s failed!\n",
+                     copy == nullptr || entries == 0 ? "malloc" : "realloc");
         std::free(copy);
         if (entries > 0) {
             freeCharFeld(array);
@@ -104,8 +96,8 @@ char** addCharFeld200(char** array, int* count, const char* string) noexcept {
 }
 
 char** fp2CharFeld(std::FILE* file) noexcept {
-    std::size_t capacity = kFirstCapacity;
-    char** array = resizedArray(nullptr, capacity + 1);
+    std::size_t increment = kFirstIncrement;
+    char** array = withRoomForOne(nullptr, 0, increment);
     if (array == nullptr) {
         reportFailedRead("malloc");
         return nullptr;
@@ -129,16 +121,15 @@ char** fp2CharFeld(std::FILE* file) noexcept {
         if (byte == EOF && line.empty()) {
             return array;
         }
-        if (lines == capacity) {
-            // Doubling keeps the reading of long files linear.
-            char** const larger = resizedArray(array, 2 * capacity + 1);
-            if (larger == nullptr) {
-                freeCharFeld(array);
-                reportFailedRead("realloc");
-                return nullptr;
-            }
-            array = larger;
-            capacity *= 2;
+        char** const roomy = withRoomForOne(array, lines, increment);
+        if (roomy == nullptr) {
+            freeCharFeld(array);
+            reportFailedRead("realloc");
+            return nullptr;
+        }
+        array = roomy;
+        if (lines + 1 == increment) {
+            increment *= 2; // keeps the reading of long files linear
         }
         char* const copy = line.takeCopy();
         if (copy == nullptr) {

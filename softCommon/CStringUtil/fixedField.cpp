@@ -1,6 +1,7 @@
 #include "softCommon/CStringUtil/fixedField.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 void s2fcpy(char* field, const char* source, unsigned width) noexcept {
@@ -12,9 +13,12 @@ void s2fcpy(char* field, const char* source, unsigned width) noexcept {
 }
 
 char* s2ccpy(const char* field, int width) noexcept {
-    char* const copy = width <= 0 ? strdup("") : strndup(field, static_cast<std::size_t>(width));
+    const auto size = width > 0 ? static_cast<std::size_t>(width) : 0;
+    auto* const copy = static_cast<char*>(std::calloc(size + 1, 1));
     if (copy == nullptr) {
         std::perror("s2ccpy");
+    } else if (size > 0) {
+        std::memcpy(copy, field, strnlen(field, size));
     }
     return copy;
 }

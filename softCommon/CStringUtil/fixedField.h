@@ -8,6 +8,7 @@
 void s2fcpy(char* field, const char* source, unsigned width) noexcept;
 
 /// Returns the first `width` characters of `field` (fewer when a NUL comes first) as a new heap
-/// string that the caller frees; trailing blanks are kept. A width of 0 or less gives an empty
+/// string that the caller frees; trailing blanks are kept. It always holds `width` + 1 bytes, the
+/// unused ones 0, so that the caller may fill the field. A width of 0 or less gives an empty
 /// string. Returns null after a message on standard error when memory is exhausted.
 [[nodiscard]] char* s2ccpy(const char* field, int width) noexcept;

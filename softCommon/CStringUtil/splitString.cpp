@@ -1,26 +1,18 @@
 #include "softCommon/CStringUtil/splitString.h"
 
 #include "softCommon/CStringUtil/CharFeld.h"
+#include "softCommon/CStringUtil/arrayGrowth.h"
 #include "softCommon/CStringUtil/string_mani.h"
+#include "softCommon/HeapText.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t kBlock = 20;
-
-struct FreeDeleter {
-    void operator()(void* memory) const noexcept { std::free(memory); }
-};
-using HeapText = std::unique_ptr<char, FreeDeleter>;
-
-char** allocateSlots(char** array, std::size_t slots) noexcept {
-    return static_cast<char**>(std::realloc(array, slots * sizeof(char*)));
-}
 
 char* trimmedField(const char* first, std::size_t length) noexcept {
     char* const field = strndup(first, length);
@@ -41,7 +33,7 @@ public:
     ~Fields() { freeCharFeld(m_array); }
 
     [[nodiscard]] bool allocate() noexcept {
-        m_array = allocateSlots(nullptr, kBlock);
+        m_array = withRoomForOne(nullptr, 0, kBlock);
         if (m_array == nullptr) {
             std::perror("splitString");
             return false;
@@ -53,16 +45,13 @@ public:
         if (field == nullptr) {
             return false;
         }
-        if (m_count + 1 == m_capacity) {
-            char** const larger = allocateSlots(m_array, m_capacity + kBlock);
-            if (larger == nullptr) {
-                std::perror("splitString");
-                std::free(field);
-                return false;
-            }
-            m_array = larger;
-            m_capacity += kBlock;
+        char** const roomy = withRoomForOne(m_array, m_count, kBlock);
+        if (roomy == nullptr) {
+            std::perror("splitString");
+            std::free(field);
+            return false;
         }
+        m_array = roomy;
         m_array[m_count++] = field;
         m_array[m_count] = nullptr;
         return true;
@@ -75,7 +64,6 @@ public:
 private:
     char** m_array = nullptr;
     std::size_t m_count = 0;
-    std::size_t m_capacity = kBlock;
 };
 
 } // namespace
@@ -127,21 +115,17 @@ char** splitString(const char* string, const char* separators, int separatorCoun
 
 char** add_splitStringArray(char** array, const char* string, int* count) noexcept {
     char* const copy = strdup(string);
-    const int grownCount = *count + 1;
-    char** grown = array;
-    if (copy != nullptr && (array == nullptr || grownCount % static_cast<int>(kBlock) == 0)) {
-        grown = allocateSlots(array, static_cast<std::size_t>(grownCount) + kBlock);
-    }
-    if (copy == nullptr || grown == nullptr) {
+    char** const grown =
+        copy == nullptr ? nullptr : withRoomForOne(array, static_cast<std::size_t>(*count), kBlock);
+    if (grown == nullptr) {
         std::perror("lokString");
         std::free(copy);
         free_splitStringArray(array, *count);
         *count = 0;
         return nullptr;
     }
-    *count = grownCount;
-    grown[grownCount - 1] = copy;
-    grown[grownCount] = nullptr;
+    grown[(*count)++] = copy;
+    grown[*count] = nullptr;
     return grown;
 }
 

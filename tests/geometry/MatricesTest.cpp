@@ -57,7 +57,14 @@ TEST(Transformations, MovePointsAsRows) {
     EXPECT_EQ((EMatrix4 * 2.0).transform({1, 2, 3}), gmVector3(2, 4, 6));
     const gmMatrix3 planeMove = gmMatrix3::translate(1, 2), planeTurn = gmMatrix3::rotate(90);
     EXPECT_EQ((planeMove * planeTurn).transform({0, 0}), gmVector2(-2, 1));
-    EXPECT_EQ(gmMatrix3(0, 1, 2, 3, 4, 5, 6, 7, 8)[1], gmVector3(3, 4, 5));
+    EXPECT_EQ((planeMove * gmMatrix3::scale(2, 3)).transform({1, 1}), gmVector2(4, 9));
+    const gmMatrix3 plane = gmMatrix3().assign(0, 1, 2, 3, 4, 5, 6, 7, 8);
+    const gmMatrix4 space =
+        gmMatrix4().assign(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_EQ(space[i / 4][i % 4], i);
+        EXPECT_TRUE(i > 8 || plane[i / 3][i % 3] == i) << i;
+    }
 }
 
 TEST(SplineBases, EndAsTheirCurvesDo) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -30,7 +31,10 @@ TYPED_TEST(EveryVector, ComputesComparesAndChecksEveryElement) {
         other[i] += 1e-10;
         EXPECT_TRUE(one != other && !(one == other)) << i;
     }
-    EXPECT_NE(endOf([&] { one[size] = 0.0; }).expression, nullptr);
+    for (const int index : {-1, size}) {
+        EXPECT_NE(endOf([&] { one[index] = 0.0; }).expression, nullptr);
+        EXPECT_NE(endOf([&] { (void)std::as_const(one)[index]; }).expression, nullptr);
+    }
     EXPECT_STREQ(endOf([&] { (void)(one / -9.9e-11); }).expression, "!gmIsZero(c)");
     tiny[size - 1] = -9.9e-11;
     EXPECT_STREQ(endOf([&] { tiny.normalize(); }).expression, "!gmIsZero(len)");
@@ -42,8 +46,12 @@ TEST(Vectors, LengthNormalizeAndCross) {
     EXPECT_EQ(gmVector4(2, 4, 5, -6).length(), 9.0);
     EXPECT_EQ(gmVector3(0, 3, 4).normalize(), gmVector3(0, 0.6, 0.8));
     EXPECT_EQ(cross(gmVector3(1, 2, 3), gmVector3(4, 5, 7)), gmVector3(-1, 5, -3));
+    EXPECT_EQ(gmVector2().assign(1, 2), gmVector2(1, 2));
+    EXPECT_EQ(gmVector3().assign(1, 2, 3), gmVector3(1, 2, 3));
+    EXPECT_EQ(gmVector4().assign(1, 2, 3, 4), gmVector4(1, 2, 3, 4));
     EXPECT_FALSE(gmIsZero(1e-10)); // the two tests differ at the boundary
-    EXPECT_TRUE(gmFuzEQ(0.0, -1e-10));
+    EXPECT_TRUE(gmFuzEQ(0.0, -1e-10) && gmFuzEQ(0.0, 1e-10));
+    EXPECT_FALSE(gmFuzEQ(0.0, -1.01e-10) || gmFuzEQ(0.0, 1.01e-10));
 }
 
 } // namespace

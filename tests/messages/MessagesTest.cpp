@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <utility>
 
@@ -103,6 +104,8 @@ TEST_F(Messages, BlocksAreExact) {
     // Without text lines the short text stands in; its severity 0 takes the fatal one back.
     fehler(90003);
     EXPECT_EQ(traced(), kStub + block(90003, 0, ""));
+    fehler_output_default(3, 8, "its own severity");
+    EXPECT_EQ(traced(), block(8, 3, "its own severity"));
     // Other than CatStderrMessage, fehler knows no short text for an unknown number.
     CatStderrMessage(7);
     EXPECT_EQ(traced(), kRule + unknownLine(7) + kStub + "MSG.NR.:  7\n\nSEVERITY: 0\n" + kRule);
@@ -131,15 +134,19 @@ TEST_F(Messages, PrintersAreReplaceableAndMayReport) {
 
 TEST_F(Messages, MessageFileMustBeReadable) {
     useMessages("00001 4\n&old file\n");
+    const int oldFile = fileno(errorFile);
     setenv("QMMISSIN", "/no such folder/file", 1);
     const std::string rows[][3] = {
         {"NO  ", "Environmentvariable <NO> for Messagefile not defined!\n", "NO"},
         {"QMMISSINGFILE", "can't open file: <QMMISSIN>\n        QMMISSIN=/no such folder/file<\n",
          "QMMISSIN"}};
     for (const auto& [member, line, shown] : rows) {
+        std::jmp_buf earlier;
+        p_dllExitJump = &earlier; // is forgotten first
         EXPECT_EQ(endOf([&] { CatInitError(member.c_str()); }).status, 1);
+        EXPECT_THAT(traced(), HasSubstr("Program aborted.\n"));
         EXPECT_EQ(errorFile, nullptr);
-        traced();
+        EXPECT_EQ(fcntl(oldFile, F_GETFD), -1);
         // A printer that takes the severity back lets the code return.
         CatInitErrorFehlerFuncs([](int, int, const char*) { return severityLevel = 0; }, nullptr);
         EXPECT_EQ(CatInitError(member.c_str()), 1);

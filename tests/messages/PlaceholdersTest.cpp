@@ -1,10 +1,10 @@
 #include "softCommon/CErrorUtil/ersetzeFehlerVariablen.h"
 
 #include "include/quillmark_messages.h"
+#include "tests/support/cases.h"
 
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -22,13 +22,9 @@ TEST(Placeholders, AreReplacedByTheCurrentParameters) {
     CatSetErrPar(kMessageParLong, 42L, kMessageParLong, -7L, kMessageParDouble, 3.14159265,
                  kMessageParDouble, -1e300, kMessageParString, " pad ", kMessageParString, "", 0);
     // Only the first occurrence is replaced, and only what is set and is a name.
-    std::ifstream cases(QUILLMARK_PLACEHOLDERS);
-    int count = 0;
-    for (std::string line; std::getline(cases, line); ++count) {
-        const std::size_t arrow = line.find(" => ");
-        EXPECT_EQ(replaced(line.substr(0, arrow)), line.substr(arrow + 4));
+    for (const auto& [text, expected] : casesOf(QUILLMARK_PLACEHOLDERS, 14)) {
+        EXPECT_EQ(replaced(text), expected);
     }
-    EXPECT_EQ(count, 14);
     EXPECT_EQ(replaced("&R02(-+ #0200.60)", 500).size(), 363U);
     EXPECT_EQ(replaced("ab&I01cd", 6), "ab42c"); // ends with its NUL within the length
     EXPECT_EQ(replaced("abcdef&I01", 4), "abc");

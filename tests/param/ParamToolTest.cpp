@@ -1,10 +1,10 @@
 #include "tests/cli/ProgramTest.h"
+#include "tests/support/cases.h"
 #include "tests/support/convert.h"
 
 #include <array>
 #include <gmock/gmock.h>
 #include <initializer_list>
-#include <tuple>
 #include <utility>
 
 using testing::AnyOf;
@@ -106,33 +106,8 @@ TEST_F(ParamTool, RefusesWhatACommandCannotDo) {
     m_folder.write("byte255", kDialect + "\xFF\n");
     m_folder.write("big", std::string((64U << 20U) + 1, 'x'));
     ASSERT_EQ(shell("mkdir folder; ln -s loop loop; sed 4d coded >hexless").status, 0);
-    const std::pair<const char*, const char*> rows[] = {
-        {"encode coded x", "coded already"},
-        {"encode headless x", "nothing to code"},
-        {"encode old x", "not of the current format"},
-        {"encode byte255 x", "line <\xFF> can't be coded\n"},
-        {"encode onfirst onfirst", "decoding would not give back line 1\n"},
-        {"encode says x", "decoding would not give back line 2\n"},
-        {"encode-old a.pp x", "of the current format"},
-        {"encode-old long x", "line 2 cannot be coded\n"},
-        {"decode hexless x", "nothing to decode"},
-        {"update a.pp x", "of the current format already"},
-        {"decode missing x", "No such file"},
-        {"decode folder x", "Is a directory"},
-        {"decode coded folder", "Is a directory"},
-        {"decode coded loop", "Too many levels"},
-        {"decode coded missing/x", "No such file"},
-        {"decode coded /dev/full", "No space left"},
-        {"check a.pp >/dev/full", "No space left"},
-        {"decode coded - >&-", "cannot be written"},
-        {"decode coded /dev/stdout >&-", "cannot be written"},
-        {"--help >&-", "cannot be written"},
-        {"check - </dev/null", "'standard input': the file is empty"},
-        {"check /dev/zero", "line 1 holds a byte 0"},
-        {"check big", "more than 64 MiB"},
-    };
     const std::string before = shell("ls -A").out;
-    for (const auto& [call, message] : rows) {
+    for (const auto& [call, message] : casesOf(PARAM_DATA "refusals.txt", 23)) {
         const ProgramResult run = param(call);
         EXPECT_EQ(run.status, 1) << call;
         EXPECT_THAT(run.err, HasSubstr(message)) << call;
@@ -174,22 +149,11 @@ TEST_F(ParamTool, WritesItsOutputWholeWhereverItGoes) {
 }
 
 TEST_F(ParamTool, PresentsNoCorruptFileAsSuccess) {
-    // What makes the corrupt file, the code of the conversion, and the message.
-    const std::tuple<const char*, int, const char*> rows[] = {
-        {"sed 5d coded", 307, "Checksum-Error"},
-        {"sed '5s/.//' coded", 307, "can't be decoded"},
-        {"head -c -3 coded", 307, "can't be decoded"},
-        {"cat coded; echo text", 307, "line <text> can't be decoded"},
-        {"sed '1s/^5C/5D/' old", 306, "Checksum-Error"},
-        {"sed 2d old", 306, "can't be decoded"},
-        {"head -c -100 old", 306, "can't be decoded"},
-        {"cat oldtext", 306, "can't be decoded"},
-        {"head -c 10000000 /dev/zero | tr '\\0' A", 306, "too long"},
-        {"true", 302, "empty"},
-        {"printf 'a\\n'; head -c 5000 /dev/zero", 306, "line 2 holds a byte 0"},
-    };
-    for (const auto& [make, code, message] : rows) {
-        ASSERT_EQ(shell("{ " + std::string(make) + "; } >bad; ! cmp -s bad coded").status, 0);
+    // The code of the conversion and what makes the corrupt file, then the message.
+    for (const auto& [row, message] : casesOf(PARAM_DATA "corruptFiles.txt", 11)) {
+        const int code = std::stoi(row);
+        const std::string make = row.substr(4);
+        ASSERT_EQ(shell("{ " + make + "; } >bad; ! cmp -s bad coded").status, 0);
         for (const char* const call : {"decode bad x 2>&1", "update bad x 2>&1", "check bad"}) {
             const ProgramResult run = param(call);
             const std::string said = call[0] == 'c' ? run.err : run.out; // in order of printing

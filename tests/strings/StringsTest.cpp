@@ -7,14 +7,15 @@
 #include "softCommon/CStringUtil/string_mani.h"
 #include "softCommon/CStringUtil/vstrcat.h"
 #include "softCommon/FileOwner.h"
+#include "softCommon/HeapText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
+#include <malloc.h>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -34,10 +35,14 @@ std::vector<std::string> linesOf(const std::string& content) {
     return entries(lines.get());
 }
 
-std::vector<std::string> fieldsOf(const char* text, const char* separators) {
+// The fields of the text, and behind them `more` that are added.
+std::vector<std::string> fieldsOf(const char* text, const char* separators, int more = 0) {
     int count = -1;
-    char** const fields =
+    char** fields =
         splitString(text, separators, static_cast<int>(std::string(separators).size()), &count);
+    while (more-- > 0) {
+        fields = add_splitStringArray(fields, "more", &count);
+    }
     const std::vector<std::string> result = entries(fields);
     EXPECT_EQ(static_cast<std::size_t>(count), result.size());
     free_splitStringArray(fields, count);
@@ -77,8 +82,10 @@ TEST(CharFeld, GrowsByEachIncrementAndKeepsCount) {
 TEST(CharFeld, ReadsLinesOfAnyLengthAndNumber) {
     EXPECT_THAT(linesOf("a\r\n\nb"), ElementsAre("a\r", "", "b"));
     EXPECT_THAT(linesOf(""), IsEmpty());
-    const std::string longLine(100'000, 'x');
-    EXPECT_THAT(linesOf(longLine + "\ny"), ElementsAre(longLine, "y"));
+    for (const std::size_t length : {255U, 256U, 257U, 100'000U}) { // the first buffer holds 256
+        const std::string line(length, 'x');
+        EXPECT_THAT(linesOf(line + "\ny\n" + line), ElementsAre(line, "y", line));
+    }
     EXPECT_THAT(linesOf(std::string(5000, '\n') + "b"), AllOf(SizeIs(5001), Contains("b")));
 }
 
@@ -95,12 +102,14 @@ TEST(SplitString, TrimsFieldsAndKeepsEmptyOnes) {
     EXPECT_THAT(fieldsOf("a,b", ",,"), ElementsAre("a", "", "b", ""));
     EXPECT_THAT(fieldsOf("", ","), IsEmpty());
     EXPECT_THAT(fieldsOf("   ", ","), IsEmpty());
-    EXPECT_EQ(fieldsOf(std::string(99, ',').c_str(), ",").size(), 100U);
+    for (int fields = 1; fields <= 100; ++fields) { // arrays of every size grow where they must
+        EXPECT_THAT(fieldsOf(std::string(fields - 1, ',').append("x").c_str(), ",", 22),
+                    AllOf(SizeIs(fields + 22), Contains("more").Times(22)));
+    }
 }
 
 TEST(SmallStrings, JoinCompareAndStrip) {
-    const std::unique_ptr<char, decltype(&std::free)> joined(vstrcat("a", "", "bc", nullptr),
-                                                             std::free);
+    const HeapText joined(vstrcat("a", "", "bc", nullptr));
     EXPECT_STREQ(joined.get(), "abc");
     EXPECT_EQ(vstrcat(nullptr, "x", nullptr), nullptr);
     EXPECT_LT(stricmp("ab", "ABC"), 0);
@@ -120,8 +129,12 @@ TEST(FixedField, IsPaddedAndCut) {
     EXPECT_STREQ(field, "ABCDE");
     s2fcpy(field, nullptr, 5);
     EXPECT_STREQ(field, "     ");
-    const std::unique_ptr<char, decltype(&std::free)> text(s2ccpy("AB   rest", 5), std::free);
-    EXPECT_STREQ(text.get(), "AB   ");
+    for (const auto& [from, width, expected] :
+         {std::tuple("AB   rest", 5U, "AB   "), {"AB\0rest", 200U, "AB"}, {"AB", 0U, ""}}) {
+        const HeapText text(s2ccpy(from, static_cast<int>(width)));
+        EXPECT_STREQ(text.get(), expected);
+        EXPECT_GT(malloc_usable_size(text.get()), width); // the caller may fill the field
+    }
 }
 
 TEST(NumberText, ClampsIntegers) {

@@ -1,7 +1,9 @@
 #include "tests/charFeldTexts.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/cases.h"
 #include "tests/support/endOf.h"
 #include "update/oldFileLookups.h"
+#include "update/rotaryAxes.h"
 #include "update/sectionConverters.h"
 #include "update/unconvertedKeyLines.h"
 #include "update/updatePP.h"
@@ -140,30 +142,40 @@ TEST(Sections, ConvertEveryMachineType) {
 }
 
 TEST(Sections, FollowTheOldFileAndItsOddRules) {
-    const std::map<std::string, SectionConverter> converters = {
-        {"tdb", setzeTdbUm}, {"str", setzeStrUm}, {"int", setzeIntUm}, {"r8", setzeR8Um},
-        {"adr", setzeAdrUm}, {"blk", setzeBlkUm}, {"lost", setzeBlkUm}};
-    std::string name, old;
-    int cases = 0;
-    for (const std::string& line : linesOf("oddRules.txt")) {
-        const std::size_t blank = std::min(line.find(' '), line.size() - 1);
-        if (line[0] == '>') {
-            CaptureStderr();
-            Texts section = converted(converters.at(name), split(old));
-            EXPECT_EQ(GetCapturedStderr(), name == "lost" ? kMacros : "") << old;
-            ASSERT_FALSE(section.empty());
-            section.erase(section.begin());
-            EXPECT_EQ(section, split(line.substr(blank + 1))) << old;
-            ++cases;
+    const std::map<std::string, SectionConverter> converters = {{"tdb", setzeTdbUm},
+                                                                {"str", setzeStrUm},
+                                                                {"int", setzeIntUm},
+                                                                {"r8", setzeR8Um},
+                                                                {"adr", setzeAdrUm}};
+    for (const auto& [row, expected] : casesOf(UPDATE_DATA "oddRules.txt", 19)) {
+        const std::size_t blank = row.find(' ');
+        const std::string name = row.substr(0, blank), old = row.substr(blank + 1);
+        if (name == "blk") {
+            const Texts lines = split(old + "|*5XGABEL 0");
+            EXPECT_EQ(update(coded(lines)).errors, expected == "lost" ? kMacros : "") << old;
+        } else {
+            const Texts section = converted(converters.at(name), split(old));
+            ASSERT_FALSE(section.empty()) << old;
+            EXPECT_EQ(Texts(section.begin() + 1, section.end()), split(expected)) << old;
         }
-        name = line.substr(0, blank);
-        old = line.substr(blank + 1);
     }
-    EXPECT_EQ(cases, 16);
-    const Texts cycles =
-        converted(setzeCycUm, split("*CYCMKOO 3|*CYCBH02|*CYCPK02|*CYCPL02|l1|l2"));
+    const Texts cycles = converted(
+        setzeCycUm, split("*CYCMKOO3|*CYCBH02|*CYCAP02x y|*CYCLK024|*CYCPK02|*CYCPL02|l1|l2"));
     ASSERT_EQ(cycles.size(), 1U + 34U * 5U + 6U);
-    EXPECT_EQ(Texts(cycles.begin() + 6, cycles.begin() + 12), split("CYCLE_02||0,1,3,0|l1|l2||"));
+    EXPECT_EQ(Texts(cycles.begin() + 6, cycles.begin() + 12),
+              split("CYCLE_02|x y|0,4,3,0|l1|l2||"));
+}
+
+TEST(RotaryAxes, LeaveOutWhatOneOfTheKeySetsLacks) {
+    const CharFeldOwner lines = fieldOf({"*5XAL2MN -1", "*5XNUT01 45"});
+    for (const int flag : {0, 1}) {
+        RotaryKeys oldKeys, newKeys;
+        int count = 0;
+        EXPECT_EQ(setzeKennerAlt(2, flag, oldKeys, count), 0);
+        EXPECT_EQ(setzeKennerNeu(1, "NC_TWO_AXIS_ON_TABLE_MACHINES", 1 - flag, newKeys, count), 0);
+        EXPECT_EQ(taken(setzeRotAchseUm({}, lines.get(), oldKeys, newKeys, 9).release()),
+                  split("MFG_ROTARY_AXIS|B|MFG_MIN_ROT_POS|-1"));
+    }
 }
 
 TEST(Lookups, KeepBlocksTogether) {
@@ -180,10 +192,10 @@ TEST(UnconvertedKeyLines, MarkWhatNoConverterTakes) {
     // The lines that are marked end in "!". Of a standard machine no axis setting is converted.
     for (const char* const old :
          {"*5XGABEL 1|*5XKRDAA 1|*5XKRDUA 2|*VERSION 5|*5XAL1DR replaced!|*NEWP441 1|*NEWP443 3!|"
-          "*5XAL2MX 1|*5XAL3MX 3!|*UNKNOWN 1!|block|*CYCAP01 a|*CYCAP01 second!|"
-          "*CYCAP36 none!|*CYCMKOO 1|"
-          "*CYCANEN 1|*MITTANF (|*TOLERAN 1|*TOLERAN 2|*GOHOMEX 1|*CYCPK07|block",
-          "*5XGABEL 0|*5XKRDAA 1!|*5XAL1MX 1!"}) {
+          "*5XAL2MX 1|*5XAL3MX 3!|*NEWP442 1|*NEWP442 second!|*UNKNOWN 1!|block|*CYCAP01 a|"
+          "*CYCAP01 second!|*CYCAP36 none!|*CYCMKOO 1|*CYCANEN 1|*MITTANF (|*TOLERAN 1|*TOLERAN 2|"
+          "*GOHOMEX 1|*CYCPK07|block",
+          "*5XGABEL|*5XKRDAA 1!|*5XAL1MX 1!"}) {
         const CharFeldOwner lines = fieldOf(split(old));
         const std::unique_ptr<bool[]> marks = unconvertedKeyLines(lines.get());
         for (std::size_t i = 0; lines.get()[i] != nullptr; ++i) {

@@ -1,3 +1,6 @@
+#include "driver/NCScan.h"
+#include "driver/returnCodes.h"
+#include "paramfile/ParamScan.h"
 #include "paramfile/lineCoder.h"
 #include "paramfile/ppcrypt.h"
 #include "tests/charFeldTexts.h"
@@ -7,6 +10,7 @@
 
 #include <random>
 
+using testing::_;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::internal::CaptureStderr;
@@ -34,13 +38,13 @@ TEST(Coding, DecodesToExactlyWhatWasCoded) {
         }
         plain.emplace_back("#VERSION: V1R1"); // below the heading it chooses no key
         Texts lines = plain;
-        ASSERT_EQ(crypt(0, lines), 0);
+        ASSERT_EQ(crypt(kCodeOption, lines), 0);
         EXPECT_TRUE(std::equal(plain.begin(), plain.begin() + 4, lines.begin()));
         EXPECT_NE(lines.back(), plain.back());
         for (char& digit : lines[5]) {
             digit = digit >= 'A' ? static_cast<char>(digit + 32) : digit; // case does not matter
         }
-        ASSERT_EQ(crypt(1, lines), 0);
+        ASSERT_EQ(crypt(kDecodeOption, lines), 0);
         EXPECT_EQ(lines, plain);
     }
 }
@@ -54,37 +58,40 @@ TEST(Ppcrypt, ChoosesTheKeyByTheReleaseAndKeepsEmptyLines) {
         {"#VERSION: V1R five", older[0]}};
     for (const auto& [version, expected] : rows) {
         Texts lines = {version, kHeading, "RAPID", "", "G00"};
-        ASSERT_EQ(crypt(0, lines), 0);
+        ASSERT_EQ(crypt(kCodeOption, lines), 0);
         EXPECT_EQ(lines[2], expected) << version;
         EXPECT_TRUE(expected != newer[0] || Texts(lines.begin() + 2, lines.end()) == newer);
-        ASSERT_EQ(crypt(1, lines), 0);
+        ASSERT_EQ(crypt(kDecodeOption, lines), 0);
         EXPECT_THAT(lines, ElementsAre(version, kHeading, "RAPID", "", "G00"));
     }
 }
 
 TEST(Ppcrypt, LeavesPlainFilesAlone) {
-    const Texts plain = {"##### Header", "#FILE:       UNCODED", kHeading, "RAPID"};
-    Texts lines = plain;
-    EXPECT_EQ(crypt(1, lines), 0);
-    EXPECT_EQ(lines, plain);
-    EXPECT_EQ(crypt(0, lines), 0); // from now on the file is coded and no longer says otherwise
-    EXPECT_EQ(lines[1], "");
+    Texts lines;
+    for (const std::string mark : {"#FILE:       UNCODED", "#FILE: is uncoded"}) {
+        const Texts plain = {"##### Header", mark, kHeading, "RAPID"};
+        lines = plain;
+        EXPECT_EQ(crypt(kDecodeOption, lines), 0);
+        EXPECT_EQ(lines, plain);
+        EXPECT_EQ(crypt(kCodeOption, lines), 0);
+        EXPECT_EQ(lines[1], ""); // from now on the file is coded and no longer says otherwise
+    }
     const Texts noSection = {"##### Header", "not coded", "##### String Section", "FF"};
     lines = noSection;
-    EXPECT_EQ(crypt(0, lines), 0);
-    EXPECT_EQ(crypt(1, lines), 0);
+    EXPECT_EQ(crypt(kCodeOption, lines), 0);
+    EXPECT_EQ(crypt(kDecodeOption, lines), 0);
     EXPECT_EQ(lines, noSection);
-    EXPECT_EQ(ppcrypt(1, nullptr), 0);
+    EXPECT_EQ(ppcrypt(kDecodeOption, nullptr), 0);
 }
 
 TEST(Ppcrypt, NamesTheLineThatFails) {
     const std::tuple<int, std::string, int, const char*> rows[] = {
-        {0, "a\xFF", kCoderUncodable, "line <a\xFF> can't be coded\n"},
-        {1, "EC751A45BB", kCoderUndecodable, "line <EC751A45BB> can't be decoded\n"},
-        {1, "RAPID", kCoderUndecodable, "line <RAPID> can't be decoded\n"},
-        {1, "9A0", kCoderUndecodable, "line <9A0> can't be decoded\n"}, // a byte 0
-        {1, "EB751A45BB0", kCoderChecksum, "Error in GGUVXVEH : Checksum-Error\n"},
-        {1, std::string(10'000'000, 'x'), kCoderUndecodable, "> can't be decoded\n"},
+        {kCodeOption, "a\xFF", kCoderUncodable, "line <a\xFF> can't be coded\n"},
+        {kDecodeOption, "EC751A45BB", kCoderUndecodable, "line <EC751A45BB> can't be decoded\n"},
+        {kDecodeOption, "RAPID", kCoderUndecodable, "line <RAPID> can't be decoded\n"},
+        {kDecodeOption, "9A0", kCoderUndecodable, "line <9A0> can't be decoded\n"}, // a byte 0
+        {kDecodeOption, "EB751A45BB0", kCoderChecksum, "Error in GGUVXVEH : Checksum-Error\n"},
+        {kDecodeOption, std::string(10'000'000, 'x'), kCoderUndecodable, "> can't be decoded\n"},
     };
     for (const auto& [option, line, expected, message] : rows) {
         Texts lines = {"##### Header", kHeading, line, "G00"};
@@ -96,6 +103,19 @@ TEST(Ppcrypt, NamesTheLineThatFails) {
         EXPECT_LT(messages.size(), 700U);
         EXPECT_THAT(lines, ElementsAre("##### Header", kHeading, line, "G00"));
     }
+}
+
+TEST(Decode, WritesWhatWasReadWhenALineFails) {
+    std::string file = "##### Header\n##### Toolmachine Section\nEC751A45BB0\n0\nRAPID\nG0\n";
+    const FileOwner in(fmemopen(file.data(), file.size(), "r")), out(std::tmpfile());
+    NCScan model;
+    model.SetNoOutput();
+    CaptureStderr();
+    EXPECT_EQ(ParamScan(model).decode(in.get(), out.get()), kDecodeFailed);
+    EXPECT_THAT(GetCapturedStderr(), HasSubstr("error in line 5\n"));
+    std::rewind(out.get());
+    EXPECT_THAT(taken(fp2CharFeld(out.get())),
+                ElementsAre("##### Header", _, "RAPID", "", "RAPID", "G0"));
 }
 
 TEST(Vxveh, SeesEveryChangeOfASecondDigitByOne) {

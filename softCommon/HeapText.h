@@ -3,9 +3,8 @@
 #include <cstdlib>
 #include <memory>
 
+/// Owns one string from malloc, strdup and the like.
 struct FreeHeapText {
     void operator()(char* text) const noexcept { std::free(text); }
 };
-
-/// Owns one string from malloc, strdup and the like: an entry of a `CharFeld` outside its array.
 using HeapText = std::unique_ptr<char, FreeHeapText>;
