@@ -277,7 +277,8 @@ COMMANDS = {
 }
 ODD_CODES = (
     "5", "03", "G", "M", "g1", "G91.1", "G1X", "G 1", "GG1", "M=3", "\xc4\x31", "X", "-1", "(", "N",
-    "", "G4294967297", "G99999999999999999999", "M\x01", "G1 ", "G-1", "G1.", "LANGERBEFEHL12",
+    "-7", "H=7", "", "G4294967297", "G99999999999999999999", "M\x01", "G1 ", "G-1", "G1.",
+    "LANGERBEFEHL12",
 )  # fmt: skip
 
 # role: key, whether the scanner wants it exactly, usual letters, presence on mill and lathe
@@ -528,6 +529,8 @@ class Program:
             number = f"={rng.choice(('AC', 'IC'))}({number})"
         if chance(rng, self.wildness / 2):
             return letters * 2 + number
+        if chance(rng, self.wildness / 2):  # of which the sign holds for the next one as well
+            return f"{letters}- {letters}{number}"
         blank = " " if chance(rng, 2) else ""
         return letters + blank + number
 
@@ -538,6 +541,9 @@ class Program:
             return ""
         code = rng.choice(codes)
         split = re.fullmatch(r"(\D+)(\d+)", code)
+        if split and not split.group(1)[-1].isalpha() and chance(rng, 50):
+            # A word that another command takes stands between the letters and their number.
+            return f"{split.group(1)}{self.dialect.words.get('x', 'X')}=AC(5){split.group(2)}"
         if split and chance(rng, 40):
             code = split.group(1) + "0" * rng.choice((0, 0, 1, 2)) + str(int(split.group(2)))
         if chance(rng, self.wildness):
