@@ -142,6 +142,20 @@ def strings_case(name, data):
     return conversion_case("corpus", name, dialect_of(entries), text.encode("latin-1"))
 
 
+# What random inputs hardly meet: entries of a dialect, and a program.
+POINT = ["DECIMAL_POINT_REPRESENTATION", ".", "1ST_COORDINATE", "X", "1", "M5.3"]
+CORNERS = {
+    # The word that the longer code takes stands between the shorter one and its number.
+    "cut open": (["RAPID", "G10", "COOLANT_ON", "-7", *POINT], "-X=AC(5)7 G10\n"),
+    # A digit as the separator, and a word of which the letters end in a digit.
+    "digits": (["DECIMAL_POINT_REPRESENTATION", "1", "RAPID", "G0", *POINT[2:]], "G0X212 X1\n"),
+    "codes of codes": (
+        ["RAPID", "M", "COOLANT_ON", "MM1", "COOLANT_OFF", "M1", *POINT],
+        "MMM11 X1\n",
+    ),
+}
+
+
 class Inputs:
     """The files that the fixed cases are made of."""
 
@@ -213,6 +227,8 @@ class Inputs:
                 yield conversion_case("corpus", case_name, parameters, program)
         for name, data in self.found.items():
             yield self.target_case(name, data)
+        for name, (entries, program) in CORNERS.items():
+            yield conversion_case("corpus", name, dialect_of(entries), program.encode())
 
     def example_cases(self):
         for name, (_, program) in self.examples.items():
