@@ -142,6 +142,20 @@ def strings_case(name, data):
     return conversion_case("corpus", name, dialect_of(entries), text.encode("latin-1"))
 
 
+# What random inputs hardly meet: entries of a dialect, and a program.
+POINT = ["DECIMAL_POINT_REPRESENTATION", ".", "1ST_COORDINATE", "X", "1", "M5.3"]
+CORNERS = {
+    # The word that the longer code takes stands between the shorter one and its number.
+    "cut open": (["RAPID", "G10", "COOLANT_ON", "-7", *POINT], "-X=AC(5)7 G10\n"),
+    # A digit as the separator, and a word of which the letters end in a digit.
+    "digits": (["DECIMAL_POINT_REPRESENTATION", "1", "RAPID", "G0", *POINT[2:]], "G0X212 X1\n"),
+    "codes of codes": (
+        ["RAPID", "M", "COOLANT_ON", "MM1", "COOLANT_OFF", "M1", *POINT],
+        "MMM11 X1\n",
+    ),
+}
+
+
 class Inputs:
     """The files that the fixed cases are made of."""
 
@@ -213,6 +227,8 @@ class Inputs:
                 yield conversion_case("corpus", case_name, parameters, program)
         for name, data in self.found.items():
             yield self.target_case(name, data)
+        for name, (entries, program) in CORNERS.items():
+            yield conversion_case("corpus", name, dialect_of(entries), program.encode())
 
     def example_cases(self):
         for name, (_, program) in self.examples.items():
@@ -277,7 +293,8 @@ COMMANDS = {
 }
 ODD_CODES = (
     "5", "03", "G", "M", "g1", "G91.1", "G1X", "G 1", "GG1", "M=3", "\xc4\x31", "X", "-1", "(", "N",
-    "", "G4294967297", "G99999999999999999999", "M\x01", "G1 ", "G-1", "G1.", "LANGERBEFEHL12",
+    "-7", "H=7", "", "G4294967297", "G99999999999999999999", "M\x01", "G1 ", "G-1", "G1.",
+    "LANGERBEFEHL12",
 )  # fmt: skip
 
 # role: key, whether the scanner wants it exactly, usual letters, presence on mill and lathe
@@ -528,6 +545,8 @@ class Program:
             number = f"={rng.choice(('AC', 'IC'))}({number})"
         if chance(rng, self.wildness / 2):
             return letters * 2 + number
+        if chance(rng, self.wildness / 2):  # of which the sign holds for the next one as well
+            return f"{letters}- {letters}{number}"
         blank = " " if chance(rng, 2) else ""
         return letters + blank + number
 
@@ -538,6 +557,9 @@ class Program:
             return ""
         code = rng.choice(codes)
         split = re.fullmatch(r"(\D+)(\d+)", code)
+        if split and not split.group(1)[-1].isalpha() and chance(rng, 50):
+            # A word that another command takes stands between the letters and their number.
+            return f"{split.group(1)}{self.dialect.words.get('x', 'X')}=AC(5){split.group(2)}"
         if split and chance(rng, 40):
             code = split.group(1) + "0" * rng.choice((0, 0, 1, 2)) + str(int(split.group(2)))
         if chance(rng, self.wildness):
