@@ -3,33 +3,14 @@
 #include "softCommon/CStringUtil/string_mani.h"
 
 #include <algorithm>
-#include <cstring>
 
-void Block::Begin(std::string_view text, const Place& place) {
+void Block::grow(std::size_t length) {
     constexpr std::size_t kUsualSize = 256;
-    if (m_rest.size() <= text.size()) {
-        const std::size_t size = std::max(kUsualSize, text.size() + 1);
-        m_text.resize(size);
-        m_rest.resize(size);
-    }
-    for (std::vector<char>* const copy : {&m_text, &m_rest}) {
-        std::memcpy(copy->data(), text.data(), text.size());
-        (*copy)[text.size()] = '\0';
-    }
-    m_textLength = text.size();
-    m_bytes = ByteSet::Of(text);
-    m_place = place;
-}
-
-void Block::Clear() noexcept {
-    m_textLength = 0;
-    for (std::vector<char>* const copy : {&m_text, &m_rest}) {
-        if (!copy->empty()) {
-            copy->front() = '\0';
-        }
-    }
-    m_bytes = ByteSet::All();
-    m_place = {};
+    const std::size_t size = std::max(kUsualSize, length + 1);
+    m_buffers = std::vector<char>(2 * size + 1);
+    m_size = size;
+    m_rest = m_buffers.data();
+    m_echo = m_rest + size;
 }
 
 void Block::TrimRest() noexcept { trimText(Rest(), std::strlen(Rest())); }

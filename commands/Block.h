@@ -3,6 +3,7 @@
 #include "commands/ByteSet.h"
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -29,22 +30,35 @@ public:
 
     /// Starts a new block, of which nothing is recognised yet. `text` is trimmed and holds no NUL.
     /// Throws std::bad_alloc when the buffers must grow and cannot; the block is then unchanged.
-    void Begin(std::string_view text, const Place& place);
-    /// No block, as at first. Keeps the buffers.
-    void Clear() noexcept;
-
-    /// The block as it stands in its file, trimmed; ends with a NUL.
-    [[nodiscard]] std::string_view Text() const noexcept {
-        return {m_text.empty() ? "" : m_text.data(), m_textLength};
+    void Begin(std::string_view text, const Place& place) { Begin(text, ByteSet::Of(text), place); }
+    /// The same for a text of known bytes, perhaps with others.
+    void Begin(std::string_view text, const ByteSet& bytes, const Place& place) {
+        if (m_size <= text.size()) {
+            grow(text.size());
+        }
+        std::memcpy(m_rest, text.data(), text.size());
+        m_rest[text.size()] = '\0';
+        m_echo[0] = '\n';
+        std::memcpy(m_echo + 1, text.data(), text.size());
+        m_echo[text.size() + 1] = '\n';
+        m_textLength = text.size();
+        m_bytes = bytes;
+        m_place = place;
     }
+    /// The block as it stands in its file, trimmed.
+    [[nodiscard]] std::string_view Text() const noexcept {
+        return m_echo == nullptr ? std::string_view() : std::string_view(m_echo + 1, m_textLength);
+    }
+    /// The same as the log shows it, with a line end on either side. Not before the first Begin.
+    [[nodiscard]] std::string_view Echo() const noexcept { return {m_echo, m_textLength + 2}; }
     [[nodiscard]] const Place& GetPlace() const noexcept { return m_place; }
 
     /// What is left to be recognised, NUL-terminated, in a buffer of at least the text's length.
     /// Whoever does more to it than removing bytes calls RefreshBytes. Not before the first Begin.
-    [[nodiscard]] char* Rest() noexcept { return m_rest.data(); }
-    [[nodiscard]] const char* Rest() const noexcept { return m_rest.empty() ? "" : m_rest.data(); }
+    [[nodiscard]] char* Rest() noexcept { return m_rest; }
+    [[nodiscard]] const char* Rest() const noexcept { return m_rest == nullptr ? "" : m_rest; }
     /// Whether `line` is the rest of this block, from its start.
-    [[nodiscard]] bool IsRest(const char* line) const noexcept { return line == m_rest.data(); }
+    [[nodiscard]] bool IsRest(const char* line) const noexcept { return line == m_rest; }
     /// Removes the blanks at both ends of the rest.
     void TrimRest() noexcept;
 
@@ -55,10 +69,13 @@ public:
     void ForgetBytes() noexcept { m_bytes = ByteSet::All(); }
 
 private:
-    // Of one size, which only grows.
-    std::vector<char> m_text;
-    std::vector<char> m_rest;
-    std::size_t m_textLength = 0;
+    void grow(std::size_t length);
+
     ByteSet m_bytes = ByteSet::All();
+    char* m_rest = nullptr;
+    char* m_echo = nullptr;
+    std::size_t m_textLength = 0;
     Place m_place;
+    std::size_t m_size = 0;      // of the rest with its end; only grows
+    std::vector<char> m_buffers; // of the rest, then of the echo
 };

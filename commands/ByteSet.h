@@ -18,9 +18,11 @@ public:
     [[nodiscard]] static constexpr ByteSet Of(std::string_view text) noexcept {
         std::uint64_t classes = 0;
         // Every block passes here; four bytes a round cost 40 % fewer instructions than one.
+#pragma GCC unroll 1
         for (; text.size() >= 4; text.remove_prefix(4)) {
             classes |= classOf(text[0]) | classOf(text[1]) | classOf(text[2]) | classOf(text[3]);
         }
+#pragma GCC unroll 1
         for (const char c : text) {
             classes |= classOf(c);
         }

@@ -27,7 +27,7 @@ bool CircularMovement::TakeWords(char* line) {
 
 void CircularMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
-    movement.end = resolveEndPoint();
+    resolveEndPoint(movement.end);
     Arc& arc = movement.arc.emplace();
     arc.clockwise = m_clockwise;
     arc.normal = m_normal;

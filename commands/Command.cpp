@@ -17,6 +17,7 @@ char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 int Command::Act() { return 0; }
 
 int Command::scanNC(char* line) {
+    m_wasFound = false;
     char* from = line;
     while (char* const word = m_word.Find(line, from)) {
         char* const digits = word + m_word.Text().size();
@@ -24,6 +25,7 @@ int Command::scanNC(char* line) {
         if (m_word.HasDigits(digits, end)) {
             cutOut(word, end);
             m_ncLineStatus = TRUE;
+            m_wasFound = true;
             InitStatus(line);
             return std::exchange(m_code, 0);
         }

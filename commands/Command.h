@@ -39,6 +39,8 @@ public:
     /// the same. A second occurrence stays. Returns 0, or the code of a command that acted.
     int scanNC(char* line);
 
+    /// Whether the last scanNC found the word and so shortened the block.
+    [[nodiscard]] bool WasFound() const noexcept { return m_wasFound; }
     [[nodiscard]] const CommandWord& Word() const noexcept { return m_word; }
     [[nodiscard]] char* GetSyntaxString() const noexcept { return m_word.Text().get(); }
     [[nodiscard]] int GetSyntaxNumber() const noexcept { return m_word.Number(); }
@@ -51,11 +53,15 @@ public:
     /// may a search be left out where it finds nothing.
     void MarkAsBuiltIn() noexcept { m_isBuiltIn = true; }
     [[nodiscard]] bool IsBuiltIn() const noexcept { return m_isBuiltIn; }
+    /// Whether a block without the command's own word has nothing for it, so that Compute need not
+    /// be called. Counts for built-in commands only.
+    [[nodiscard]] bool IsIdle() const noexcept { return m_isIdle; }
 
 protected:
     /// Acts, at once. Every command acts through here: this is the place for an order of acting
     /// that is not the order of recognising.
     int perform() { return Act(); }
+    void setIdle(bool idle) noexcept { m_isIdle = idle; }
     /// Keeps the code of what InitStatus performed for the caller of scanNC.
     void keepCode(int code) noexcept { m_code = code; }
 
@@ -63,5 +69,7 @@ private:
     CommandWord m_word;
     Boolean m_ncLineStatus = FALSE;
     bool m_isBuiltIn = false;
+    bool m_isIdle = false;
+    bool m_wasFound = false;
     int m_code = 0; // of what InitStatus performed
 };

@@ -110,10 +110,9 @@ int CommandIndex::tryCommand(Command& command, Block& block) {
         select(block);
         return code;
     }
-    const std::size_t length = std::strlen(block.Rest());
     const int code = command.scanNC(block.Rest());
     // Words that a command takes can stand between a text and its number: "-X=AC(5)1".
-    if (std::strlen(block.Rest()) != length) {
+    if (command.WasFound()) {
         select(block);
     }
     return code;

@@ -32,14 +32,14 @@ char* Comment::findEnd(char* comment) const noexcept {
     return end == nullptr ? nullptr : end + m_end.size();
 }
 
-int Comment::KillComments(char* line, const ByteSet& bytes) noexcept {
+bool Comment::Cut(char* line, const ByteSet& bytes) noexcept {
     m_wasUnterminated = false;
     if (line == nullptr || m_start.empty() || !bytes.MayContain(m_start.front())) {
-        return 0;
+        return false;
     }
     char* comment = findText(line, m_start);
     if (comment == nullptr) {
-        return 0;
+        return false;
     }
     char* write = comment;
     while (comment != nullptr) {
@@ -56,5 +56,5 @@ int Comment::KillComments(char* line, const ByteSet& bytes) noexcept {
         write += length;
     }
     *write = '\0';
-    return 0;
+    return true;
 }

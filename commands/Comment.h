@@ -20,10 +20,14 @@ public:
     /// Removes every comment from `line`; the text between comments stays. Without an end text, or
     /// without its occurrence, a comment runs to the end of the block. Comments do not nest.
     /// Returns 0; works in place, so it never runs out of memory.
-    int KillComments(char* line) noexcept { return KillComments(line, ByteSet::All()); }
+    int KillComments(char* line) noexcept {
+        (void)Cut(line, ByteSet::All());
+        return 0;
+    }
     /// The same for a line of known bytes: without the first byte of the start text, no search.
-    int KillComments(char* line, const ByteSet& bytes) noexcept;
-    /// Whether the last KillComments met a comment that lacks its end text.
+    /// Tells whether something was removed.
+    bool Cut(char* line, const ByteSet& bytes) noexcept;
+    /// Whether the last of these met a comment that lacks its end text.
     [[nodiscard]] bool WasUnterminated() const noexcept { return m_wasUnterminated; }
 
 private:

@@ -17,6 +17,6 @@ void LinearMovement::InitInstSyntax(const char* syntax, const int& number, Facto
 
 void LinearMovement::makeMovement(Movement& movement) {
     movement.rapid = m_rapid;
-    movement.end = resolveEndPoint();
+    resolveEndPoint(movement.end);
     movement.arc.reset();
 }

@@ -15,7 +15,7 @@ int MachineStatus::scanNC(char* line) {
 int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {
     for (std::size_t i = first; i < last; ++i) {
         Command* const active = m_groups[i].GetActiveCommand();
-        if (active == nullptr) {
+        if (active == nullptr || (active->IsIdle() && active->IsBuiltIn())) {
             continue;
         }
         const int code =
@@ -29,8 +29,8 @@ int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line
 
 // A host's own command may do to the block what it likes.
 int MachineStatus::computeForeign(Command& command, char* line) {
-    m_block->ForgetBytes();
+    m_block.ForgetBytes();
     const int code = command.Compute(line);
-    m_block->RefreshBytes();
+    m_block.RefreshBytes();
     return code;
 }

@@ -43,12 +43,14 @@ public:
         m_decimalSeparator[0] = separator[0];
     }
 
-    /// The block that the driver converts; not owned, and outlived by it.
-    void InitBlock(Block& block) noexcept { m_block = &block; }
+    /// The block at hand. It stands here, where every recogniser can ask for its bytes; whoever
+    /// gives the machine lines of its own leaves it alone.
+    [[nodiscard]] Block& GetBlock() noexcept { return m_block; }
+    [[nodiscard]] const Block& GetBlock() const noexcept { return m_block; }
     /// False only when `byte` is certainly not in `line`: words that begin with it are not searched
-    /// for then. Only of the rest of the driver's block the bytes are known.
+    /// for then. Only of the rest of the block at hand the bytes are known.
     [[nodiscard]] bool MayHold(const char* line, char byte) const noexcept {
-        return m_block->Bytes().MayContain(byte) || !m_block->IsRest(line);
+        return m_block.Bytes().MayContain(byte) || !m_block.IsRest(line);
     }
 
     /// The movement that the block at hand makes; null before it makes one. It is made here, in
@@ -105,8 +107,7 @@ private:
     RecordNumber m_recordNumber;
     std::array<CommandGroup, kModalGroupCount> m_groups;
     Boolean m_circleCenterMode = TRUE;
-    Block m_noBlock;
-    Block* m_block = &m_noBlock;
+    Block m_block;
     Movement m_movement;
     bool m_hasMovement = false;
 };

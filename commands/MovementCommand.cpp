@@ -26,9 +26,9 @@ bool MovementCommand::TakeWords(char* line) {
     return found;
 }
 
-gmVector3 MovementCommand::resolveEndPoint() const {
+void MovementCommand::resolveEndPoint(gmVector3& point) const {
     const bool isIncrementalMode = m_status->GetMovTypeCom()->GetActiveCommand()->GetStatus() == 0;
-    gmVector3 point = m_status->GetEndPosition();
+    point = m_status->GetEndPosition();
     for (int axis = 0; axis < 3; ++axis) {
         const AxisWords& words = m_axes[static_cast<std::size_t>(axis)];
         // The absolute word comes last and wins; in incremental mode it adds to the other's result.
@@ -44,5 +44,4 @@ gmVector3 MovementCommand::resolveEndPoint() const {
             word->SetNCLineStatus(FALSE);
         }
     }
-    return point;
 }

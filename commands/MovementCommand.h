@@ -45,9 +45,9 @@ public:
 protected:
     /// Scans one more word on the block, if the dialect has it; tells whether it was found.
     bool scanWord(Parameter* word, char* line) const;
-    /// The end point in program coordinates: the last end position, changed by the words found,
-    /// which are thereby consumed.
-    [[nodiscard]] gmVector3 resolveEndPoint() const;
+    /// Sets the end point in program coordinates: the last end position, changed by the words
+    /// found, which are thereby consumed.
+    void resolveEndPoint(gmVector3& point) const;
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     [[nodiscard]] const AxisMapping& mapping() const noexcept { return m_mapping; }

@@ -1,6 +1,6 @@
 #include "commands/MovementWriter.h"
 
-void MovementWriter::Write(const Movement& movement) {
+void MovementWriter::Write(Movement& movement) {
     if (movement.arc) {
         writeArc(movement);
     } else {
@@ -8,11 +8,11 @@ void MovementWriter::Write(const Movement& movement) {
     }
 }
 
-void MovementWriter::writeStraight(const Movement& movement) {
+void MovementWriter::writeStraight(Movement& movement) {
     if (movement.toolAxis) {
         m_straight->InitOutput(*movement.toolAxis);
     }
-    gmVector3 end = movement.end;
+    gmVector3& end = movement.end;
     m_straight->InitOutput(movement.rapid, end[0], end[1], end[2]);
 }
 

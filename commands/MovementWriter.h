@@ -18,10 +18,11 @@ public:
 
     /// Writes the tool axis, if the movement tells one, and the movement in the coordinates of the
     /// output. The writer for its kind must be there. An arc without a direction ends the process.
-    void Write(const Movement& movement);
+    /// The movement is not const as the coordinates of a straight one are handed on as they are.
+    void Write(Movement& movement);
 
 private:
-    void writeStraight(const Movement& movement);
+    void writeStraight(Movement& movement);
     void writeArc(const Movement& movement);
 
     std::unique_ptr<ResLinearMovement> m_straight;

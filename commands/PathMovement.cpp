@@ -35,9 +35,9 @@ void PathMovement::passStages(Movement& movement) const {
     gmVector3& end = movement.end;
     mapping().Assign(end);
     status().InitEndPosition(end[0], end[1], end[2]);
+    mapping().Scale(movement.start);
     mapping().Scale(end);
     status().InitBasicPosition(end[0], end[1], end[2]);
-    mapping().Scale(movement.start);
     if (movement.arc) {
         mapping().Scale(movement.arc->centre);
     }

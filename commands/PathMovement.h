@@ -15,7 +15,7 @@ public:
     /// on the block.
     int Compute(char* line) override;
     /// Makes the movement, passes it through the stages and writes it.
-    int Act() override;
+    int Act() final;
 
 protected:
     explicit PathMovement(MachineStatus* status) noexcept : MovementCommand(status) {}

@@ -6,12 +6,11 @@
 
 void RecordNumber::InitRecordNumber(const char* address) noexcept { m_address = TextCopy(address); }
 
-int RecordNumber::DeleteRecordNumber(char* line) const noexcept {
-    if (m_address.empty() || line == nullptr) {
-        return 0;
+bool RecordNumber::Cut(char* line) const noexcept {
+    if (m_address.empty() || line == nullptr ||
+        std::strncmp(line, m_address.get(), m_address.size()) != 0) {
+        return false;
     }
-    if (std::strncmp(line, m_address.get(), m_address.size()) == 0) {
-        cutOut(line, skipDigits(line + m_address.size()));
-    }
-    return 0;
+    cutOut(line, skipDigits(line + m_address.size()));
+    return true;
 }

@@ -11,7 +11,12 @@ public:
 
     /// Removes the address and the digits behind it when `line` begins with the address. A block
     /// number elsewhere stays. Returns 0.
-    int DeleteRecordNumber(char* line) const noexcept;
+    int DeleteRecordNumber(char* line) const noexcept {
+        (void)Cut(line);
+        return 0;
+    }
+    /// The same; tells whether something was removed.
+    bool Cut(char* line) const noexcept;
 
 private:
     TextCopy m_address;

@@ -21,9 +21,14 @@ public:
 
 protected:
     /// Status and word are not owned. A command without a value has no need of either.
-    explicit TechnologyCommand(MachineStatus* status = nullptr) noexcept : m_status(status) {}
+    explicit TechnologyCommand(MachineStatus* status = nullptr) noexcept : m_status(status) {
+        setIdle(true);
+    }
     void initStatus(MachineStatus* status) noexcept { m_status = status; }
-    void initValueWord(Parameter* word) noexcept { m_valueWord = word; }
+    void initValueWord(Parameter* word) noexcept {
+        m_valueWord = word;
+        setIdle(word == nullptr);
+    }
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     [[nodiscard]] Parameter* valueWord() const noexcept { return m_valueWord; }

@@ -8,16 +8,25 @@ bool LineSource::Next(Block& block) {
     if (!m_lines.Next(piece)) {
         return false;
     }
-    ++m_place.number;
-    m_place.line += m_isLineBroken ? 0 : 1;
-    m_place.continuesLine = m_isLineBroken;
-    m_place.isLineEnd = piece.front() == '\n' || piece.front() == '\r';
+    Block::Place place;
+    place.continuesLine = m_isLineBroken;
+    place.isLineEnd = piece.front() == '\n' || piece.front() == '\r';
+    m_line += m_isLineBroken ? 0 : 1;
+    place.line = m_line;
+    place.number = ++m_number;
     const bool hasNewline = piece.back() == '\n';
     m_isLineBroken = piece.size() == LineReader::kMostBytes && !hasNewline;
     piece.remove_suffix(hasNewline ? 1 : 0);
-    const std::size_t nul = piece.find('\0');
-    m_place.isCutAtNul = nul != std::string_view::npos;
-    block.Begin(trimmed(piece.substr(0, nul)), m_place);
+    // The bytes tell which searches can be left out.
+    const ByteSet bytes = ByteSet::Of(piece);
+    if (bytes.MayContain('\0')) {
+        const std::size_t nul = piece.find('\0');
+        place.isCutAtNul = nul != std::string_view::npos;
+        piece = piece.substr(0, nul);
+    }
+    const std::string_view text =
+        bytes.MayContain('\r') ? trimmed(piece) : withoutOuterBlanks(piece);
+    block.Begin(text, bytes, place);
     return true;
 }
 

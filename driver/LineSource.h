@@ -17,6 +17,7 @@ public:
 
 private:
     LineReader m_lines;
-    Block::Place m_place;        // of the block given last
+    long m_line = 0;             // of the block given last
+    long m_number = 0;           // of that block
     bool m_isLineBroken = false; // the next piece belongs to the same line
 };

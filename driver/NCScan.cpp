@@ -14,8 +14,7 @@ NCScan::NCScan() noexcept { BeginConversion(); }
 NCScan::~NCScan() { detachOutputs(); }
 
 void NCScan::BeginConversion() noexcept {
-    m_model.emplace().status.InitBlock(m_block);
-    m_block.Clear();
+    m_model.emplace();
     m_report = {};
     m_failure = {};
 }
@@ -139,7 +138,7 @@ int NCScan::run() {
 
 int NCScan::runBlocks(BlockSource& source) {
     CommandIndex commands(m_model->commands);
-    while (source.Next(m_block)) {
+    while (source.Next(block())) {
         beginBlock();
         if (const int code = convertBlock(commands); code != 0) {
             return code;
@@ -153,45 +152,40 @@ int NCScan::runBlocks(BlockSource& source) {
 }
 
 void NCScan::beginBlock() noexcept {
-    m_report.NotePlace(m_block);
+    m_report.NotePlace(block());
     m_model->status.ForgetMovement();
     if (std::FILE* const log = m_logFile.get()) {
-        appendText(log, "\n");
-        appendText(log, m_block.Text());
-        appendText(log, "\n");
+        appendText(log, block().Echo());
     }
 }
 
 int NCScan::convertBlock(CommandIndex& commands) {
     MachineStatus& status = m_model->status;
-    if (const int code = status.GetRecordNumber()->DeleteRecordNumber(m_block.Rest()); code != 0) {
-        return code;
-    }
+    Block& block = status.GetBlock();
+    const bool isNumbered = status.GetRecordNumber()->Cut(block.Rest());
     // The bytes of the record number and of comments may be among them: they only rule words out.
-    if (const int code = status.GetComment()->KillComments(m_block.Rest(), m_block.Bytes());
-        code != 0) {
-        return code;
+    const bool isCommented = status.GetComment()->Cut(block.Rest(), block.Bytes());
+    if (isCommented && status.GetComment()->WasUnterminated()) {
+        m_report.Note(Oddity::kOpenComment, block);
     }
-    if (status.GetComment()->WasUnterminated()) {
-        m_report.Note(Oddity::kOpenComment, m_block);
+    if (isNumbered || isCommented) {
+        block.TrimRest();
     }
-    if (std::strlen(m_block.Rest()) != m_block.Text().size()) {
-        m_block.TrimRest();
-    }
-    const int code = commands.scanNC(m_block);
+    const int code = commands.scanNC(block);
     return code != 0 ? code : computeBlock();
 }
 
 int NCScan::computeBlock() {
     MachineStatus& status = m_model->status;
+    const Block& block = status.GetBlock();
     StatementCounts& statements = m_report.Statements();
     statements.BeginBlock();
-    int code = status.scanNC(m_block.Rest());
-    if (*m_block.Rest() != '\0') {
-        m_report.NoteRest(m_block, *status.GetDecimalSeparator(), statements.BlockMoves());
+    int code = status.scanNC(status.GetBlock().Rest());
+    if (*block.Rest() != '\0') {
+        m_report.NoteRest(block, *status.GetDecimalSeparator(), statements.BlockMoves());
     }
     if (statements.BlockHas(StatementKind::kDroppedArc)) {
-        m_report.Note(Oddity::kDroppedArc, m_block);
+        m_report.Note(Oddity::kDroppedArc, block);
         warnIfArcWithoutCentre();
     }
     if (code == 0 && m_outputState != nullptr && m_outputState->hasLostStatement) {
@@ -205,14 +199,14 @@ int NCScan::computeBlock() {
 void NCScan::warnIfArcWithoutCentre() noexcept {
     const Movement* const movement = m_model->status.GetMovement();
     if (movement != nullptr && movement->arc && !movement->arc->hasCentreWord) {
-        m_report.WarnOfArc(m_block);
+        m_report.WarnOfArc(block());
     }
 }
 
 void NCScan::ReportFatalArc() noexcept {
-    if (m_block.GetPlace().number == 0) {
+    if (block().GetPlace().number == 0) {
         return;
     }
     warnIfArcWithoutCentre();
-    m_report.WarnOfGWord(m_block, *m_model->status.GetDecimalSeparator());
+    m_report.WarnOfGWord(block(), *m_model->status.GetDecimalSeparator());
 }

@@ -64,7 +64,7 @@ public:
     [[nodiscard]] bool IsOwnOutput(std::FILE* file) const noexcept;
 
     /// The block that is converted or was converted last.
-    [[nodiscard]] const Block& CurrentBlock() const noexcept { return m_block; }
+    [[nodiscard]] const Block& CurrentBlock() const noexcept { return m_model->status.GetBlock(); }
 
     /// What the conversion did not understand so far, and its figures.
     [[nodiscard]] ScanReport& Report() noexcept { return m_report; }
@@ -93,11 +93,11 @@ private:
     void beginBlock() noexcept;
     int convertBlock(CommandIndex& commands);
     int computeBlock();
+    [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
     FileOwner m_ncFile;
-    Block m_block;
     std::optional<Model> m_model;
     std::unique_ptr<APTFactory> m_factory;
     std::shared_ptr<OutputState> m_outputState; // null while nothing is open

@@ -75,17 +75,6 @@ std::size_t trimText(char* string, std::size_t length) noexcept {
     return text.size();
 }
 
-std::string_view trimmed(std::string_view text) noexcept {
-    while (!text.empty() && text.front() == ' ') {
-        text.remove_prefix(1);
-    }
-    text = text.substr(0, text.find('\r'));
-    while (!text.empty() && text.back() == ' ') {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
 void string_mani(int code, char* string) noexcept {
     if (string == nullptr) {
         return;

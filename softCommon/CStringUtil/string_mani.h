@@ -23,5 +23,18 @@ std::size_t trimText(char* string) noexcept;
 /// The same for the first `length` bytes of `string`, none of which is a newline.
 std::size_t trimText(char* string, std::size_t length) noexcept;
 
+/// `text` without the blanks at both ends.
+[[nodiscard]] inline std::string_view withoutOuterBlanks(std::string_view text) noexcept {
+    while (!text.empty() && text.front() == ' ') {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && text.back() == ' ') {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
 /// The part of `text`, none of whose bytes is a newline, that trimText would leave.
-[[nodiscard]] std::string_view trimmed(std::string_view text) noexcept;
+[[nodiscard]] inline std::string_view trimmed(std::string_view text) noexcept {
+    return withoutOuterBlanks(text.substr(0, text.find('\r')));
+}
