@@ -257,6 +257,13 @@ public:
               const char* rs274)
         : m_programs(std::move(programs)), m_quillmark(std::move(quillmark)),
           m_sources(std::move(sources)), m_work(std::move(work)) {
+        if (const char* const before = std::getenv("QUILLMARK_BEFORE")) {
+            for (Contestant contestant : {m_plain, m_logged}) {
+                contestant.name += ", before";
+                contestant.command[0] = before;
+                m_before.push_back(contestant);
+            }
+        }
         if (rs274 != nullptr) {
             const std::string canon = m_work + "/part.canon";
             m_rs274.push_back({"rs274 -g", {rs274, "-g", part(), canon}, canon});
@@ -285,8 +292,10 @@ public:
              {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit, &m_limitOwnDigits}) {
             printRow(*contestant, kPartBlocks);
         }
-        for (const Contestant& contestant : m_rs274) {
-            printRow(contestant, kPartBlocks);
+        for (const auto& others : {m_before, m_rs274}) {
+            for (const Contestant& contestant : others) {
+                printRow(contestant, kPartBlocks);
+            }
         }
         printRow(m_long, 4 * kPartBlocks);
         printRow(m_small, 0);
@@ -349,6 +358,9 @@ private:
             }
             turns.emplace_back([this] { runAndCompare(m_long, m_longApt); });
             turns.emplace_back([this] { runLogged(); });
+            for (Contestant& contestant : m_before) {
+                turns.emplace_back([this, &contestant] { runAndCompare(contestant, m_partApt); });
+            }
         }
         turns.emplace_back([this] { runAndCompare(m_naive, m_partApt); });
         for (Contestant& contestant : m_rs274) {
@@ -384,6 +396,10 @@ private:
         printRatio("quillmark / limit printing digits itself", m_plain, m_limitOwnDigits,
                    Bound::kNone, 0);
         printRatio("quillmark with log / without", m_logged, m_plain, Bound::kAtMost, 1.8);
+        if (!m_before.empty()) {
+            printRatio("quillmark / quillmark before", m_plain, m_before[0], Bound::kAtMost, 1.03);
+            printRatio("the same with log", m_logged, m_before[1], Bound::kAtMost, 1.03);
+        }
         for (const Contestant& contestant : m_rs274) {
             printRatio("rs274 -g / quillmark", contestant, m_plain, Bound::kAtLeast, 12);
         }
@@ -427,7 +443,8 @@ private:
     Contestant m_limitOwnDigits = loop("limit printing digits itself", "limitOwnDigits", part());
     Contestant m_empty{"empty C++ program", {m_programs + "/empty"}, {}};
     Contestant m_emptyRuntime{"empty, C++ runtime loaded", {m_programs + "/emptyRuntime"}, {}};
-    std::vector<Contestant> m_rs274; ///< one, or none when it is not installed
+    std::vector<Contestant> m_before; ///< without and with log, or none when no one is named
+    std::vector<Contestant> m_rs274;  ///< one, or none when it is not installed
 };
 
 } // namespace
