@@ -45,6 +45,7 @@ public:
         m_bytes = bytes;
         m_place = place;
     }
+
     /// The block as it stands in its file, trimmed.
     [[nodiscard]] std::string_view Text() const noexcept {
         return m_echo == nullptr ? std::string_view() : std::string_view(m_echo + 1, m_textLength);
