@@ -52,7 +52,7 @@ std::string arc(Boolean clockwise, const Point& start, const Point& normal) {
 
 TEST(Writers, TakeWhatIsNoTruthValueForItsSide) {
     EXPECT_EQ(written([](Factory& factory) {
-                  own(factory.GetFeedRaCom())->InitOutput(-1, 0.125);
+                  own(factory.GetFeedRaCom())->InitOutput(-1, 0.09375); // a tie: to even
                   own(factory.GetSpindlCom())->InitOutput(7, 500);
                   own(factory.GetSpindlCom())->InitOutput(-1, -500);
                   own(factory.GetCoolanCom())->InitOutput(3);
@@ -60,7 +60,7 @@ TEST(Writers, TakeWhatIsNoTruthValueForItsSide) {
                   double zero = 0.0;
                   own(factory.GetLinearCom())->InitOutput(2, zero, zero, zero);
               }),
-              "FEDRAT/    0.1250,MMPR\nSPINDL/  500.0000,RPM,CLW\nSPINDL/ -500.0000,RPM,CCLW\n"
+              "FEDRAT/    0.0938,MMPR\nSPINDL/  500.0000,RPM,CLW\nSPINDL/ -500.0000,RPM,CCLW\n"
               "COOLNT/OFF\nMODE/INCR,ON\n" +
                   goTo(0, 0, 0));
     EXPECT_EQ(arc(2, {10, 0, 0}, {0, 0, 1}), arcTo({0, 1, -0.0}, {}, 10, {0, 10, 0}));

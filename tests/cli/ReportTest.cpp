@@ -52,25 +52,25 @@ TEST_F(Report, TellsWhatWasNotUnderstood) {
 
 TEST_F(Report, ShowsTheMostFrequentWordsAndFirstWarnings) {
     std::string nc = "G1 X1\n\x1B[2J\n";
-    for (int i = 1; i <= 25; ++i) {
+    for (int i = 1; i <= 125; ++i) {
         nc += "G4 X1 E" + std::to_string(i) + "\n";
     }
     m_folder.write("a.nc", nc + "(\n" + std::string(300, ' ') + "M8\nG2\n");
     const std::string err = run("").err;
-    EXPECT_THAT(err, StartsWith(R"(quillmark: unrecognised text in 26 of 31 blocks
+    EXPECT_THAT(err, StartsWith(R"(quillmark: unrecognised text in 126 of 131 blocks
      count  first line  word
-        25           3  G4
+       125           3  G4
          1           2  \x1B[2J
          1           3  E1
 )"));
     EXPECT_THAT(err, HasSubstr(R"(  E18
-quillmark: and 7 more different words; --report FILE has more of them
-quillmark: arcs of radius 0: 1, the first in line 30; nothing was written for them
-quillmark: blocks longer than 255 characters: 1, the first in line 29; they were read in pieces, a number can be cut in two
-quillmark: comments without an end: 1, the first in line 28; the rest of the block was not read
+quillmark: and 107 more different words; --report FILE has more of them
+quillmark: arcs of radius 0: 1, the first in line 130; nothing was written for them
+quillmark: blocks longer than 255 characters: 1, the first in line 129; they were read in pieces, a number can be cut in two
+quillmark: comments without an end: 1, the first in line 128; the rest of the block was not read
 quillmark: warning: line 3: G4 not )"));
     EXPECT_THAT(err, AllOf(HasSubstr("line 22: G4"),
-                           EndsWith("and 6 more warnings; --report FILE has more of them\n")));
+                           EndsWith("and 106 more warnings; --report FILE has more of them\n")));
 }
 
 TEST_F(Report, SummaryIsPrintedAlways) {

@@ -24,16 +24,17 @@ void expectComments(const char* start, const char* end, const Blocks& blocks) {
     comment.InitCommentStart(start);
     comment.InitCommentEnd(end);
     expectRests([&](char* line) { return comment.KillComments(line); }, blocks);
+    EXPECT_FALSE(comment.WasUnterminated()) << "in the last block, whatever those before held";
 }
 
 TEST(Comment, IsRemovedFromTheBlock) {
-    expectComments("(", ")", {{"G1 (A) X5 (B) Y6", "G1  X5  Y6"}, {"G1 (open X5", "G1 "}});
+    expectComments("(", ")", {{"G1 (open X5", "G1 "}, {"G1 (A) X5 (B) Y6", "G1  X5  Y6"}});
     expectComments("(", ")", {{"(a(b)c)X1", "c)X1"}, {")X1(a)", ")X1"}, {"", ""}});
     expectComments(";", nullptr, {{"X5 ;note;more", "X5 "}});
     expectComments("", ")", {{"X5 (a)", "X5 (a)"}});
     expectComments("\xA7", "\xA7", {{"X1\xA7 a \xA7Y2", "X1Y2"}});
     // Start and end texts that are the same or overlap.
-    expectComments("*", "*", {{"X1*a*Y2*b*Z3", "X1Y2Z3"}, {"**X1***Y2", "X1"}});
+    expectComments("*", "*", {{"**X1***Y2", "X1"}, {"X1*a*Y2*b*Z3", "X1Y2Z3"}});
     expectComments("(*", "*)", {{"X1(*)Y2", "X1Y2"}, {"X1(*a*)Y2(*)(*)Z3", "X1Y2Z3"}});
     expectComments("*", "*/", {{"X1*/Y2*a*/Z3*b*/", "X1Z3"}}); // "*/" opens a comment, too
     expectComments("--", "-", {{"X1--a-Y2---Z3", "X1Y2Z3"}});

@@ -48,7 +48,7 @@ TEST(AxisMapping, DividesAndAssignsTheAxes) {
     // sign's place; all assignments read the values given, and y falls through to z, where the
     // later one wins.
     const std::pair<std::array<const char*, 3>, std::string> rows[] = {
-        {{"-2,5", "2", "-0.5"}, goTo(-0.5, 2, -8)}, {{"22", "-4", "x"}, goTo(0.5, -0.5, 4)},
+        {{"-2,5", "2", "--0.5"}, goTo(-0.5, 2, 8)}, {{"22", "-4", "x"}, goTo(0.5, -0.5, 4)},
         {{"-", "-0", "-none"}, goTo(-1, -2, -4)},   {{"-2*Z", "", ""}, goTo(-2, 2, 4)},
         {{"+2*z*y", "", ""}, goTo(2, 2, 4)},        {{"+1*Y", "", ""}, goTo(4, 2, 4)},
         {{"", "+1*X", "+1*Y"}, goTo(1, 4, 2)},      {{"", "+1*Z", "+1*X"}, goTo(1, 4, 2)},
@@ -62,9 +62,9 @@ TEST(AxisMapping, DividesAndAssignsTheAxes) {
     // An assignment is never taken back, a factor is.
     expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", "-2*Z"}, {"ZX_LATHE_X_ASSIGNMENT", "+1"}}),
               {{"G1 X1 Y2 Z4", goTo(4, 2, 4)}});
-    // Positions are held before the factors.
-    expectAPT(mill({{"ZX_LATHE_X_ASSIGNMENT", "+2"}}),
-              {{"G1 X10\nU10\nY1", goTo(5, 0, 0) + goTo(10, 0, 0) + goTo(10, 1, 0)}});
+    // Positions are held behind the assignments and before the factors.
+    expectAPT(mill({{"ZX_LATHE_Y_ASSIGNMENT", "+2*Z"}, {"ZX_LATHE_Z_ASSIGNMENT", "+1*Y"}}),
+              {{"G1 Y10\nV10\nX1", goTo(0, 0, 10) + goTo(0, 5, 10) + goTo(1, 5, 10)}});
 }
 
 TEST(ToolAxis, IsWrittenOnceBeforeTheFirstMovement) {
@@ -121,7 +121,8 @@ TEST(CircularMovement, ScalesEveryPointButNotTheNormal) {
     EXPECT_EQ(aptOf(lathe({{"ZX_LATHE_X_ASSIGNMENT", "+2"}}), "X20\nG2 X0 Z10 I-20"),
               rapidTo(10, 0, 0) + arcTo({-0.0, -0.0, -1}, kOrigin, 10, {0, 0, 10}));
     // The assignment moves the end point only.
-    EXPECT_EQ(aptOf(mill({{"ZX_LATHE_Y_ASSIGNMENT", "+1*Z"}}), "X10\nG2 X0 Z10 I-10"),
+    EXPECT_EQ(aptOf(mill({{"ZX_LATHE_Y_ASSIGNMENT", "+1*Z"}, {"CIRCLE_CENTER_ABS", "2"}}),
+                    "X10\nG2 X0 Z10 I-10"),
               rapidTo(10, 0, 0) + arcTo({0, -1, 0}, kOrigin, std::sqrt(200.0), {0, 10, 10}));
 }
 

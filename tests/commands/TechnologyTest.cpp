@@ -21,9 +21,7 @@ TEST(Technology, WritesItsStatements) {
                {"T99999999999 M6\nT-99999999999 M6", "LOADTL/2147483647\nLOADTL/-2147483648\n"},
                {"G1 X1 F100 M8 S5 M3 T2 M6 M30", // long words first, then the values in modal order
                 "REWIND/0\nEND\nLOADTL/2\nCOOLNT/ON\nSPINDL/    5.0000,RPM,CLW\n"
-                "FEDRAT/  100.0000,MMPM\nGOTO/    1.00000,    0.00000,    0.00000\n"},
-               {"M003\nM33\nM 3", "SPINDL/    0.0000,RPM,CLW\n"},
-               {"M3M8\nN10 (M8) N20", "COOLNT/ON\nSPINDL/    0.0000,RPM,CLW\n"}});
+                "FEDRAT/  100.0000,MMPM\nGOTO/    1.00000,    0.00000,    0.00000\n"}});
 }
 
 TEST(Technology, FollowsTheCodesOfTheDialect) {

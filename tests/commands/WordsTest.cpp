@@ -65,6 +65,7 @@ TEST(AvailableCommands, TriesLongWordsFirstAndAmongEqualsTheOneRegisteredLast) {
 // What a host makes of the framework: its digits are read as the C library reads them.
 class Spaced : public Command {
     char* MoveAfterNumber(char* p) override { return p + std::strspn(p, " +-0123456789"); }
+    int Compute(char* /*line*/) override { return 7; }
 };
 
 TEST(Command, ReadsTheDigitsThatADerivedCommandTakes) {
@@ -74,6 +75,10 @@ TEST(Command, ReadsTheDigitsThatADerivedCommandTakes) {
         std::string line = text;
         EXPECT_EQ(command.scanNC(line.data()), 0);
         EXPECT_STREQ(line.c_str(), "") << text;
+        MachineStatus machine;
+        machine.GetBlock().Begin(std::string(255, 'x'), {}); // fills its buffers
+        machine.GetFeedRateCom()->SetActiveCommand(&command);
+        EXPECT_EQ(machine.scanNC(line.data()), 7) << "its code ends the block";
     }
 }
 
@@ -98,6 +103,10 @@ void expectNumbers(const char* separator, bool incremental, const std::vector<Nu
         EXPECT_EQ(std::signbit(word.GetValue()), std::signbit(value)) << text;
         EXPECT_EQ(word.GetIncStatus() == TRUE, incremental) << text;
         EXPECT_STREQ(line.c_str(), rest);
+        double base = 10.0;
+        word.ConvertIncremental(base);
+        word.ConvertIncremental(base); // is absolute by now
+        EXPECT_EQ(word.GetValue(), incremental ? value + base : value) << text;
     }
 }
 
@@ -123,21 +132,9 @@ TEST(Parameter, ReadsNumbersWithOtherSeparators) {
     // Of a longer text the first byte alone counts.
     expectNumbers(",.", false, {{"X1,5", 1.5}, {"X1.5", 1, ".5"}});
     // Without a separator three decimal places are implied, and the line's end separates nothing.
-    expectNumbers("", false, {{"X12345", 12.345}, {"X-1500", -1.5}, {"X1.5", 0.001, ".5"}});
+    expectNumbers("", false, {{"X12345", 12.345}, {"X-1501", -1.501}, {"X1.5", 0.001, ".5"}});
     expectNumbers("", false, {{"X", 0, "X"}, {"X-", 0, "X-"}});
     expectNumbers("", true, {{"X=IC(-250)", -0.25}});
-}
-
-TEST(Parameter, KeepsAnExplicitMarkUntilTheValueIsConverted) {
-    MachineStatus machine;
-    Parameter word("X");
-    double base = 10.0;
-    char line[] = "X=IC(5)";
-    ASSERT_EQ(word.scanNC(line, &machine), 1);
-    word.SetIncStatus(FALSE);
-    word.ConvertIncremental(base);
-    word.ConvertIncremental(base);
-    EXPECT_EQ(word.GetValue(), 15.0);
 }
 
 } // namespace

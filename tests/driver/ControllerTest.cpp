@@ -65,6 +65,7 @@ TEST(Controller, NamesWhatIsMissing) {
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, static_cast<eOutputType>(7)), 201);
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
     EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
+    EXPECT_EQ(controller.Report().Statements().Of(StatementKind::kRapidMove), 1);
 }
 
 TEST(Controller, LetsAHostGoOnWithItsModel) {

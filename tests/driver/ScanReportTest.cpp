@@ -90,7 +90,7 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
         // An arc without a centre word is dropped where it ends at its start.
         {"G2\nG1 X1\nG2 X1 R5\nG3 X1 I0\n", "R5 1/3 !arc 1/1 !arc 1/3 dropped 3/1 "},
         {"G1 X5\nG2 X5 I5 J0\n", ""}, // a full circle
-        {line(255) + "\n" + line(254) + "\r\n", ""},
+        {line(254) + "\n" + line(255) + "\n" + line(254) + "\r\n", ""},
         {line(255) + "\r\n" + line(255), ""},
         {"\n" + line(256) + "\n" + line(9'999), "long 2/2 "},
         {"X1\0\nX2\nX3\0X4"s, "NUL 2/1 "},

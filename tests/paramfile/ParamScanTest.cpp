@@ -144,8 +144,9 @@ TEST(ParamScan, StopsAtTheFirstFailure) {
 TEST(ParamScan, ReadsForeignBytesAndLineEnds) {
     std::string dialect = mill({{"COMMENT_START", "\xA7"}, {"COMMENT_END", "\xB6"}});
     dialect += "COOLANT_ON\nM7\0 junk\n"s;
-    const std::string nc = "G1 X1 \xA7 X9 \xB6 Y2\nM7\n";
-    const std::string apt = goTo(1, 2, 0) + "COOLNT/ON\n";
+    const std::string nc = "G1 X1 \xA7 X9 \xB6 Y2 W3\nS9 F5\nM3\nM7\n";
+    const std::string apt =
+        goTo(1, 2, 3) + "FEDRAT/    5.0000,MMPM\nSPINDL/    9.0000,RPM,CLW\nCOOLNT/ON\n";
     EXPECT_EQ(aptOf(dialect, nc), apt);
     const auto withReturns = [](const std::string& text) {
         return std::regex_replace(text, std::regex("\n"), "\r\n");
