@@ -7,10 +7,16 @@ namespace {
 
 constexpr double kBeyondInteger = 9223372036854775808.0; // 2 to the power of 63
 
-template<class Number>
-std::string numberText(Number number) {
-    char text[32]; // the longest double has 24 characters
-    return {text, std::to_chars(text, text + sizeof text, number).ptr};
+std::string realText(double number) {
+    // As long as it is readable, without a power of ten.
+    constexpr double kSmall = 1e-5;
+    constexpr double kLarge = 1e15;
+    const double size = std::abs(number);
+    char text[32];
+    char* const end = text + sizeof text;
+    return {text, number == 0.0 || (size >= kSmall && size < kLarge)
+                      ? std::to_chars(text, end, number, std::chars_format::fixed).ptr
+                      : std::to_chars(text, end, number).ptr};
 }
 
 } // namespace
@@ -106,9 +112,9 @@ std::string Value::toText() const {
     case ValueType::kBoolean:
         return m_integer != 0 ? "TRUE" : "FALSE";
     case ValueType::kInteger:
-        return numberText(m_integer);
+        return std::to_string(m_integer);
     case ValueType::kReal:
-        return numberText(m_real);
+        return realText(m_real);
     case ValueType::kText:
         return *m_text;
     case ValueType::kVacant:

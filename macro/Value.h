@@ -48,8 +48,8 @@ public:
     /// integer only when it is whole, a boolean counts as 1 or 0, and 1 and 0 become booleans.
     /// Nothing else changes its type: no value then.
     [[nodiscard]] std::optional<Value> fitted(ValueType type) const;
-    /// The shortest text that reads back as the same number; "TRUE", "FALSE", "vacant"; a text as
-    /// it is.
+    /// As few digits as read back the same number, with a power of ten only where that is shorter
+    /// and the number below 1e-5 or not below 1e15; "TRUE", "FALSE", "vacant"; a text as it is.
     [[nodiscard]] std::string toText() const;
 
 private:
