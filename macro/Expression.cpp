@@ -25,10 +25,11 @@ void Expression::addConstant(Value value) {
         1);
 }
 
-void Expression::addVariable(ExpressionStep::Kind kind, std::size_t firstOfIndex) {
+void Expression::addVariable(ExpressionStep::Kind kind) {
     const ExpressionStep& last = m_steps.back();
     const std::uint32_t constant = last.index;
-    if (m_steps.size() == firstOfIndex + 1 && last.kind == ExpressionStep::Kind::kConstant) {
+    // What is computed ends in another step.
+    if (last.kind == ExpressionStep::Kind::kConstant) {
         const std::optional<double> number = m_constants[constant].number();
         const std::optional<std::int64_t> whole =
             number ? wholeNumber(*number, m_syntax->indexTolerance) : std::nullopt;

@@ -44,9 +44,9 @@ public:
     /// Appends a step that leaves `growth` values more (or less) on the stack.
     void add(const ExpressionStep& step, int growth);
     void addConstant(Value value);
-    /// Appends a step that uses a variable. Its index is what the steps from `firstOfIndex` on
-    /// compute; a mere number becomes part of the step.
-    void addVariable(ExpressionStep::Kind kind, std::size_t firstOfIndex);
+    /// Appends a step that uses a variable, whose index the steps before it compute; a mere number
+    /// becomes part of the step.
+    void addVariable(ExpressionStep::Kind kind);
     void addNamedVariable(ExpressionStep::Kind kind, std::string name);
 
     [[nodiscard]] const ExpressionSyntax& syntax() const noexcept { return *m_syntax; }

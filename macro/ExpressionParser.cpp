@@ -46,10 +46,7 @@ std::optional<double> nearestDouble(std::string_view digits) noexcept {
     double number = 0.0;
     const char* const end = digits.data() + digits.size();
     if (std::from_chars(digits.data(), end, number).ec == std::errc::result_out_of_range) {
-        if (digits.find_first_of("123456789") < digits.find('e') && decimalMagnitude(digits) > 0) {
-            return std::nullopt;
-        }
-        return 0.0;
+        return decimalMagnitude(digits) > 0 ? std::nullopt : std::optional(0.0);
     }
     return number;
 }
@@ -361,7 +358,6 @@ bool ExpressionParser::readVariable(ExpressionStep::Kind kind) {
     if (m_cursor.take(spelling.nameOpen)) {
         return readName(kind);
     }
-    const std::size_t firstOfIndex = m_expression->steps().size();
     if (spelling.indexIsOperand) {
         // An index may have an index, so it counts as a bracket.
         if (++m_brackets > kMostBrackets || !readOperand()) {
@@ -378,7 +374,7 @@ bool ExpressionParser::readVariable(ExpressionStep::Kind kind) {
     } else if (!readBracketed(spelling.indexOpen, spelling.indexClose)) {
         return false;
     }
-    m_expression->addVariable(kind, firstOfIndex);
+    m_expression->addVariable(kind);
     return true;
 }
 
@@ -462,19 +458,16 @@ const BinaryOperator* ExpressionParser::takeOperator(TextCursor& cursor) const {
     return longest;
 }
 
-// The function with the longest name, when its bracket follows; `cursor` is then before that.
+// The function whose name and bracket stand here; `cursor` is then before the bracket.
 const MacroFunction* ExpressionParser::takeFunction(TextCursor& cursor) const {
-    const TextCursor start = cursor;
-    const MacroFunction* longest = nullptr;
     for (const MacroFunction& row : m_syntax.functions) {
-        TextCursor behind = start;
-        if ((longest == nullptr || row.name.size() > longest->name.size()) &&
-            takeSpelling(behind, row.name) && isAhead(behind, m_syntax.open)) {
-            longest = &row;
+        TextCursor behind = cursor;
+        if (takeSpelling(behind, row.name) && isAhead(behind, m_syntax.open)) {
             cursor = behind;
+            return &row;
         }
     }
-    return longest;
+    return nullptr;
 }
 
 bool ExpressionParser::isAhead(TextCursor cursor, char c) const {

@@ -56,7 +56,7 @@ constexpr ExpressionSyntax kSyntax = {
     .textQuote = '\0',
     .variable = {.mark = '#', .indexIsOperand = true},
     .number = {},
-    .equality = {.tellsVacant = true},
+    .equality = {},
     .indexTolerance = 1e-4,
     .levels = 6,
     .unary = kUnary,

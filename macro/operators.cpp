@@ -61,7 +61,7 @@ int compare(const Value& left, const Value& right, const Equality& equality, boo
         result = Value::Boolean((left.text() == right.text()) == wanted);
         return 0;
     }
-    const bool tellsApart = equality.tellsVacant && left.isVacant() != right.isVacant();
+    const bool tellsApart = left.isVacant() != right.isVacant();
     return truth(left, right, result, [&](double a, double b) {
         return (!tellsApart && areEqual(a, b, equality)) == wanted;
     });

@@ -11,7 +11,6 @@
 struct Equality {
     double absolute = 0.0;
     double relative = 0.0;
-    bool tellsVacant = false; ///< a vacant value is equal to a vacant one alone
 };
 
 using UnaryOperation = int (*)(const Value& operand, Value& result);
@@ -37,7 +36,8 @@ int remainderOfDividend(const Value& left, const Value& right, const Equality& e
 int remainderFromZero(const Value& left, const Value& right, const Equality& equality,
                       Value& result);
 
-// Comparisons yield booleans. Texts can be equal or not, no more.
+// Comparisons yield booleans. Texts can be equal or not, no more. A vacant value is equal to a
+// vacant one alone; the others take it as 0.
 int isEqual(const Value& left, const Value& right, const Equality& equality, Value& result);
 int isUnequal(const Value& left, const Value& right, const Equality& equality, Value& result);
 int isGreater(const Value& left, const Value& right, const Equality& equality, Value& result);

@@ -161,6 +161,8 @@ TEST(Pools, SayWhatIsNeverSetAndReadOnly) {
     EXPECT_EQ(chain.load(numbered(60)), "2");
     EXPECT_EQ(chain.assign(numbered(70), Value::Real(1.0)), kVariableReadOnly);
     EXPECT_EQ(chain.assign(numbered(50), Value::Real(1.0)), 0);
+    EXPECT_EQ(chain.assign(numbered(50), Value::Boolean(true)), 0);
+    EXPECT_EQ(chain.load(numbered(50)), "1");
     EXPECT_EQ(chain.assign(numbered(50), Value()), 0);
     EXPECT_EQ(chain.load(numbered(50)), "vacant");
     EXPECT_EQ(chain.assign(numbered(1), Value()), kWrongType);
@@ -196,6 +198,7 @@ TEST(Pools, AFailureIsStackedAndTheRunGoesOn) {
     Evaluator evaluator;
     ASSERT_EQ(evaluator.evaluate(expression, chain.m_pools, value, error), kDivisionByZero);
     EXPECT_EQ(softErrors, nullptr);
+    error.shiftColumn(4);
     EXPECT_EQ(error.report(), kDivisionByZero);
     const std::string text = "SIN[\x01" + std::string(100, 'x');
     error.set(kExpressionUnreadable, "parse", {"at ", text}, 3);
