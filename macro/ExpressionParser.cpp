@@ -417,6 +417,9 @@ bool ExpressionParser::fail(MacroCode code, std::initializer_list<std::string_vi
 
 // Where blanks part words, a name of letters must end where the word ends.
 bool ExpressionParser::takeSpelling(TextCursor& cursor, std::string_view spelling) const {
+    if (cursor.peek() != spelling.front()) { // of most rows that are tried
+        return false;
+    }
     TextCursor behind = cursor;
     if (!behind.take(spelling)) {
         return false;
