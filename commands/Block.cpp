@@ -13,4 +13,4 @@ void Block::grow(std::size_t length) {
     m_echo = m_rest + size;
 }
 
-void Block::TrimRest() noexcept { trimText(Rest(), std::strlen(Rest())); }
+void Block::TrimRest() noexcept { trimText(Rest()); }

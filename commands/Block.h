@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// One block of a program on its way from its source through cleaners and recognisers: its text,
@@ -55,7 +56,8 @@ public:
     [[nodiscard]] const Place& GetPlace() const noexcept { return m_place; }
 
     /// What is left to be recognised, NUL-terminated, in a buffer of at least the text's length.
-    /// Whoever does more to it than removing bytes calls RefreshBytes. Not before the first Begin.
+    /// Whoever does more to it than removing bytes does so between BeginForeign and EndForeign. Not
+    /// before the first Begin.
     [[nodiscard]] char* Rest() noexcept { return m_rest; }
     [[nodiscard]] const char* Rest() const noexcept { return m_rest == nullptr ? "" : m_rest; }
     /// Whether `line` is the rest of this block, from its start.
@@ -65,9 +67,17 @@ public:
 
     /// The bytes of the rest, perhaps with others: it tells which words cannot stand there.
     [[nodiscard]] const ByteSet& Bytes() const noexcept { return m_bytes; }
-    /// Takes them from the rest anew, or lets every word be possible.
-    void RefreshBytes() noexcept { m_bytes = ByteSet::Of(Rest()); }
-    void ForgetBytes() noexcept { m_bytes = ByteSet::All(); }
+    /// Around a call that may do to the rest what it likes: meanwhile every byte is possible, also
+    /// within such a call inside of it. Behind the outermost one they are taken from the rest anew.
+    void BeginForeign() noexcept {
+        ++m_foreignCalls;
+        m_bytes = ByteSet::All();
+    }
+    void EndForeign() noexcept {
+        if (--m_foreignCalls == 0) {
+            m_bytes = ByteSet::Of(std::as_const(*this).Rest());
+        }
+    }
 
 private:
     void grow(std::size_t length);
@@ -77,6 +87,7 @@ private:
     char* m_echo = nullptr;
     std::size_t m_textLength = 0;
     Place m_place;
+    int m_foreignCalls = 0;
     std::size_t m_size = 0;      // of the rest with its end; only grows
     std::vector<char> m_buffers; // of the rest, then of the echo
 };

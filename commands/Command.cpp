@@ -2,8 +2,6 @@
 
 #include "commands/wordMatcher.h"
 
-#include <utility>
-
 Command::~Command() = default;
 
 int Command::GetStatus() { return 0; }
@@ -26,8 +24,9 @@ int Command::scanNC(char* line) {
             cutOut(word, end);
             m_ncLineStatus = TRUE;
             m_wasFound = true;
+            m_code = 0;
             InitStatus(line);
-            return std::exchange(m_code, 0);
+            return m_code;
         }
         from = end;
     }

@@ -104,9 +104,9 @@ int CommandIndex::scanNC(Block& block) {
 
 int CommandIndex::tryCommand(Command& command, Block& block) {
     if (!command.IsBuiltIn()) {
-        block.ForgetBytes();
+        block.BeginForeign();
         const int code = command.scanNC(block.Rest());
-        block.RefreshBytes();
+        block.EndForeign();
         select(block);
         return code;
     }

@@ -29,8 +29,8 @@ int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line
 
 // A host's own command may do to the block what it likes.
 int MachineStatus::computeForeign(Command& command, char* line) {
-    m_block.ForgetBytes();
+    m_block.BeginForeign();
     const int code = command.Compute(line);
-    m_block.RefreshBytes();
+    m_block.EndForeign();
     return code;
 }

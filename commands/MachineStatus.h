@@ -5,12 +5,13 @@
 #include "commands/CommandGroup.h"
 #include "commands/Comment.h"
 #include "commands/ModalGroup.h"
-#include "commands/Movement.h"
 #include "commands/RecordNumber.h"
 #include "softCommon/Boolean.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
+
+struct Movement;
 
 /// The modal state of the machine while an NC program is scanned: position, speeds, tool, the
 /// number format, the line cleaners and the groups of mutually exclusive commands. Nothing is
@@ -24,7 +25,8 @@ public:
 
     /// Computes the active command of each group for the block, in the order of ModalGroup; from
     /// the coolant on, the block is trimmed. The first non-zero result ends the sequence and is
-    /// returned. A group without an active command has nothing to compute.
+    /// returned. A group without an active command has nothing to compute; that of the movement
+    /// type counts as absolute.
     virtual int scanNC(char* line);
 
     /// Last position as handed to the output, after the axis factors, in mm.
@@ -53,16 +55,9 @@ public:
         return m_block.Bytes().MayContain(byte) || !m_block.IsRest(line);
     }
 
-    /// The movement that the block at hand makes; null before it makes one. It is made here, in
-    /// place: whoever begins one sets every field.
-    Movement& BeginMovement() noexcept {
-        m_hasMovement = true;
-        return m_movement;
-    }
-    void ForgetMovement() noexcept { m_hasMovement = false; }
-    [[nodiscard]] const Movement* GetMovement() const noexcept {
-        return m_hasMovement ? &m_movement : nullptr;
-    }
+    /// The last movement of the block at hand, which its command owns; null before there is one.
+    void KeepMovement(const Movement* movement) noexcept { m_movement = movement; }
+    [[nodiscard]] const Movement* GetMovement() const noexcept { return m_movement; }
 
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
@@ -108,6 +103,5 @@ private:
     std::array<CommandGroup, kModalGroupCount> m_groups;
     Boolean m_circleCenterMode = TRUE;
     Block m_block;
-    Movement m_movement;
-    bool m_hasMovement = false;
+    const Movement* m_movement = nullptr;
 };

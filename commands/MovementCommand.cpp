@@ -27,7 +27,8 @@ bool MovementCommand::TakeWords(char* line) {
 }
 
 void MovementCommand::resolveEndPoint(gmVector3& point) const {
-    const bool isIncrementalMode = m_status->GetMovTypeCom()->GetActiveCommand()->GetStatus() == 0;
+    Command* const type = m_status->GetMovTypeCom()->GetActiveCommand();
+    const bool isIncrementalMode = type != nullptr && type->GetStatus() == 0;
     point = m_status->GetEndPosition();
     for (int axis = 0; axis < 3; ++axis) {
         const AxisWords& words = m_axes[static_cast<std::size_t>(axis)];

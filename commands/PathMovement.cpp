@@ -19,14 +19,13 @@ int PathMovement::Compute(char* line) {
 }
 
 int PathMovement::Act() {
-    // Kept by the machine before it is written: an arc that has no direction ends the process.
-    Movement& movement = status().BeginMovement();
-    movement.start = status().GetEndPosition();
-    movement.feed = status().GetFeedRateSpeed();
-    takeToolAxis(movement);
-    makeMovement(movement);
-    passStages(movement);
-    m_writer.Write(movement);
+    m_movement.start = status().GetEndPosition();
+    m_movement.feed = status().GetFeedRateSpeed();
+    takeToolAxis(m_movement);
+    makeMovement(m_movement);
+    passStages(m_movement);
+    status().KeepMovement(&m_movement); // before an arc that has no direction ends the process
+    m_writer.Write(m_movement);
     return 0;
 }
 

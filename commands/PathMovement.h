@@ -29,5 +29,6 @@ private:
     virtual void makeMovement(Movement& movement) = 0;
     void passStages(Movement& movement) const;
 
+    Movement m_movement; // of the block at hand; made in place, every field set
     MovementWriter m_writer;
 };

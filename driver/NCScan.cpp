@@ -1,6 +1,7 @@
 #include "driver/NCScan.h"
 
 #include "apt/appendText.h"
+#include "commands/Movement.h"
 #include "driver/LineSource.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
@@ -8,24 +9,28 @@
 #include <cerrno>
 #include <cstring>
 #include <new>
+#include <utility>
 
-NCScan::NCScan() noexcept { BeginConversion(); }
+NCScan::NCScan() noexcept = default;
 
 NCScan::~NCScan() { detachOutputs(); }
 
 void NCScan::BeginConversion() noexcept {
+    // What a host put into the model before its first conversion belongs to that.
+    if (std::exchange(m_isFresh, false)) {
+        return;
+    }
     m_model.emplace();
     m_report = {};
     m_failure = {};
 }
 
-// Writers may live on, in the model and with a host: none of them reaches a closed stream.
+// Factory and writers may live on, in the model and with a host: none reaches a closed stream.
 void NCScan::detachOutputs() noexcept {
     if (m_outputState != nullptr) {
         m_outputState->Detach();
         m_outputState.reset();
     }
-    m_factory.reset();
 }
 
 bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
@@ -61,6 +66,7 @@ int NCScan::SetNCFileName(const char* name) {
 
 int NCScan::SetOutputType(const eOutputType& type, const char* outputfile, const char* logfile) {
     detachOutputs();
+    m_factory.reset();
     const int result = openOutput(outputfile);
     if (const int code = openLog(logfile); code != 0) {
         return code;
@@ -153,7 +159,7 @@ int NCScan::runBlocks(BlockSource& source) {
 
 void NCScan::beginBlock() noexcept {
     m_report.NotePlace(block());
-    m_model->status.ForgetMovement();
+    m_model->status.KeepMovement(nullptr);
     if (std::FILE* const log = m_logFile.get()) {
         appendText(log, block().Echo());
     }

@@ -54,7 +54,8 @@ public:
     [[nodiscard]] const AvailableParameters& Availableparameters() const noexcept {
         return m_model->parameters;
     }
-    /// Null unless the kind of output is APT and the output is open.
+    /// Null unless the kind of output is APT and the output could be opened. Its writers write
+    /// nowhere once the files are closed.
     [[nodiscard]] Factory* GetOutputFactory() noexcept { return m_factory.get(); }
 
     /// Flushes and closes output and log. Returns 0, or 202 or 203 when one of them could not be
@@ -76,7 +77,7 @@ public:
     [[nodiscard]] const Failure& LastFailure() const noexcept { return m_failure; }
 
 protected:
-    /// Forgets the command model, position and failure of an earlier conversion.
+    /// Forgets the command model, position and failure of an earlier conversion, if there was one.
     void BeginConversion() noexcept;
 
 private:
@@ -98,7 +99,8 @@ private:
 
     TextCopy m_ncFileName;
     FileOwner m_ncFile;
-    std::optional<Model> m_model;
+    std::optional<Model> m_model{std::in_place};
+    bool m_isFresh = true;
     std::unique_ptr<APTFactory> m_factory;
     std::shared_ptr<OutputState> m_outputState; // null while nothing is open
     BufferedFile m_outputFile;

@@ -1,3 +1,5 @@
+#include "softCommon/CErrorUtil/errorStack.h"
+
 #include "softCommon/CDebugUtil/dbtrace.h"
 #include "softCommon/CErrorUtil/CLocaleScope.h"
 #include "softCommon/CErrorUtil/messageParameters.h"
@@ -12,20 +14,6 @@ ErrorStackRecord* softErrors = nullptr;
 namespace {
 
 constexpr std::int32_t kOutOfMemory = 39999;
-
-// Returns null when memory is exhausted.
-ErrorStackRecord* appendRecord(std::int32_t msgnr) noexcept {
-    auto* const record = new (std::nothrow) ErrorStackRecord{};
-    if (record != nullptr) {
-        record->msgnr = msgnr;
-        ErrorStackRecord** end = &softErrors;
-        while (*end != nullptr) {
-            end = &(*end)->next;
-        }
-        *end = record;
-    }
-    return record;
-}
 
 void storeParameters(ErrorStackRecord& record, const MessageParameters& parameters) noexcept {
     std::memcpy(record.c, parameters.c, sizeof record.c);
@@ -46,8 +34,21 @@ void releaseFirst() noexcept { delete std::exchange(softErrors, softErrors->next
 
 } // namespace
 
+ErrorStackRecord* appendErrorRecord(std::int32_t msgnr) noexcept {
+    auto* const record = new (std::nothrow) ErrorStackRecord{};
+    if (record != nullptr) {
+        record->msgnr = msgnr;
+        ErrorStackRecord** end = &softErrors;
+        while (*end != nullptr) {
+            end = &(*end)->next;
+        }
+        *end = record;
+    }
+    return record;
+}
+
 int SetErrStackPar(std::int32_t msgnr, ...) {
-    ErrorStackRecord* const record = appendRecord(msgnr);
+    ErrorStackRecord* const record = appendErrorRecord(msgnr);
     if (record == nullptr) {
         fehler(kOutOfMemory);
         return kOutOfMemory;

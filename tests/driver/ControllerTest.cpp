@@ -1,10 +1,13 @@
 #include "driver/Controller.h"
+#include "commands/LinearMovement.h"
+#include "commands/NonModalCommand.h"
 #include "softCommon/CDebugUtil/dbtrace.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/convert.h"
 #include "tests/support/dialects.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -68,10 +71,37 @@ TEST(Controller, NamesWhatIsMissing) {
     EXPECT_EQ(controller.Report().Statements().Of(StatementKind::kRapidMove), 1);
 }
 
+struct Idle : ModalCommand {};
+
+// Moves along X and Y in the block's own buffer.
+struct Cycle : NonModalCommand {
+    explicit Cycle(MachineStatus& status) : m_status(status) { InitSyntax("G", 81); }
+    void InitStatus(char* line) override {
+        for (const char* const step : {"X1", "Y2"}) {
+            std::strcpy(line, step);
+            EXPECT_EQ(m_status.scanNC(line), 0);
+        }
+    }
+    MachineStatus& m_status;
+};
+
+TEST(Controller, LetsAHostsCommandDoToABlockWhatItLikes) {
+    const TempFolder folder;
+    Controller controller;
+    EXPECT_EQ(controller.SetOutputType(eOutputAPT, folder.path("apt").c_str(), nullptr), 0);
+    EXPECT_EQ(controller.scanParamFile(folder.write("a.pp", mill()).c_str()), 0);
+    Idle idle; // a host's command as well, within the other one's call
+    controller.Machinestatus().GetCoolantCom()->SetActiveCommand(&idle);
+    controller.Availablecommands().NewCommand(new Cycle(controller.Machinestatus()));
+    EXPECT_EQ(controller.scanNCFile(folder.write("a.nc", "G1\nG81 F7\n").c_str()), 0);
+    EXPECT_EQ(controller.CloseFiles(), 0);
+    EXPECT_EQ(folder.read("apt"), goTo(0, 0, 0) + goTo(1, 0, 0) + goTo(1, 2, 0));
+}
+
 TEST(Controller, LetsAHostGoOnWithItsModel) {
     const TempFolder folder;
     const std::string dialect = folder.write("a.pp", mill());
-    const std::string program = folder.write("a.nc", "G1 X1\n");
+    const std::string program = folder.write("a.nc", "G1 X1\nM99\n");
     const std::int16_t users = db_initialized;
     {
         Controller controller;
@@ -79,16 +109,25 @@ TEST(Controller, LetsAHostGoOnWithItsModel) {
         EXPECT_EQ(controller.NCScan::run(), 200);
         char line[] = "G0 X2";
         EXPECT_EQ(controller.Machinestatus().scanNC(line), 0); // without a dialect
+        Idle idle;
+        controller.Machinestatus().GetCoolantCom()->SetActiveCommand(&idle);
+        EXPECT_EQ(controller.Machinestatus().scanNC(line), 0); // and without a block
+        auto* const known = new Command;
+        known->InitSyntax("M", 99);
+        controller.Availablecommands().NewCommand(known);
         EXPECT_EQ(controller.execute(dialect.c_str(), program.c_str(), folder.path("apt").c_str(),
                                      folder.path("log").c_str(), eOutputAPT),
                   0);
+        EXPECT_EQ(controller.Report().UnrecognisedBlocks(), 0);
         // The files are closed: the machine moves on, and nothing is written.
         const StatementCounts before = controller.Report().Statements();
         EXPECT_EQ(controller.Machinestatus().scanNC(line), 0);
         EXPECT_EQ(controller.Machinestatus().GetEndPosition()[0], 2.0);
         EXPECT_EQ(controller.Report().Statements().Of(StatementKind::kFeedMove),
                   before.Of(StatementKind::kFeedMove));
-        EXPECT_EQ(controller.GetOutputFactory(), nullptr);
+        ASSERT_NE(controller.GetOutputFactory(), nullptr);
+        LinearMovement own(&controller.Machinestatus(), controller.GetOutputFactory());
+        EXPECT_EQ(own.Act(), 0);
     }
     EXPECT_EQ(db_initialized, users);
     EXPECT_EQ(folder.read("apt"), goTo(1, 0, 0));
