@@ -486,7 +486,7 @@ class Reader:
 # Evaluation: a value and the bound of its error
 
 
-doubt = 0.0  # relative, of what a function gets that is not exact
+doubt = 0.0  # relative, of what a function gets that is not exact; of rs274 alone
 
 
 def corners(value, error):
@@ -553,6 +553,8 @@ def key_of(family, index, condition):
     def whole(value):
         value = number(value)
         nearest = round(value)
+        if doubt and abs(nearest) >= 2**31:
+            raise Unstable
         if abs(value - nearest) > 1e-4 or not -(2**63) <= nearest < 2**63:
             raise Failure(WRONG_TYPE)
         return nearest
@@ -793,7 +795,7 @@ def chunk(task):
 def judge(count, seed):
     """Tries the rules above on the interpreter of the o-word family; the differences. It prints six
     decimals and nothing below 1e-4, lets a number that is none pass a comparison, computes angles in
-    more digits than a double has, and rounds within 32 bits."""
+    more digits than a double has, and rounds, also an index, within 32 bits."""
     global doubt
     doubt = 1e-15
     family = FAMILIES["o-word"]
