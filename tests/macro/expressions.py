@@ -197,7 +197,8 @@ class Family:
         self.functions = COMMON | functions
         self.levels = {"expression": levels, "condition": condition or levels}
         self.blind = name != "R-parameter"  # to blanks
-        self.operators = sorted({o for level in levels for o in level}, key=len, reverse=True)
+        # Long ones first, and always in the same order, so that a seed repeats a run.
+        self.operators = sorted({o for level in levels for o in level}, key=lambda o: (-len(o), o))
         end = "" if self.blind else r"(?![A-Z0-9_$])"
         spelled = [re.escape(o) + (end if o[-1].isalpha() else "") for o in self.operators]
         self.operator = re.compile("|".join(spelled))
