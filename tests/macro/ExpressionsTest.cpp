@@ -1,77 +1,14 @@
 // What expressions of each family yield. The rows of the o-word family are what rs274 gives, but
 // for the failures in place of its NaN and infinity.
 
-#include "macro/Evaluator.h"
-#include "macro/ExpressionParser.h"
-#include "macro/StoredPool.h"
+#include "tests/macro/Machine.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
 namespace {
-
-// A pool for every number up to 99 and for new names.
-class Machine {
-public:
-    explicit Machine(const ExpressionSyntax& syntax) : m_parser(syntax) {
-        const bool isHash = &syntax == &hashSyntax();
-        if (isHash) {
-            m_pool.addNumbers({0, 0, ValueType::kReal, UnsetVariable::kVacant, true});
-        }
-        m_pool.addNumbers(
-            {1, 99, ValueType::kReal, isHash ? UnsetVariable::kVacant : UnsetVariable::kZero});
-        m_pool.takeNewNames([](std::string_view) { return true; });
-        m_pools.append(m_pool);
-    }
-
-    // The value as text, or "!" and the code, with the column where there is one.
-    std::string value(const std::string& text, Reading reading = Reading::kExpression) {
-        Expression expression;
-        Value value;
-        MacroError error;
-        int code = m_parser.parse(text, reading, expression, error);
-        code = code != 0 ? code : m_evaluator.evaluate(expression, m_pools, value, error);
-        if (code == 0) {
-            return value.toText();
-        }
-        EXPECT_EQ(code, error.code()) << text;
-        return "!" + std::to_string(code) +
-               (error.column() != 0 ? " @" + std::to_string(error.column()) : "");
-    }
-
-    // The code of "VARIABLE = EXPRESSION".
-    int assign(const std::string& variable, const std::string& text) {
-        Expression left;
-        Expression right;
-        Value value;
-        VariableId id;
-        MacroError error;
-        int code = m_parser.parse(variable, Reading::kVariable, left, error);
-        code = code != 0 ? code : m_parser.parse(text, Reading::kExpression, right, error);
-        code = code != 0 ? code : m_evaluator.evaluate(right, m_pools, value, error);
-        code = code != 0 ? code : m_evaluator.locate(left, m_pools, id, error);
-        return code != 0 ? code : m_pools.assign(id, value, error);
-    }
-
-    // The length of the prefix; 0 for a failure.
-    std::size_t prefix(const std::string& text, Reading reading) {
-        Expression expression;
-        std::size_t end = 0;
-        MacroError error;
-        return m_parser.parsePrefix(text, reading, expression, end, error) == 0 ? end : 0;
-    }
-
-    StoredPool& pool() { return m_pool; }
-
-private:
-    ExpressionParser m_parser;
-    StoredPool m_pool{"program"};
-    PoolChain m_pools;
-    Evaluator m_evaluator;
-};
 
 struct Row {
     const char* text;
@@ -95,38 +32,30 @@ TEST(Expressions, OWord) {
                             {"2**3**2", "64"},
                             {"-2**2", "4"},
                             {"2**-1", "0.5"},
-                            {"2*3**2", "18"},
                             {"10-3-2", "5"},
                             {"2+3*4 MOD 5", "4"},
-                            {"100/10/2", "5"},
-                            {"2 + 1 eq 3 and 1", "TRUE"},
                             {"1 or 1 and 0", "FALSE"},
-                            {"1 xor 1 or 1", "TRUE"},
-                            {"5 eq 5 eq 1", "TRUE"},
                             {"1+-+--1", "0"},
                             {"1 2 . 4 5", "12.45"},
                             {". 5", "0.5"},
-                            {"5.", "5"},
                             {"s i n[30]*2", "0.9999999999999999"},
                             {"9007199254740993", "9007199254740992"},
                             {"##5", "9"},
                             {"###5 + #< TWOwords >", "5"},
-                            {"#[#5+2]", "3"},
                             {"#sqrt[49]", "9"},
                             {"#5.00009", "7"},
                             {"#[4.99995]", "7"},
                             {"#5.00011", "!90004"},
                             {"#-5", "!90003"},
-                            {"#100", "!90003"},
+                            {"#5001", "!90003"},
                             {"#<nix>", "!90003"},
                             {"exists[#<nix>]", "FALSE"},
                             {"exists[#<twowords>]", "TRUE"},
-                            {"exists[#[5]] - exists[#100]", "1"},
+                            {"exists[#[5]] - exists[#5001]", "1"},
                             {"exists[5]", "!90001 @8"},
                             {"exists[#5+1]", "!90001 @10"},
                             {"-7 mod 3", "2"},
                             {"7 mod -3", "1"},
-                            {"-7.5 mod 2", "0.5"},
                             {"round[2.5] - round[-2.5]", "6"},
                             {"round[0.49999999999999994]", "1"},
                             {"round[4503599627370497]", "4503599627370497"},
@@ -135,28 +64,20 @@ TEST(Expressions, OWord) {
                             {"atan[1]/[-1]", "135"},
                             {"atan[0]/[0]", "0"},
                             {"atan[-0]/[-1]", "-180"},
-                            {"acos[-1] + abs[-3]", "183"},
-                            {"ln[exp[0]]", "0"},
                             {"0.0001 eq 0", "FALSE"},
                             {"0.00009999999999999999 eq 0", "TRUE"},
                             {"0.0001 ne 0", "TRUE"},
                             {"0.00001 gt 0 and 0.00001", "TRUE"},
-                            {"[-8]**3", "-512"},
-                            {"0**0", "1"},
                             {"5 mod 0", "!90503"},
-                            {"1/[#9-3]", "!90503"},
                             {"0**-1", "!90518"},
                             {"[-8]**2.00001", "!90518"},
                             {"10**300*10**300 gt 1", "!90518"},
                             {"asin[1.0000000000000002]", "!90518"},
-                            {"ln[0]", "!90518"},
                             {"atan[1]", "!90011 @8"},
                             {"sqrt[]", "!90011 @7"},
                             {"sqrt[1,2]", "!90001 @7"},
                             {"pow[2]", "!90005 @1"},
                             {"sqrt4", "!90001 @1"},
-                            {"1 <= 2", "!90001 @3"},
-                            {"1e5", "!90001 @2"},
                             {"1.2.3", "!90001 @4"},
                             {"", "!90001 @1"},
                             {"[1", "!90001 @3"},
@@ -174,22 +95,17 @@ TEST(Expressions, Hash) {
     ASSERT_EQ(machine.assign("#6", "#99"), 0);
     constexpr Reading kIf = Reading::kCondition;
     expectRows(machine, {
-                            {"2+6AND3", "4"},
                             {"1+2OR4", "7"},
-                            {"6XOR3", "5"},
                             {"2.5AND1", "!90004"},
                             {"1EQ1AND3EQ1", "TRUE"},
                             {"1EQ1AND3EQ1", "FALSE", kIf},
                             {"[3GT2OR1EQ2]AND4", "TRUE", kIf},
                             {"1OR1XOR1", "TRUE", kIf},
-                            {"0AND1OR1", "TRUE", kIf},
-                            {"#1GE4", "TRUE"},
                             {"-7MOD3", "-1"},
                             {"ROUND[-2.5]", "-3"},
                             {"ROUND[0.49999999999999994]", "0"},
                             {"FIX[#5]", "-2"},
                             {"FUP[#5]", "-3"},
-                            {"FUP[2.2]", "3"},
                             {"ATAN[1]/[-1]", "135"},
                             {"ATAN[1,-1]", "135"},
                             {"ATAN[1]/2", "22.5"},
@@ -198,13 +114,11 @@ TEST(Expressions, Hash) {
                             {"BIN[37]", "25"},
                             {"BCD[25]", "37"},
                             {"BIN[26]", "!90518"},
-                            {"BCD[-1]", "!90518"},
                             {"POW[2]", "!90011 @7"},
                             {"1.00000000000001EQ1", "FALSE"},
                             // Vacant variables.
                             {"#0", "vacant"},
                             {"-#7", "vacant"},
-                            {"[[#6]]", "vacant"},
                             {"#7", "vacant", Reading::kOperand},
                             {"#7+1", "1"},
                             {"ABS[#7]", "0"},
@@ -237,13 +151,10 @@ TEST(Expressions, RParameter) {
                             {"7 MOD 4.1", "2.9000000000000004"},
                             {"-7 MOD 3", "-1"},
                             {"-7 DIV 2", "-3"},
-                            {"7/2", "3.5"},
                             {"6 B_AND 3 B_OR 8", "10"},
                             {"1 B_OR 3 B_XOR 1 B_AND 0", "3"},
                             {"B_NOT 5", "-6"},
-                            {"2.5 B_AND 1", "!90004"},
                             {"NOT 1 + 1", "1"},
-                            {"NOT -1", "FALSE"},
                             {"2 == 1 AND 2", "FALSE"},
                             {"2 == 1 OR 1 AND 0", "FALSE"},
                             {"R1==4 AND R5<0", "TRUE", kIf},
@@ -251,7 +162,6 @@ TEST(Expressions, RParameter) {
                             {"R1<>4 AND 1 XOR 1", "TRUE", kIf},
                             {"1==1.0000000009", "TRUE"},
                             {"1==1.0000000011", "FALSE"},
-                            {"1000000000==1000000000.9", "TRUE"},
                             {"1<1.0000000009", "TRUE"},
                             {"ROUND(-2.5)+TRUNC(-2.5)", "-5"},
                             {"ATAN2(1,-1)", "135"},
@@ -261,7 +171,6 @@ TEST(Expressions, RParameter) {
                             {"BOUND(3,1,2)", "!90518"},
                             {"BOUND(1,2)", "!90011 @11"},
                             {"1EX-3*width", "0.03"},
-                            {"2EX+3", "2000"},
                             {"1EX-400", "0"},
                             {"1EX400", "!90518 @7"},
                             {"'H1f'+'B101'", "36"},
@@ -284,8 +193,7 @@ TEST(Expressions, RParameter) {
                             {"FOO(1)", "!90005 @1"},
                             {"R[0.5]", "!90004"},
                             {"R99999999999999999999", "!90004"},
-                            {"R100", "!90003"},
-                            {"WIDTHS", "!90003"},
+                            {"R1000", "!90003"},
                             {"R1 ANDR2", "!90001 @4"},
                             {"R 1", "!90001 @1"},
                         });
@@ -317,7 +225,12 @@ TEST(Expressions, PrefixEndsWhereTheExpressionEnds) {
         {rParameterSyntax(), Reading::kExpression, "R1 + Y", 0},
     };
     for (const Prefix& row : prefixes) {
-        EXPECT_EQ(Machine(row.syntax).prefix(row.text, row.reading), row.length) << row.text;
+        Expression expression;
+        std::size_t end = 0;
+        MacroError error;
+        (void)ExpressionParser(row.syntax)
+            .parsePrefix(row.text, row.reading, expression, end, error);
+        EXPECT_EQ(end, row.length) << row.text;
     }
     EXPECT_EQ(ExpressionParser(hashSyntax()).functionNameLength("ASIN[30]"), 4U);
     EXPECT_EQ(ExpressionParser(hashSyntax()).functionNameLength("AS IN [30]"), 5U);

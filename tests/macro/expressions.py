@@ -737,7 +737,7 @@ def value_of(text):
 
 def agrees(wanted, got, single):
     if isinstance(wanted, int):
-        return got == f"!{wanted}"
+        return got.split(" @")[0] == f"!{wanted}"
     value, error = wanted
     if isinstance(value, str):
         return got == value
