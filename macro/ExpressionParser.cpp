@@ -309,12 +309,12 @@ bool ExpressionParser::readQuotedNumber() {
     std::int64_t number = 0;
     const char* const end = digits.data() + digits.size();
     const auto [behind, error] = std::from_chars(digits.data(), end, number, base);
-    if (error == std::errc::result_out_of_range) {
-        return fail(kOutOfRange, {"the number is too large"});
-    }
-    if (error != std::errc{} || behind != end || number < 0 || digits.starts_with('-') ||
+    if (error == std::errc::invalid_argument || behind != end || digits.starts_with('-') ||
         !m_cursor.take(m_syntax.number.quote)) {
         return fail(kExpressionUnreadable, {"the number is not complete"});
+    }
+    if (error != std::errc{}) {
+        return fail(kOutOfRange, {"the number is too large"});
     }
     m_expression->addConstant(Value::Integer(number));
     return true;

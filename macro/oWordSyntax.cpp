@@ -9,13 +9,13 @@ constexpr BinaryOperator both(std::string_view spelling, int level, BinaryOperat
     return {spelling, {level, operation}, {level, operation}};
 }
 constexpr BinaryOperator kBinary[] = {
-    both("**", 1, raise),       both("*", 2, multiply),
-    both("/", 2, divide),       both("MOD", 2, remainderFromZero),
-    both("+", 3, add),          both("-", 3, subtract),
-    both("EQ", 4, isEqual),     both("NE", 4, isUnequal),
-    both("GT", 4, isGreater),   both("GE", 4, isGreaterOrSame),
-    both("LT", 4, isLess),      both("LE", 4, isLessOrSame),
-    both("AND", 5, logicalAnd), both("OR", 5, logicalOr),
+    both("**", 1, raiseToPower), both("*", 2, multiply),
+    both("/", 2, divide),        both("MOD", 2, remainderFromZero),
+    both("+", 3, add),           both("-", 3, subtract),
+    both("EQ", 4, isEqual),      both("NE", 4, isUnequal),
+    both("GT", 4, isGreater),    both("GE", 4, isGreaterOrSame),
+    both("LT", 4, isLess),       both("LE", 4, isLessOrSame),
+    both("AND", 5, logicalAnd),  both("OR", 5, logicalOr),
     both("XOR", 5, logicalXor),
 };
 

@@ -131,7 +131,8 @@ int divideWhole(const Value& left, const Value& right, const Equality& /*equalit
     return quotient(left, right, result, [](double a, double b) { return std::trunc(a / b); });
 }
 
-int raise(const Value& left, const Value& right, const Equality& /*equality*/, Value& result) {
+int raiseToPower(const Value& left, const Value& right, const Equality& /*equality*/,
+                 Value& result) {
     return arithmetic(left, right, result, [](double a, double b) { return std::pow(a, b); });
 }
 

@@ -28,7 +28,7 @@ int subtract(const Value& left, const Value& right, const Equality& equality, Va
 int multiply(const Value& left, const Value& right, const Equality& equality, Value& result);
 int divide(const Value& left, const Value& right, const Equality& equality, Value& result);
 int divideWhole(const Value& left, const Value& right, const Equality& equality, Value& result);
-int raise(const Value& left, const Value& right, const Equality& equality, Value& result);
+int raiseToPower(const Value& left, const Value& right, const Equality& equality, Value& result);
 /// The remainder with the sign of the dividend.
 int remainderOfDividend(const Value& left, const Value& right, const Equality& equality,
                         Value& result);

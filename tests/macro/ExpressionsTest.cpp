@@ -1,77 +1,16 @@
 // What expressions of each family yield. The rows of the o-word family are what rs274 gives, but
 // for the failures in place of its NaN and infinity.
 
-#include "macro/Evaluator.h"
-#include "macro/ExpressionParser.h"
-#include "macro/StoredPool.h"
+#include "tests/macro/Machine.h"
 #include "tests/support/cases.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
-
-// A pool for every number up to 99 and for new names.
-class Machine {
-public:
-    explicit Machine(const ExpressionSyntax& syntax) : m_parser(syntax) {
-        const bool isHash = &syntax == &hashSyntax();
-        if (isHash) {
-            m_pool.addNumbers({0, 0, ValueType::kReal, UnsetVariable::kVacant, true});
-        }
-        m_pool.addNumbers(
-            {1, 99, ValueType::kReal, isHash ? UnsetVariable::kVacant : UnsetVariable::kZero});
-        m_pool.takeNewNames([](std::string_view) { return true; });
-        m_pools.append(m_pool);
-    }
-
-    // The value as text, or "!" and the code, with the column where there is one.
-    std::string value(const std::string& text, Reading reading = Reading::kExpression) {
-        Expression expression;
-        Value value;
-        MacroError error;
-        int code = m_parser.parse(text, reading, expression, error);
-        code = code != 0 ? code : m_evaluator.evaluate(expression, m_pools, value, error);
-        if (code == 0) {
-            return value.toText();
-        }
-        EXPECT_EQ(code, error.code()) << text;
-        return "!" + std::to_string(code) +
-               (error.column() != 0 ? " @" + std::to_string(error.column()) : "");
-    }
-
-    // The code of "VARIABLE = EXPRESSION".
-    int assign(const std::string& variable, const std::string& text) {
-        Expression left;
-        Expression right;
-        Value value;
-        VariableId id;
-        MacroError error;
-        int code = m_parser.parse(variable, Reading::kVariable, left, error);
-        code = code != 0 ? code : m_parser.parse(text, Reading::kExpression, right, error);
-        code = code != 0 ? code : m_evaluator.evaluate(right, m_pools, value, error);
-        code = code != 0 ? code : m_evaluator.locate(left, m_pools, id, error);
-        return code != 0 ? code : m_pools.assign(id, value, error);
-    }
-
-    // The length of the prefix; 0 for a failure.
-    std::size_t prefix(const std::string& text, Reading reading) {
-        Expression expression;
-        std::size_t end = 0;
-        MacroError error;
-        return m_parser.parsePrefix(text, reading, expression, end, error) == 0 ? end : 0;
-    }
-
-    StoredPool& pool() { return m_pool; }
-
-private:
-    ExpressionParser m_parser;
-    StoredPool m_pool{"program"};
-    PoolChain m_pools;
-    Evaluator m_evaluator;
-};
 
 void expectRows(Machine& machine, const std::string& file, std::size_t count) {
     const std::pair<std::string_view, Reading> readings[] = {{"if ", Reading::kCondition},
@@ -94,7 +33,7 @@ TEST(Expressions, OWord) {
     ASSERT_EQ(machine.assign("# [#5]", "[9]"), 0);
     ASSERT_EQ(machine.assign("#9", "3"), 0);
     ASSERT_EQ(machine.assign("#<Two Words>", "2"), 0);
-    expectRows(machine, "oWord.txt", 72);
+    expectRows(machine, "oWord.txt", 56);
 }
 
 TEST(Expressions, Hash) {
@@ -102,7 +41,7 @@ TEST(Expressions, Hash) {
     ASSERT_EQ(machine.assign("#1", "4"), 0);
     ASSERT_EQ(machine.assign("#[#1+1]", "-2.5"), 0);
     ASSERT_EQ(machine.assign("#6", "#99"), 0);
-    expectRows(machine, "hash.txt", 43);
+    expectRows(machine, "hash.txt", 36);
     EXPECT_EQ(machine.assign("#0", "1"), kVariableReadOnly);
     EXPECT_EQ(machine.assign("#1", "#0"), 0);
     EXPECT_EQ(machine.value("#1"), "vacant");
@@ -116,7 +55,7 @@ TEST(Expressions, RParameter) {
               PoolAnswer::kDone);
     ASSERT_EQ(machine.pool().declare("TITLE", ValueType::kText, Value::Text("AB c")),
               PoolAnswer::kDone);
-    expectRows(machine, "rParameter.txt", 53);
+    expectRows(machine, "rParameter.txt", 48);
     EXPECT_EQ(machine.assign("X1", "1"), kExpressionUnreadable);
     EXPECT_EQ(machine.assign("TITLE", "1"), kWrongType);
 }
@@ -145,7 +84,12 @@ TEST(Expressions, PrefixEndsWhereTheExpressionEnds) {
         {rParameterSyntax(), Reading::kExpression, "R1 + Y", 0},
     };
     for (const Prefix& row : prefixes) {
-        EXPECT_EQ(Machine(row.syntax).prefix(row.text, row.reading), row.length) << row.text;
+        Expression expression;
+        std::size_t end = 0;
+        MacroError error;
+        (void)ExpressionParser(row.syntax)
+            .parsePrefix(row.text, row.reading, expression, end, error);
+        EXPECT_EQ(end, row.length) << row.text;
     }
     EXPECT_EQ(ExpressionParser(hashSyntax()).functionNameLength("ASIN[30]"), 4U);
     EXPECT_EQ(ExpressionParser(hashSyntax()).functionNameLength("AS IN [30]"), 5U);
