@@ -127,6 +127,11 @@ TEST(Writers, WriteNowhereWithoutStreamsAndWholeStatementsOnly) {
                   EXPECT_FALSE(state->hasLostStatement);
                   writer.InitOutput(257);
                   EXPECT_TRUE(state->hasLostStatement);
+                  double zero = 0.0;
+                  APTFactory counted(Outputs(nullptr, nullptr, state));
+                  own(counted.GetLinearCom())->InitOutput(TRUE, zero, zero, zero);
+                  EXPECT_EQ(counts.Of(StatementKind::kRapidMove), 1);
+                  EXPECT_EQ(counts.Of(StatementKind::kFeedMove), 0);
                   state->Detach();
                   writer.InitOutput(1);
               }),

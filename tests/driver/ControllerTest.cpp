@@ -10,6 +10,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 using namespace std::string_literals;
 
@@ -65,6 +66,10 @@ TEST(Controller, NamesWhatIsMissing) {
     EXPECT_EQ(controller.execute(pp, nc, nullptr, folder.path("log").c_str(), eOutputAPT), 202);
     EXPECT_EQ(folder.read("log"), kLogHead) << "the log is opened without an output, too";
     EXPECT_EQ(controller.execute(pp, nc, nullptr, nullptr, eOutputToolpath), 201);
+    EXPECT_EQ(controller.execute(pp, nc, nc, nullptr, eOutputAPT), 202) << "it is an input";
+    EXPECT_EQ(controller.execute(pp, nc, apt, pp, eOutputAPT), 203);
+    const std::string made = folder.path("made");
+    EXPECT_EQ(controller.execute(pp, made.c_str(), apt, made.c_str(), eOutputAPT), 200);
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, static_cast<eOutputType>(7)), 201);
     EXPECT_EQ(controller.execute(pp, nc, apt, nullptr, eOutputAPT), 0);
     EXPECT_EQ(readFile(output), "RAPID\n" + goTo(1, 0, 0));
@@ -131,6 +136,25 @@ TEST(Controller, LetsAHostGoOnWithItsModel) {
     }
     EXPECT_EQ(db_initialized, users);
     EXPECT_EQ(folder.read("apt"), goTo(1, 0, 0));
+}
+
+TEST(Controller, KnowsTheSpellingsOfItsOptions) {
+    for (std::vector<std::string> words :
+         {std::vector<std::string>{"", "-P", "p", "-Nc", "n", "-oF", "o", "-L", "l", "-OT", "APT"},
+          {"", "-l", "l", "-p", "p", "-NC", "n", "-OF", "o", "-oT", "TOOLPATH"}}) {
+        std::vector<char*> argv;
+        for (std::string& word : words) {
+            argv.push_back(word.data());
+        }
+        argv.push_back(nullptr);
+        char* files[4] = {};
+        eOutputType type = eOutputNone;
+        EXPECT_EQ(Controller().ScanParameters(static_cast<int>(words.size()), argv.data(), files[0],
+                                              files[1], files[2], files[3], type),
+                  0);
+        EXPECT_EQ(std::string(files[0]) + files[1] + files[2] + files[3], "pnlo");
+        EXPECT_EQ(type, words.back() == "APT" ? eOutputAPT : eOutputToolpath);
+    }
 }
 
 TEST(Controller, TellsTheHookBeforeTheProcessEnds) {

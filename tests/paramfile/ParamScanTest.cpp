@@ -83,6 +83,15 @@ TEST(ParamScan, LetsTheLastEntryWinAndEmptyValuesChangeNothing) {
               "TLAXIS/    0.00000,    0.00000,    1.00000\nRAPID\n" + goTo(2, 0, 0));
 }
 
+TEST(ParamScan, TakesCentresForAbsoluteOnlyWhereTheValueBeginsWithOne) {
+    for (const auto& [mode, centre] : {std::pair{"1 yes", 5.0}, {"2", 15.0}, {"0", 15.0}}) {
+        EXPECT_EQ(aptOf(mill({{"CIRCLE_CENTER_ABS", mode}}), "G1 X10\nG2 X20 I5"),
+                  goTo(10, 0, 0) + arcTo({0, mode[0] == '1' ? -1.0 : 1.0, 0}, {centre, 0, 0},
+                                         20 - centre, {20, 0, 0}))
+            << mode;
+    }
+}
+
 TEST(ParamScan, SplitsLettersAndNumber) {
     const std::tuple<const char*, const char*, long> rows[] = {
         {"G01", "G", 1},      {"G1X2", "G1X", 2},
