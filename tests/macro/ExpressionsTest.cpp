@@ -55,7 +55,7 @@ TEST(Expressions, RParameter) {
               PoolAnswer::kDone);
     ASSERT_EQ(machine.pool().declare("TITLE", ValueType::kText, Value::Text("AB c")),
               PoolAnswer::kDone);
-    expectRows(machine, "rParameter.txt", 48);
+    expectRows(machine, "rParameter.txt", 53);
     EXPECT_EQ(machine.assign("X1", "1"), kExpressionUnreadable);
     EXPECT_EQ(machine.assign("TITLE", "1"), kWrongType);
 }

@@ -19,7 +19,13 @@ std::string Machine::value(const std::string& text, Reading reading) {
     Value value;
     MacroError error;
     int code = m_parser.parse(text, reading, expression, error);
-    code = code != 0 ? code : m_evaluator.evaluate(expression, m_pools, value, error);
+    if (code == 0 && reading == Reading::kCondition) {
+        bool truth = false;
+        code = m_evaluator.isTrue(expression, m_pools, truth, error);
+        value = Value::Boolean(truth);
+    } else if (code == 0) {
+        code = m_evaluator.evaluate(expression, m_pools, value, error);
+    }
     if (code == 0) {
         return value.toText();
     }

@@ -14,7 +14,8 @@ public:
 
     [[nodiscard]] StoredPool& pool() { return m_pool; }
     [[nodiscard]] ExpressionParser& parser() { return m_parser; }
-    /// The value as text, or "!" and the code, with " @" and the column where there is one.
+    /// The value (of a condition whether it is true) as text, or "!" and the code, with " @" and
+    /// the column where there is one.
     std::string value(const std::string& text, Reading reading = Reading::kExpression);
     /// The code of "VARIABLE = TEXT".
     int assign(const std::string& variable, const std::string& text);

@@ -136,6 +136,10 @@ TEST(Pools, AreSearchedInOrder) {
     EXPECT_EQ(callee.declare("A", kInteger, Value::Real(0.5)), PoolAnswer::kWrongType);
     EXPECT_EQ(callee.declare("A", kInteger, Value()), PoolAnswer::kDone);
     EXPECT_EQ(chain.load(named("A")), "0");
+    EXPECT_EQ(chain.assign(named("A"), five), 0);
+    EXPECT_EQ(chain.load(named("A")), "5");
+    EXPECT_EQ(callee.declare("FLAG", kBoolean, Value()), PoolAnswer::kDone);
+    EXPECT_EQ(chain.load(named("FLAG")), "FALSE");
     EXPECT_EQ(chain.assign(named("A"), Value::Real(0.5)), kWrongType);
     EXPECT_EQ(chain.assign(numbered(1), Value::Real(6.0)), 0);
     callee.clear();

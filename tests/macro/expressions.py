@@ -568,7 +568,10 @@ def expected(family, reading, text):
     tree = None
     try:
         tree = Reader(family, reading, text).whole()
-        return evaluate(family, tree, reading == "condition"), tree
+        value = evaluate(family, tree, reading == "condition")
+        if reading == "condition":
+            value = carefully(lambda x: number(x) != 0, True, [value])
+        return value, tree
     except Failure as failure:
         return failure.code, tree
     except Unstable:
