@@ -13,4 +13,10 @@ void Block::grow(std::size_t length) {
     m_echo = m_rest + size;
 }
 
-void Block::TrimRest() noexcept { trimText(Rest()); }
+void Block::TrimRest() noexcept {
+    if (m_mayHoldLineEnd) {
+        trimText(m_rest);
+    } else {
+        trimText(m_rest, std::strlen(m_rest));
+    }
+}

@@ -45,6 +45,7 @@ public:
         m_textLength = text.size();
         m_bytes = bytes;
         m_place = place;
+        m_mayHoldLineEnd = false;
     }
 
     /// The block as it stands in its file, trimmed.
@@ -62,7 +63,7 @@ public:
     [[nodiscard]] const char* Rest() const noexcept { return m_rest == nullptr ? "" : m_rest; }
     /// Whether `line` is the rest of this block, from its start.
     [[nodiscard]] bool IsRest(const char* line) const noexcept { return line == m_rest; }
-    /// Removes the blanks at both ends of the rest.
+    /// Removes the blanks at both ends of the rest, and all from a line end on.
     void TrimRest() noexcept;
 
     /// The bytes of the rest, perhaps with others: it tells which words cannot stand there.
@@ -71,6 +72,7 @@ public:
     /// within such a call inside of it. Behind the outermost one they are taken from the rest anew.
     void BeginForeign() noexcept {
         ++m_foreignCalls;
+        m_mayHoldLineEnd = true;
         m_bytes = ByteSet::All();
     }
     void EndForeign() noexcept {
@@ -88,6 +90,7 @@ private:
     std::size_t m_textLength = 0;
     Place m_place;
     int m_foreignCalls = 0;
-    std::size_t m_size = 0;      // of the rest with its end; only grows
-    std::vector<char> m_buffers; // of the rest, then of the echo
+    bool m_mayHoldLineEnd = false; // put there by such a call
+    std::size_t m_size = 0;        // of the rest with its end; only grows
+    std::vector<char> m_buffers;   // of the rest, then of the echo
 };

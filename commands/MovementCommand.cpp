@@ -29,8 +29,9 @@ bool MovementCommand::TakeWords(char* line) {
 void MovementCommand::resolveEndPoint(gmVector3& point) const {
     Command* const type = m_status->GetMovTypeCom()->GetActiveCommand();
     const bool isIncrementalMode = type != nullptr && type->GetStatus() == 0;
-    point = m_status->GetEndPosition();
+    const gmVector3 start = m_status->GetEndPosition();
     for (int axis = 0; axis < 3; ++axis) {
+        double value = start[axis];
         const AxisWords& words = m_axes[static_cast<std::size_t>(axis)];
         // The absolute word comes last and wins; in incremental mode it adds to the other's result.
         for (Parameter* const word : {words.incremental, words.absolute}) {
@@ -40,9 +41,10 @@ void MovementCommand::resolveEndPoint(gmVector3& point) const {
             if (isIncrementalMode) {
                 word->SetIncStatus(TRUE);
             }
-            word->ConvertIncremental(point[axis]);
-            point[axis] = word->GetValue();
+            word->ConvertIncremental(value);
+            value = word->GetValue();
             word->SetNCLineStatus(FALSE);
         }
+        point[axis] = value;
     }
 }
