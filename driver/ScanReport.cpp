@@ -31,11 +31,7 @@ void ScanReport::NotePlace(const Block& block) noexcept {
     if (place.isCutAtNul) {
         Note(Oddity::kNulByte, block);
     }
-    if (!place.continuesLine) {
-        return;
-    }
-    ++m_furtherPieces;
-    if (!place.isLineEnd && place.line != m_lastLongLine) {
+    if (place.continuesLine && !place.isLineEnd && place.line != m_lastLongLine) {
         m_lastLongLine = place.line;
         Note(Oddity::kLongLine, block);
     }

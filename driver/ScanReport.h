@@ -60,8 +60,6 @@ public:
 
     [[nodiscard]] StatementCounts& Statements() noexcept { return m_statements; }
     [[nodiscard]] const StatementCounts& Statements() const noexcept { return m_statements; }
-    /// Blocks that were more than one to their line.
-    [[nodiscard]] long FurtherPieces() const noexcept { return m_furtherPieces; }
 
     [[nodiscard]] const Tally& Of(Oddity oddity) const noexcept {
         return m_oddities[static_cast<std::size_t>(oddity)];
@@ -81,7 +79,6 @@ private:
     void warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
 
     StatementCounts m_statements;
-    long m_furtherPieces = 0;
     std::array<Tally, static_cast<std::size_t>(Oddity::kCount)> m_oddities;
     long m_lastLongLine = 0;
     long m_unrecognisedBlocks = 0;
