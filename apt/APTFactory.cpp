@@ -8,6 +8,7 @@
 #include "apt/AResMovTypeCom.h"
 #include "apt/AResRegularCommand.h"
 #include "apt/AResSpindle.h"
+#include "apt/AResText.h"
 
 #include <new>
 
@@ -34,3 +35,5 @@ ResRegularCommand* APTFactory::GetRegulaCom() {
 }
 
 ResEndCommand* APTFactory::GetEndCom() { return new (std::nothrow) AResEndCommand(m_outputs); }
+
+ResText* APTFactory::GetTextCom() { return new (std::nothrow) AResText(m_outputs); }

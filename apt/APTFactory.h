@@ -21,6 +21,7 @@ public:
     [[nodiscard]] ResMovTypeCom* GetMovTypCom() override;
     [[nodiscard]] ResRegularCommand* GetRegulaCom() override;
     [[nodiscard]] ResEndCommand* GetEndCom() override;
+    [[nodiscard]] ResText* GetTextCom() override;
     void SetOutputFile(std::FILE* file) override { m_outputs.SetOutputFile(file); }
     [[nodiscard]] std::FILE* GetOutputFile() override { return m_outputs.OutputFile(); }
     void SetLogFile(std::FILE* file) override { m_outputs.SetLogFile(file); }

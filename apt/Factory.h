@@ -10,6 +10,7 @@ class ResLinearMovement;
 class ResMovTypeCom;
 class ResRegularCommand;
 class ResSpindle;
+class ResText;
 
 /// Makes the result writers of one output language. Each Get...Com makes a new writer with the
 /// current streams, owned by the caller, or returns null when memory is exhausted. Nothing is
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] virtual ResMovTypeCom* GetMovTypCom() = 0;
     [[nodiscard]] virtual ResRegularCommand* GetRegulaCom() = 0;
     [[nodiscard]] virtual ResEndCommand* GetEndCom() = 0;
+    [[nodiscard]] virtual ResText* GetTextCom() = 0;
     virtual void SetOutputFile(std::FILE* file) = 0;
     [[nodiscard]] virtual std::FILE* GetOutputFile() = 0;
     virtual void SetLogFile(std::FILE* file) = 0;

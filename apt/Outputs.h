@@ -19,6 +19,29 @@ struct OutputState {
     }
 };
 
+/// While it lives, nothing is written or counted.
+class MutedOutputs {
+public:
+    /// The state may be null; it must outlive this.
+    explicit MutedOutputs(OutputState* state) noexcept
+        : m_state(state), m_before(state == nullptr ? OutputState() : *state) {
+        if (m_state != nullptr) {
+            m_state->Detach();
+        }
+    }
+    MutedOutputs(const MutedOutputs&) = delete;
+    MutedOutputs& operator=(const MutedOutputs&) = delete;
+    ~MutedOutputs() {
+        if (m_state != nullptr) {
+            *m_state = m_before;
+        }
+    }
+
+private:
+    OutputState* m_state;
+    OutputState m_before;
+};
+
 /// Where the statements of a conversion leave: output, log and counts travel as one thing, from the
 /// driver to the factory and from there to every writer. The streams are not owned, and each may be
 /// null. Writers that outlive the streams write nowhere, as far as the state is there to say so;

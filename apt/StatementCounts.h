@@ -16,6 +16,7 @@ enum class StatementKind : std::size_t {
     kTool,
     kMode,
     kProgramEnd,
+    kText,
     kCount
 };
 

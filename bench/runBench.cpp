@@ -25,7 +25,8 @@
 ///     runBench PROGRAMS QUILLMARK SOURCES WORK [RS274]
 ///
 /// PROGRAMS is the folder of the built contestants, SOURCES the folder with mill.pp and small.*,
-/// and WORK an empty folder but for part.nc, long.nc (four times the blocks) and wide.pp.
+/// and WORK an empty folder but for part.nc, long.nc (four times the blocks), wide.pp, and loop.nc,
+/// which computes the blocks of written.nc.
 /// Exit status: 0 when every output is what it must be, whether or not the goals are met; else 1.
 ///
 /// This process stays small: a child's peak memory is at least what it has before it becomes the
@@ -267,6 +268,7 @@ public:
         if (rs274 != nullptr) {
             const std::string canon = m_work + "/part.canon";
             m_rs274.push_back({"rs274 -g", {rs274, "-g", part(), canon}, canon});
+            m_rs274.push_back({"rs274 -g, computed", {rs274, "-g", m_loopNc, canon}, canon});
         }
     }
 
@@ -288,8 +290,8 @@ public:
             "\nWhole processes, wall clock in milliseconds; processor time in the column CPU.\n");
         std::printf("%-34s %4s %10s %10s %10s %10s %9s %9s\n", "contestant", "runs", "median",
                     "min", "max", "CPU", "peak MiB", "Mblocks/s");
-        for (const Contestant* contestant :
-             {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit, &m_limitOwnDigits}) {
+        for (const Contestant* contestant : {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit,
+                                             &m_limitOwnDigits, &m_loop, &m_written}) {
             printRow(*contestant, kPartBlocks);
         }
         for (const auto& others : {m_before, m_rs274}) {
@@ -318,8 +320,9 @@ private:
         return contestant;
     }
 
-    [[nodiscard]] Contestant loop(const char* name, const char* program,
-                                  const std::string& nc) const {
+    /// A contestant with the dialect wired in.
+    [[nodiscard]] Contestant wired(const char* name, const char* program,
+                                   const std::string& nc) const {
         const std::string output = m_work + "/out.apt";
         return {name, {m_programs + "/" + program, nc, output}, output};
     }
@@ -333,19 +336,20 @@ private:
     void checkSmallProgram() const {
         const std::string nc = m_sources + "/small.nc";
         for (Contestant contestant :
-             {loop("naive loop", "naive", nc), loop("limit", "limit", nc),
-              loop("limit with its own digits", "limitOwnDigits", nc), m_small}) {
+             {wired("naive loop", "naive", nc), wired("limit", "limit", nc),
+              wired("limit with its own digits", "limitOwnDigits", nc), m_small}) {
             runAndCompare(contestant, m_sources + "/small.apt");
         }
     }
 
     /// The output of the plain loop is what all others are compared with.
     void makeReferences() {
-        for (const auto& [nc, apt] : {std::pair{part(), m_partApt}, {m_longNc, m_longApt}}) {
+        for (const auto& [nc, apt] :
+             {std::pair{part(), m_partApt}, {m_longNc, m_longApt}, {m_writtenNc, m_writtenApt}}) {
             Contestant reference{"naive", {m_programs + "/naive", nc, apt}, apt};
             run(reference, m_work);
         }
-        m_moves = countAptMoves(m_partApt);
+        m_moves = {countAptMoves(m_partApt), countAptMoves(m_writtenApt)};
     }
 
     /// One round in a random order: what runs before a contestant has an effect on it. The quick
@@ -357,14 +361,16 @@ private:
                 turns.emplace_back([this, quick] { runAndCompare(*quick, m_partApt); });
             }
             turns.emplace_back([this] { runAndCompare(m_long, m_longApt); });
+            turns.emplace_back([this] { runAndCompare(m_loop, m_writtenApt); });
+            turns.emplace_back([this] { runAndCompare(m_written, m_writtenApt); });
             turns.emplace_back([this] { runLogged(); });
             for (Contestant& contestant : m_before) {
                 turns.emplace_back([this, &contestant] { runAndCompare(contestant, m_partApt); });
             }
         }
         turns.emplace_back([this] { runAndCompare(m_naive, m_partApt); });
-        for (Contestant& contestant : m_rs274) {
-            turns.emplace_back([this, &contestant] { runInterpreter(contestant); });
+        for (std::size_t k = 0; k < m_rs274.size(); ++k) {
+            turns.emplace_back([this, k] { runInterpreter(m_rs274[k], m_moves.at(k)); });
         }
         std::shuffle(turns.begin(), turns.end(), m_random);
         for (const auto& turn : turns) {
@@ -380,12 +386,12 @@ private:
 
     /// The interpreter writes another language; it has done the same work when it has made as many
     /// moves.
-    void runInterpreter(Contestant& contestant) const {
+    void runInterpreter(Contestant& contestant, std::uint64_t expected) const {
         run(contestant, m_work);
         const std::uint64_t moves = countCanonicalMoves(contestant.output);
-        if (moves != m_moves) {
+        if (moves != expected) {
             throw Failure(contestant.name + " makes " + std::to_string(moves) + " moves, not " +
-                          std::to_string(m_moves));
+                          std::to_string(expected));
         }
     }
 
@@ -400,12 +406,15 @@ private:
             printRatio("quillmark / quillmark before", m_plain, m_before[0], Bound::kAtMost, 1.03);
             printRatio("the same with log", m_logged, m_before[1], Bound::kAtMost, 1.03);
         }
-        for (const Contestant& contestant : m_rs274) {
-            printRatio("rs274 -g / quillmark", contestant, m_plain, Bound::kAtLeast, 12);
-        }
         if (m_rs274.empty()) {
             std::printf("rs274 -g / quillmark: skipped, rs274 is not installed\n");
+        } else {
+            printRatio("rs274 -g / quillmark", m_rs274[0], m_plain, Bound::kAtLeast, 12);
+            printRatio("rs274 -g / quillmark, blocks computed in a loop", m_rs274[1], m_loop,
+                       Bound::kAtLeast, 12);
         }
+        printRatio("blocks computed in a loop / written out", m_loop, m_written, Bound::kAtMost,
+                   2.5);
         printRatio("4,000,000 blocks / 1,000,000 blocks", m_long, m_plain, Bound::kAtMost, 4.3);
         printRatio("40 more commands / plain dialect", m_wide, m_plain, Bound::kAtMost, 1.15);
         printRatio("11 blocks / empty C++ program", m_small, m_empty, Bound::kAtMost, 1.5);
@@ -415,9 +424,10 @@ private:
         printMemory("peak memory, MiB", largestPeak(), 8);
     }
 
+    /// Of what is read as a stream: a program of a language is held, but not what it computes.
     [[nodiscard]] long largestPeak() const {
         return std::max({m_plain.peakKibibytes, m_logged.peakKibibytes, m_wide.peakKibibytes,
-                         m_long.peakKibibytes, m_small.peakKibibytes});
+                         m_long.peakKibibytes, m_small.peakKibibytes, m_loop.peakKibibytes});
     }
 
     std::string m_programs;
@@ -427,10 +437,14 @@ private:
 
     std::string m_longNc = m_work + "/long.nc";
     std::string m_log = m_work + "/out.log";
+    std::string m_loopNc = m_work + "/loop.nc";
+    std::string m_writtenNc = m_work + "/written.nc";
     std::string m_partApt = m_work + "/part.apt";
     std::string m_longApt = m_work + "/long.apt";
+    std::string m_writtenApt = m_work + "/written.apt";
     std::string m_dialect = m_sources + "/mill.pp";
-    std::uint64_t m_moves = 0;
+    std::string m_oWordDialect = m_sources + "/../dialects/o-word-mill.pp";
+    std::array<std::uint64_t, 2> m_moves{}; ///< of the programs that m_rs274 run
     std::minstd_rand m_random;
 
     Contestant m_plain = quillmark("quillmark", m_dialect, part());
@@ -438,13 +452,16 @@ private:
     Contestant m_wide = quillmark("quillmark, 40 more commands", m_work + "/wide.pp", part());
     Contestant m_long = quillmark("quillmark, 4,000,000 blocks", m_dialect, m_longNc);
     Contestant m_small = quillmark("quillmark, 11 blocks", m_dialect, m_sources + "/small.nc");
-    Contestant m_naive = loop("naive loop", "naive", part());
-    Contestant m_limit = loop("hand-tuned limit", "limit", part());
-    Contestant m_limitOwnDigits = loop("limit printing digits itself", "limitOwnDigits", part());
+    Contestant m_loop = quillmark("quillmark, blocks computed", m_oWordDialect, m_loopNc);
+    Contestant m_written =
+        quillmark("quillmark, the same written out", m_oWordDialect, m_writtenNc);
+    Contestant m_naive = wired("naive loop", "naive", part());
+    Contestant m_limit = wired("hand-tuned limit", "limit", part());
+    Contestant m_limitOwnDigits = wired("limit printing digits itself", "limitOwnDigits", part());
     Contestant m_empty{"empty C++ program", {m_programs + "/empty"}, {}};
     Contestant m_emptyRuntime{"empty, C++ runtime loaded", {m_programs + "/emptyRuntime"}, {}};
     std::vector<Contestant> m_before; ///< without and with log, or none when no one is named
-    std::vector<Contestant> m_rs274;  ///< one, or none when it is not installed
+    std::vector<Contestant> m_rs274;  ///< of part and loop, or none when it is not installed
 };
 
 } // namespace

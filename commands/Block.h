@@ -2,6 +2,7 @@
 
 #include "commands/ByteSet.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -16,12 +17,14 @@ class Block {
 public:
     /// Where a block stands.
     struct Place {
-        const char* file = nullptr; ///< null for the main program; not owned
-        long line = 0;              ///< in that file, from 1; 0 before the first block
-        long number = 0;            ///< of the block in the conversion, from 1
-        bool continuesLine = false; ///< the line was too long: this is a further piece of it
-        bool isLineEnd = false;     ///< that piece holds nothing but the end of the line
-        bool isCutAtNul = false;    ///< a NUL byte ended the reading of it
+        const char* file = nullptr;   ///< null for the main program; not owned
+        long line = 0;                ///< in that file, from 1; 0 before the first block
+        long number = 0;              ///< of the block in the conversion, from 1
+        bool continuesLine = false;   ///< the line was too long: this is a further piece of it
+        bool isLineEnd = false;       ///< that piece holds nothing but the end of the line
+        bool isCutAtNul = false;      ///< a NUL byte ended the reading of it
+        bool isComputed = false;      ///< its words are the values of expressions, and not its text
+        bool restartsProgram = false; ///< a control would begin the program again behind it
     };
 
     Block() noexcept = default;
@@ -34,18 +37,11 @@ public:
     void Begin(std::string_view text, const Place& place) { Begin(text, ByteSet::Of(text), place); }
     /// The same for a text of known bytes, perhaps with others.
     void Begin(std::string_view text, const ByteSet& bytes, const Place& place) {
-        if (m_size <= text.size()) {
-            grow(text.size());
-        }
-        std::memcpy(m_rest, text.data(), text.size());
-        m_rest[text.size()] = '\0';
-        m_echo[0] = '\n';
-        std::memcpy(m_echo + 1, text.data(), text.size());
-        m_echo[text.size() + 1] = '\n';
-        m_textLength = text.size();
-        m_bytes = bytes;
-        m_place = place;
-        m_mayHoldLineEnd = false;
+        begin(text, text, bytes, place);
+    }
+    /// A block whose words were made out of its text, and are trimmed and without NUL as well.
+    void Begin(std::string_view text, std::string_view words, const Place& place) {
+        begin(text, words, ByteSet::Of(words), place);
     }
 
     /// The block as it stands in its file, trimmed.
@@ -82,6 +78,22 @@ public:
     }
 
 private:
+    void begin(std::string_view text, std::string_view words, const ByteSet& bytes,
+               const Place& place) {
+        const std::size_t length = text.size() < words.size() ? words.size() : text.size();
+        if (m_size <= length) {
+            grow(length);
+        }
+        std::copy(words.begin(), words.end(), m_rest);
+        m_rest[words.size()] = '\0';
+        m_echo[0] = '\n';
+        std::copy(text.begin(), text.end(), m_echo + 1);
+        m_echo[text.size() + 1] = '\n';
+        m_textLength = text.size();
+        m_bytes = bytes;
+        m_place = place;
+        m_mayHoldLineEnd = false;
+    }
     void grow(std::size_t length);
 
     ByteSet m_bytes = ByteSet::All();

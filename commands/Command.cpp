@@ -16,8 +16,9 @@ int Command::Act() { return 0; }
 
 int Command::scanNC(char* line) {
     m_wasFound = false;
+    const char* token = line;
     char* from = line;
-    while (char* const word = m_word.Find(line, from)) {
+    while (char* const word = m_word.Find(line, from, token)) {
         char* const digits = word + m_word.Text().size();
         char* const end = MoveAfterNumber(digits);
         if (m_word.HasDigits(digits, end)) {

@@ -39,6 +39,9 @@ public:
     /// the same. A second occurrence stays. Returns 0, or the code of a command that acted.
     int scanNC(char* line);
 
+    /// How the word is told from other text of a block; WordRule::kPlain at first.
+    void SetWordRule(WordRule rule) noexcept { m_word.SetRule(rule); }
+
     /// Whether the last scanNC found the word and so shortened the block.
     [[nodiscard]] bool WasFound() const noexcept { return m_wasFound; }
     [[nodiscard]] const CommandWord& Word() const noexcept { return m_word; }

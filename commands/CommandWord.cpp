@@ -1,6 +1,5 @@
 #include "commands/CommandWord.h"
 
-#include "commands/ncNumber.h"
 #include "commands/wordMatcher.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
@@ -11,12 +10,17 @@ void CommandWord::Set(const char* text, int number) noexcept {
     m_number = number;
 }
 
-char* CommandWord::Find(char* block, char* from) const noexcept {
-    return findWord(block, from, m_text);
-}
-
-bool CommandWord::HasDigits(const char* digits, const char* end) const noexcept {
-    return m_number == -1 || (end != digits && readCommandNumber(digits) == m_number);
+bool CommandWord::isWhole(const char* digits, const char* end) const noexcept {
+    const bool hasFraction = *end == '.' && isDigitByte(end[1]);
+    if (*end == '=' || hasFraction) {
+        return false;
+    }
+    const bool hasDigits = end != digits;
+    const bool isName = m_rule == WordRule::kStrictNames && isNameStart(m_text.get());
+    if (isName) {
+        return !isNameByte(*end) && (m_number != -1 || !hasDigits);
+    }
+    return hasDigits || m_text.size() != 1 || !isLetterByte(*end);
 }
 
 std::optional<int> CommandWord::NumberAt(const char* digits) noexcept {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "commands/TextCopy.h"
+#include "commands/ncNumber.h"
+#include "commands/wordMatcher.h"
 
 #include <optional>
 
@@ -17,12 +19,20 @@ public:
     [[nodiscard]] const TextCopy& Text() const noexcept { return m_text; }
     [[nodiscard]] int Number() const noexcept { return m_number; }
 
+    /// How words are told from other text; kPlain at first.
+    void SetRule(WordRule rule) noexcept { m_rule = rule; }
+
     /// The first place at or after `from` where the text begins a word of `block`; null when there
-    /// is none.
-    [[nodiscard]] char* Find(char* block, char* from) const noexcept;
+    /// is none. `token` is the block at first, and for later calls what the one before left in it.
+    [[nodiscard]] char* Find(char* block, char* from, const char*& token) const noexcept {
+        return findWordBy(m_rule, block, from, m_text, token);
+    }
     /// Whether a text found is this word when what counts as its digits stands from `digits` up to
-    /// `end`: any digits or none for a word without number, else digits of the same value.
-    [[nodiscard]] bool HasDigits(const char* digits, const char* end) const noexcept;
+    /// `end`: any digits or none for a word without number, else digits of the same value. By the
+    /// stricter rules the word must end there, too.
+    [[nodiscard]] bool HasDigits(const char* digits, const char* end) const noexcept {
+        return hasValue(digits, end) && (m_rule == WordRule::kPlain || isWhole(digits, end));
+    }
 
     /// The number that stands behind a word's text as plain digits, without anything between; none
     /// when no digit follows.
@@ -34,6 +44,12 @@ public:
     }
 
 private:
+    [[nodiscard]] bool hasValue(const char* digits, const char* end) const noexcept {
+        return m_number == -1 || (end != digits && readCommandNumber(digits) == m_number);
+    }
+    [[nodiscard]] bool isWhole(const char* digits, const char* end) const noexcept;
+
     TextCopy m_text;
     int m_number = -1;
+    WordRule m_rule = WordRule::kPlain;
 };

@@ -49,8 +49,9 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
     int sign = 1;
     bool hasBracket = false;
 
+    const char* token = line;
     char* from = line;
-    while (char* const word = findWord(line, from, m_syntax)) {
+    while (char* const word = findWordBy(m_rule, line, from, m_syntax, token)) {
         char* p = word + m_syntax.size();
         if (stepOver(p, "=")) {
             if (stepOver(p, "AC(")) {
@@ -69,7 +70,8 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
             sign = -1;
         }
         const NCNumber number = readNumber(p, sign, separator);
-        const bool isNumber = number.end != p;
+        const bool isName = m_rule != WordRule::kPlain && *number.end == '=';
+        const bool isNumber = number.end != p && !isName;
         if (isNumber) {
             m_value = implyDecimals(number.value, separator);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/TextCopy.h"
+#include "commands/WordRule.h"
 #include "softCommon/Boolean.h"
 
 class MachineStatus;
@@ -29,6 +30,8 @@ public:
     /// Sets the incremental status of the word just read, unless it carried "=AC(" or "=IC(".
     void SetIncStatus(Boolean incremental) noexcept;
     void SetNCLineStatus(Boolean status) noexcept { m_ncLineStatus = status; }
+    /// How the word is told from other text of a block; WordRule::kPlain at first.
+    void SetWordRule(WordRule rule) noexcept { m_rule = rule; }
     /// Number of implied decimal places, used while the dialect has no decimal separator.
     void SetDecimalPlace(const long& places) noexcept { m_decimalPlaces = places; }
 
@@ -52,5 +55,6 @@ private:
     Boolean m_incremental = FALSE;
     Boolean m_ncLineStatus = FALSE;
     Boolean m_explicitMode = FALSE; // the word carried "=AC(" or "=IC("
+    WordRule m_rule = WordRule::kPlain;
     long m_decimalPlaces = 0;
 };

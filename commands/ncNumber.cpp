@@ -46,13 +46,25 @@ bool fits(const char* first, const char* last, T& number) noexcept {
     return first == last || std::from_chars(first, last, number).ec == std::errc{};
 }
 
+// `text` has a point in its place or none.
+double nearestDouble(const char* text, const char* end, bool isBelowOne) noexcept {
+    double value = 0.0;
+    if (std::from_chars(text, end, value).ec == std::errc::result_out_of_range) {
+        value = isBelowOne ? 0.0 : std::numeric_limits<double>::infinity();
+    }
+    return value;
+}
+
 double nearestDecimal(int sign, const char* integer, const char* integerEnd, const char* fraction,
                       const char* fractionEnd) noexcept {
     const char* const significant =
         std::find_if(integer, integerEnd, [](char c) { return c != '0'; });
-    // A block holds at most 255 bytes; digits beyond the buffer can come only from other callers
-    // and no longer change the nearest double.
-    std::array<char, 1024> text{};
+    const bool isBelowOne = significant == integerEnd;
+    if (fraction == integerEnd + 1 && *integerEnd == '.') {
+        return sign * nearestDouble(integer, fractionEnd, isBelowOne);
+    }
+    // Digits beyond the buffer no longer change the nearest double.
+    std::array<char, 1024> text;
     char* end = text.data();
     const auto append = [&](const char* first, const char* last) {
         for (; first != last && end + 1 < text.data() + text.size(); ++first) {
@@ -62,11 +74,7 @@ double nearestDecimal(int sign, const char* integer, const char* integerEnd, con
     append(significant, integerEnd);
     *end++ = '.';
     append(fraction, fractionEnd);
-    double value = 0.0;
-    if (std::from_chars(text.data(), end, value).ec == std::errc::result_out_of_range) {
-        value = significant == integerEnd ? 0.0 : std::numeric_limits<double>::infinity();
-    }
-    return sign * value;
+    return sign * nearestDouble(text.data(), end, isBelowOne);
 }
 
 // The way of numbers with so many digits that their size must be looked at.
@@ -74,7 +82,9 @@ double nearestDecimal(int sign, const char* integer, const char* integerEnd, con
                                     const char* fraction, const char* fractionEnd) noexcept {
     std::int64_t whole = 0;
     std::int32_t part = 0;
-    if (!fits(integer, integerEnd, whole) || !fits(fraction, fractionEnd, part)) {
+    // What an expression yields mostly has many digits behind the point.
+    const bool isTooLong = fractionEnd - fraction > kSafeFractionDigits + 1 && *fraction != '0';
+    if (isTooLong || !fits(integer, integerEnd, whole) || !fits(fraction, fractionEnd, part)) {
         return nearestDecimal(sign, integer, integerEnd, fraction, fractionEnd);
     }
     return combine(sign, whole, part, powerOfTen(fraction - fractionEnd));

@@ -33,6 +33,57 @@ char* findWord(char* block, char* from, const TextCopy& syntax) noexcept {
     }
 }
 
+namespace {
+
+const char* behindQuotation(const char* mark) noexcept {
+    const char* const close = std::strchr(mark + 1, '"');
+    return close == nullptr ? mark + std::strlen(mark) : close + 1;
+}
+
+// A token is a quotation, a name where names hold no words, or one byte.
+const char* behindToken(const char* token, WordRule rule) noexcept {
+    if (*token == '"') {
+        return behindQuotation(token);
+    }
+    if (rule != WordRule::kStrictNames || !isNameStart(token)) {
+        return token + 1;
+    }
+    while (isNameByte(*token)) {
+        ++token;
+    }
+    return token;
+}
+
+bool belongsToWordBefore(const char* block, const char* place) noexcept {
+    if (place == block) {
+        return false;
+    }
+    const char before = place[-1];
+    return isLetterByte(before) || before == '_' || (before == ',' && isLetterByte(*place));
+}
+
+} // namespace
+
+char* findStrictWord(char* block, char* from, const TextCopy& syntax, WordRule rule,
+                     const char*& token) noexcept {
+    if (syntax.empty()) {
+        return nullptr;
+    }
+    for (char* p = findText(from, syntax); p != nullptr; p = findText(p + 1, syntax)) {
+        while (token < p) {
+            token = behindToken(token, rule);
+        }
+        if (token == p && !belongsToWordBefore(block, p)) {
+            return p;
+        }
+    }
+    return nullptr;
+}
+
+bool isNameStart(const char* text) noexcept {
+    return *text == '_' || (isLetterByte(*text) && (isLetterByte(text[1]) || text[1] == '_'));
+}
+
 char* skipDigits(char* p) noexcept {
     while (isDigitByte(*p)) {
         ++p;

@@ -5,7 +5,7 @@
 
 /// The blocks of a plain program: a line of the file each. A line longer than LineReader's pieces
 /// gives a block for every piece. What follows a NUL byte is not read.
-class LineSource : public BlockSource {
+class LineSource final : public BlockSource {
 public:
     /// The stream is the caller's. Throws std::bad_alloc.
     explicit LineSource(std::FILE* file) : m_lines(file) {}

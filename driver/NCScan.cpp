@@ -3,9 +3,14 @@
 #include "apt/appendText.h"
 #include "commands/Movement.h"
 #include "driver/LineSource.h"
+#include "driver/ModelView.h"
+#include "driver/ModelVocabulary.h"
+#include "driver/TextSource.h"
 #include "driver/fileIdentity.h"
 #include "driver/returnCodes.h"
+#include "program/ProgramSource.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <new>
@@ -20,6 +25,8 @@ void NCScan::BeginConversion() noexcept {
     if (std::exchange(m_isFresh, false)) {
         return;
     }
+    m_source.reset(); // it looks at the model
+    m_vocabulary.reset();
     m_model.emplace();
     m_report = {};
     m_failure = {};
@@ -138,16 +145,73 @@ int NCScan::run() {
     if (m_ncFile == nullptr) {
         return kNCFileUnreadable;
     }
-    LineSource source(m_ncFile.get());
-    return runBlocks(source);
+    m_texts.reset();
+    if (m_model->rules.printsTexts && m_factory != nullptr) {
+        m_texts.reset(m_factory->GetTextCom());
+        if (m_texts == nullptr) {
+            return kMemoryExhausted;
+        }
+    }
+    m_source = makeSource();
+    if (const int code = passStartCodes(); code != 0) {
+        return code;
+    }
+    return runBlocks(*m_source);
+}
+
+std::unique_ptr<BlockSource> NCScan::makeSource() {
+    TextRules& rules = m_model->rules.text;
+    if (!rules.isInUse) {
+        return std::make_unique<LineSource>(m_ncFile.get());
+    }
+    rules.skipsBlocks |= m_skipsBlocks;
+    m_vocabulary = std::make_unique<ModelVocabulary>(*this);
+    if (rules.language == ProgramLanguage::kNone) {
+        return std::make_unique<TextSource>(m_ncFile.get(), rules, *m_vocabulary);
+    }
+    return std::make_unique<ProgramSource>(
+        m_ncFile.get(),
+        ProgramSource::Settings{
+            rules,
+            m_ncFileName.get(),
+            m_subprogramFolders,
+            {.mostBlocks = m_model->rules.mostBlocks, .givesComments = m_texts != nullptr}},
+        *m_vocabulary, std::make_unique<ModelView>(*this));
+}
+
+// What they switch stays; nothing is written, and a movement code among them does not move.
+int NCScan::passStartCodes() {
+    const MutedOutputs muted(m_outputState.get());
+    const AvailableCommands& commands = m_model->commands;
+    const auto scanAll = [&](char* line) {
+        int code = 0;
+        for (int i = 0; code == 0 && i < commands.GetCommandCount(); ++i) {
+            code = commands.GetCommand(i)->scanNC(line);
+            commands.GetCommand(i)->SetNCLineStatus(FALSE);
+        }
+        return code;
+    };
+    for (std::string start : m_model->rules.startCodes) {
+        if (const int code = scanAll(start.data()); code != 0) {
+            return code;
+        }
+        char nothing[] = ""; // none of them was found in the first block
+        (void)scanAll(nothing);
+    }
+    return 0;
 }
 
 int NCScan::runBlocks(BlockSource& source) {
     CommandIndex commands(m_model->commands);
+    const TextRules& rules = m_model->rules.text;
     while (source.Next(block())) {
         beginBlock();
-        if (const int code = convertBlock(commands); code != 0) {
+        const BlockText* const text = rules.isInUse ? source.Text() : nullptr;
+        if (const int code = convertBlock(commands, text); code != 0) {
             return code;
+        }
+        if (rules.endStops && hasEnded()) {
+            return 0;
         }
     }
     if (const int code = source.Code(); code != 0) {
@@ -157,28 +221,81 @@ int NCScan::runBlocks(BlockSource& source) {
     return 0;
 }
 
+bool NCScan::hasEnded() const noexcept {
+    return std::ranges::any_of(m_model->rules.programEnds, &Command::WasFound);
+}
+
 void NCScan::beginBlock() noexcept {
     m_report.NotePlace(block());
     m_model->status.KeepMovement(nullptr);
     if (std::FILE* const log = m_logFile.get()) {
         appendText(log, block().Echo());
+        if (block().GetPlace().isComputed) {
+            appendText(log, "= ");
+            appendText(log, block().Rest());
+            appendText(log, "\n");
+        }
     }
 }
 
-int NCScan::convertBlock(CommandIndex& commands) {
+int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
     MachineStatus& status = m_model->status;
     Block& block = status.GetBlock();
     const bool isNumbered = status.GetRecordNumber()->Cut(block.Rest());
     // The bytes of the record number and of comments may be among them: they only rule words out.
-    const bool isCommented = status.GetComment()->Cut(block.Rest(), block.Bytes());
+    // A text that was read has none left, and what looks so stands in quotation marks.
+    const bool isCommented =
+        text == nullptr && status.GetComment()->Cut(block.Rest(), block.Bytes());
     if (isCommented && status.GetComment()->WasUnterminated()) {
         m_report.Note(Oddity::kOpenComment, block);
     }
     if (isNumbered || isCommented) {
         block.TrimRest();
     }
+    if (text != nullptr) {
+        noteText(*text);
+        writeTexts(*text);
+        if (const int code = passWords(); code != 0) {
+            return code;
+        }
+    }
     const int code = commands.scanNC(block);
     return code != 0 ? code : computeBlock();
+}
+
+void NCScan::noteText(const BlockText& text) noexcept {
+    if (text.hasOpenComment) {
+        m_report.Note(Oddity::kOpenComment, block());
+    }
+    if (text.hasSkipMark) {
+        m_report.Note(Oddity::kSkipMark, block());
+    }
+}
+
+void NCScan::writeTexts(const BlockText& text) const {
+    if (m_texts == nullptr) {
+        return;
+    }
+    m_texts->WriteProgramName(text.programName);
+    for (const std::string& comment : text.comments) {
+        m_texts->WriteComment(comment);
+    }
+}
+
+// Blocks that are not converted, and those whose words are their own, are none for the commands.
+int NCScan::passWords() {
+    const PassedWords& passed = m_model->rules.passed;
+    if (!passed.MayHold(block().Rest())) {
+        return 0;
+    }
+    const char separator = *m_model->status.GetDecimalSeparator();
+    if (const std::string_view word = passed.FindNotConverted(block().Rest(), separator);
+        !word.empty()) {
+        KeepFailureText(std::string("take '").append(word).append("' out of the program"));
+        return kWordNotConverted;
+    }
+    (void)passed.DropOwn(block().Rest());
+    return 0;
 }
 
 int NCScan::computeBlock() {
@@ -188,6 +305,8 @@ int NCScan::computeBlock() {
     statements.BeginBlock();
     int code = status.scanNC(status.GetBlock().Rest());
     if (*block.Rest() != '\0') {
+        m_model->rules.passed.DropWithoutEffect(status.GetBlock().Rest(),
+                                                *status.GetDecimalSeparator());
         m_report.NoteRest(block, *status.GetDecimalSeparator(), statements.BlockMoves());
     }
     if (statements.BlockHas(StatementKind::kDroppedArc)) {

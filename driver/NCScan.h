@@ -2,6 +2,7 @@
 
 #include "apt/APTFactory.h"
 #include "apt/Outputs.h"
+#include "apt/ResText.h"
 #include "commands/AvailableCommands.h"
 #include "commands/AvailableParameters.h"
 #include "commands/Block.h"
@@ -10,12 +11,17 @@
 #include "commands/TextCopy.h"
 #include "driver/BlockSource.h"
 #include "driver/BufferedFile.h"
+#include "driver/DialectRules.h"
 #include "driver/Failure.h"
 #include "driver/ScanReport.h"
 #include "include/quillmark.h"
+#include "program/Vocabulary.h"
 
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 /// Owns the command model of one conversion and its files, and runs the loop over the blocks of
 /// the NC program. The order of use: SetOutputType, the configuration through the accessors,
@@ -39,6 +45,12 @@ public:
     /// cannot be opened or is the output. `logfile` may be null.
     virtual int SetOutputType(const eOutputType& type, const char* outputfile, const char* logfile);
 
+    /// The folders in which a program that computes looks for its subprograms, behind its own file
+    /// and the files beside it. They stay for every later conversion.
+    void SetSubprogramFolders(std::vector<std::string> folders) noexcept {
+        m_subprogramFolders = std::move(folders);
+    }
+
     /// Makes a factory without output and log, for a model that is configured but never runs.
     void SetNoOutput();
 
@@ -54,6 +66,8 @@ public:
     [[nodiscard]] const AvailableParameters& Availableparameters() const noexcept {
         return m_model->parameters;
     }
+    /// What the parameter file says of programs as a whole.
+    [[nodiscard]] DialectRules& Rules() noexcept { return m_model->rules; }
     /// Null unless the kind of output is APT and the output could be opened. Its writers write
     /// nowhere once the files are closed.
     [[nodiscard]] Factory* GetOutputFactory() noexcept { return m_factory.get(); }
@@ -64,6 +78,10 @@ public:
     /// Whether the open file is the output or the log of this conversion.
     [[nodiscard]] bool IsOwnOutput(std::FILE* file) const noexcept;
 
+    /// The operator's switch: from the next conversion on, blocks with a mark to skip them are left
+    /// out in every dialect that has such a mark.
+    void SkipMarkedBlocks() noexcept { m_skipsBlocks = true; }
+
     /// The block that is converted or was converted last.
     [[nodiscard]] const Block& CurrentBlock() const noexcept { return m_model->status.GetBlock(); }
 
@@ -73,6 +91,11 @@ public:
     /// cause when an arc of it ends the process.
     void ReportFatalArc() noexcept;
 
+    /// A failure of which no more is known than this text.
+    void KeepFailureText(std::string text) {
+        m_failureText = std::move(text);
+        KeepFailure({.text = m_failureText.c_str()});
+    }
     void KeepFailure(const Failure& failure) noexcept { m_failure = failure; }
     [[nodiscard]] const Failure& LastFailure() const noexcept { return m_failure; }
 
@@ -85,20 +108,28 @@ private:
         MachineStatus status;
         AvailableCommands commands;
         AvailableParameters parameters;
+        DialectRules rules;
     };
 
     void detachOutputs() noexcept;
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
+    [[nodiscard]] std::unique_ptr<BlockSource> makeSource();
     int runBlocks(BlockSource& source);
+    int passStartCodes();
     void beginBlock() noexcept;
-    int convertBlock(CommandIndex& commands);
+    int convertBlock(CommandIndex& commands, const BlockText* text);
+    void noteText(const BlockText& text) noexcept;
+    void writeTexts(const BlockText& text) const;
+    int passWords();
     int computeBlock();
+    [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
     FileOwner m_ncFile;
+    std::vector<std::string> m_subprogramFolders;
     std::optional<Model> m_model{std::in_place};
     bool m_isFresh = true;
     std::unique_ptr<APTFactory> m_factory;
@@ -106,6 +137,12 @@ private:
     BufferedFile m_outputFile;
     BufferedFile m_logFile;
 
+    std::unique_ptr<ResText> m_texts; // null when they are not written
+    std::unique_ptr<Vocabulary> m_vocabulary;
+    std::unique_ptr<BlockSource> m_source; // until the next conversion: places name its files
+    bool m_skipsBlocks = false;
+
     ScanReport m_report;
     Failure m_failure;
+    std::string m_failureText; // what that may point to
 };

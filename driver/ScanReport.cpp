@@ -1,9 +1,11 @@
 #include "driver/ScanReport.h"
 
+#include "driver/looksComputed.h"
 #include "driver/takeWord.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -20,6 +22,10 @@ void keepFirst(std::vector<Entry>& list, std::size_t limit, const auto& makeEntr
     }
 }
 
+ReportedBlock blockAt(const Block::Place& place, std::string text) {
+    return {place.line, std::move(text), place.file == nullptr ? "" : place.file};
+}
+
 bool isGWord(std::string_view word) noexcept {
     return toLowerByte(word.front()) == 'g' && (word.size() == 1 || !isLetterByte(word[1]));
 }
@@ -30,6 +36,9 @@ void ScanReport::NotePlace(const Block& block) noexcept {
     const Block::Place& place = block.GetPlace();
     if (place.isCutAtNul) {
         Note(Oddity::kNulByte, block);
+    }
+    if (place.restartsProgram) {
+        Note(Oddity::kRestart, block);
     }
     if (place.continuesLine && !place.isLineEnd && place.line != m_lastLongLine) {
         m_lastLongLine = place.line;
@@ -44,14 +53,17 @@ void ScanReport::NoteRest(const Block& block, char separator, bool hasMoved) noe
     if (word.empty()) {
         return;
     }
-    const long line = block.GetPlace().line;
+    const Block::Place& place = block.GetPlace();
     ++m_unrecognisedBlocks;
     keepFirst(m_firstRests, kMaxBlocks, [&] {
         const std::size_t end = rest.find_last_not_of(' ') + 1;
-        return ReportedBlock{line, std::string(word.data(), rest.data() + end)};
+        return blockAt(place, std::string(word.data(), rest.data() + end));
     });
     for (; !word.empty(); word = takeWord(words, separator)) {
-        m_words.Add(word, line);
+        m_words.Add(word, place);
+    }
+    if (looksComputed(rest)) {
+        Note(Oddity::kComputes, block);
     }
     if (hasMoved) {
         WarnOfGWord(block, separator);
@@ -79,6 +91,7 @@ void ScanReport::WarnOfArc(const Block& block) noexcept {
 void ScanReport::warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
     ++m_warningCount;
     keepFirst(m_firstWarnings, kMaxWarnings, [&] {
-        return Warning{kind, {block.GetPlace().line, std::string(block.Text())}, std::string(word)};
+        return Warning{kind, blockAt(block.GetPlace(), std::string(block.Text())),
+                       std::string(word)};
     });
 }

@@ -11,10 +11,11 @@
 #include <string_view>
 #include <vector>
 
-/// A block of the NC file that the report keeps: its line, and of its text what matters.
+/// A block that the report keeps: its place, and of its text what matters.
 struct ReportedBlock {
     long line = 0;
     std::string text;
+    std::string file = {}; ///< in which the line stands; empty for the main program
 };
 
 /// Something that a control may mean differently than the APT says.
@@ -35,6 +36,9 @@ enum class Oddity : std::size_t {
     kLongLine,    ///< a line longer than a block, read in pieces: a number can be cut in two
     kNulByte,     ///< a block with a NUL byte: the rest of the block is not read
     kOpenComment, ///< a comment without its end: the rest of the block is not read
+    kSkipMark,    ///< a block with a mark to skip it, which was converted all the same
+    kRestart,     ///< an end behind which a control would begin the main program again
+    kComputes,    ///< a block of a program that computes, read by a dialect that does not
     kCount
 };
 
@@ -46,7 +50,7 @@ public:
     static constexpr std::size_t kMaxBlocks = 100;
     static constexpr std::size_t kMaxWarnings = 100;
 
-    /// A block whose source says something of it: a NUL byte, a line too long.
+    /// A block whose source says something of it: a NUL byte, a line too long, a restart.
     void NotePlace(const Block& block) noexcept;
     /// A block of which a rest was left when all recognisers had run. A rest of blanks is none.
     /// `separator` is the dialect's decimal one.
@@ -55,7 +59,7 @@ public:
     void WarnOfGWord(const Block& block, char separator) noexcept;
     void WarnOfArc(const Block& block) noexcept;
     void Note(Oddity oddity, const Block& block) noexcept {
-        m_oddities[static_cast<std::size_t>(oddity)].Add(block.GetPlace().line);
+        m_oddities[static_cast<std::size_t>(oddity)].Add(block.GetPlace());
     }
 
     [[nodiscard]] StatementCounts& Statements() noexcept { return m_statements; }

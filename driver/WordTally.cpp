@@ -3,22 +3,39 @@
 #include <algorithm>
 #include <new>
 
-void WordTally::Add(std::string_view word, long line) noexcept {
+namespace {
+
+std::string nameOf(const Block::Place& place) { return place.file == nullptr ? "" : place.file; }
+
+} // namespace
+
+void Tally::Add(const Block::Place& place) noexcept {
+    if (count++ == 0) {
+        firstLine = place.line;
+        try {
+            firstFile = nameOf(place);
+        } catch (const std::bad_alloc&) {
+            firstFile = "?";
+        }
+    }
+}
+
+void WordTally::Add(std::string_view word, const Block::Place& place) noexcept {
     ++m_total;
     if (const auto known = m_words.find(word); known != m_words.end()) {
-        known->second.Add(line);
-    } else if (!addNew(word, line)) {
+        known->second.Add(place);
+    } else if (!addNew(word, place)) {
         ++m_others;
     }
 }
 
-bool WordTally::addNew(std::string_view word, long line) noexcept {
+bool WordTally::addNew(std::string_view word, const Block::Place& place) noexcept {
     if (m_words.size() >= kMaxWords) {
         return false;
     }
     try {
         m_order.reserve(kMaxWords); // sorting must not need memory
-        const auto added = m_words.emplace(word, Tally{1, line}).first;
+        const auto added = m_words.emplace(word, Tally{1, place.line, nameOf(place)}).first;
         m_order.push_back(&*added);
     } catch (const std::bad_alloc&) {
         return false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/Block.h"
+
 #include <cstddef>
 #include <functional>
 #include <span>
@@ -9,16 +11,15 @@
 #include <utility>
 #include <vector>
 
-/// How often something was met, and the line of the NC file where it was met first (0 for never).
+/// How often something was met, and where first: the line (0 for never) and, when it is not that of
+/// the main program, the file.
 struct Tally {
     long count = 0;
     long firstLine = 0;
+    std::string firstFile = {};
 
-    void Add(long line) noexcept {
-        if (count++ == 0) {
-            firstLine = line;
-        }
-    }
+    /// When memory is exhausted, the file's name is "?".
+    void Add(const Block::Place& place) noexcept;
 };
 
 /// Counts words, the first kMaxWords different ones apart and all others together: its memory is
@@ -30,7 +31,7 @@ public:
     using Entry = std::pair<const std::string, Tally>;
 
     /// Counts one occurrence. When memory is exhausted, a new word counts among the others.
-    void Add(std::string_view word, long line) noexcept;
+    void Add(std::string_view word, const Block::Place& place) noexcept;
     /// The words that are counted apart, most frequent first, then in the order of their first
     /// lines, then by their bytes. Valid until the next Add. Needs no memory.
     [[nodiscard]] std::span<const Entry* const> MostFrequentFirst() noexcept;
@@ -45,7 +46,7 @@ private:
             return std::hash<std::string_view>{}(text);
         }
     };
-    [[nodiscard]] bool addNew(std::string_view word, long line) noexcept;
+    [[nodiscard]] bool addNew(std::string_view word, const Block::Place& place) noexcept;
 
     std::unordered_map<std::string, Tally, Hash, std::equal_to<>> m_words;
     std::vector<const Entry*> m_order;

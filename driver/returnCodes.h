@@ -18,8 +18,17 @@ enum : int {
     kRewindFailed = 305,
     kUpdateFailed = 306,
     kDecodeFailed = 307,
+    kKeyValueUnknown = 308,
     kDialectUnsupported = 345,
     kMemoryExhausted = 400,
+    kBlockUnreadable = 500,
+    kNameUnknown = 501,
+    kNotComputable = 502,
+    kJumpTargetMissing = 503,
+    kSubprogramMissing = 504,
+    kProgramEndless = 505,
+    kProgramAborted = 506,
+    kWordNotConverted = 511,
     kInternalError = 39999
 };
 

@@ -5,6 +5,29 @@
 #include <algorithm>
 #include <limits>
 
+const char* macroMeaning(int code) noexcept {
+    switch (code) {
+    case kExpressionUnreadable:
+        return "unreadable expression";
+    case kVariableUnknown:
+        return "unknown variable";
+    case kWrongType:
+        return "wrong type";
+    case kFunctionUnknown:
+        return "unknown function";
+    case kVariableReadOnly:
+        return "variable that can only be read";
+    case kArgumentCount:
+        return "wrong number of arguments";
+    case kDivisionByZero:
+        return "division by zero";
+    case kOutOfRange:
+        return "out of range";
+    default:
+        return nullptr;
+    }
+}
+
 int MacroError::set(MacroCode code, const char* routine,
                     std::initializer_list<std::string_view> what, std::size_t column) noexcept {
     m_code = code;

@@ -17,6 +17,9 @@ enum MacroCode : int {
     kOutOfRange = 90518 ///< an argument or a result: nothing is ever infinite or no number
 };
 
+/// The meaning of a code as a phrase for a message; null for a code that is none of these.
+[[nodiscard]] const char* macroMeaning(int code) noexcept;
+
 /// One failure: its code, the routine that failed, what was wrong, and where. It is filled where
 /// the failure is seen and reported by the caller who makes it final, so that an attempt that may
 /// fail leaves nothing behind.

@@ -33,21 +33,21 @@ std::optional<std::int64_t> wholeNumber(double number, double tolerance) noexcep
 Value Value::Boolean(bool truth) noexcept {
     Value value;
     value.m_type = ValueType::kBoolean;
-    value.m_integer = truth ? 1 : 0;
+    value.m_number.integer = truth ? 1 : 0;
     return value;
 }
 
 Value Value::Integer(std::int64_t number) noexcept {
     Value value;
     value.m_type = ValueType::kInteger;
-    value.m_integer = number;
+    value.m_number.integer = number;
     return value;
 }
 
 Value Value::Real(double number) noexcept {
     Value value;
     value.m_type = ValueType::kReal;
-    value.m_real = number;
+    value.m_number.real = number;
     return value;
 }
 
@@ -80,13 +80,13 @@ std::string_view Value::text() const noexcept {
 
 std::optional<std::int64_t> Value::whole() const noexcept {
     if (m_type == ValueType::kReal) {
-        return wholeNumber(m_real, 0.0);
+        return wholeNumber(m_number.real, 0.0);
     }
-    return m_type == ValueType::kText ? std::nullopt : std::optional(m_integer);
+    return m_type == ValueType::kText ? std::nullopt : std::optional(m_number.integer);
 }
 
 bool Value::isFinite() const noexcept {
-    return m_type != ValueType::kReal || std::isfinite(m_real);
+    return m_type != ValueType::kReal || std::isfinite(m_number.real);
 }
 
 std::optional<Value> Value::fitted(ValueType type) const {
@@ -110,11 +110,11 @@ std::optional<Value> Value::fitted(ValueType type) const {
 std::string Value::toText() const {
     switch (m_type) {
     case ValueType::kBoolean:
-        return m_integer != 0 ? "TRUE" : "FALSE";
+        return m_number.integer != 0 ? "TRUE" : "FALSE";
     case ValueType::kInteger:
-        return std::to_string(m_integer);
+        return std::to_string(m_number.integer);
     case ValueType::kReal:
-        return realText(m_real);
+        return realText(m_number.real);
     case ValueType::kText:
         return *m_text;
     case ValueType::kVacant:

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 enum class ValueType : std::uint8_t {
     kVacant, ///< never set
@@ -19,6 +20,28 @@ enum class ValueType : std::uint8_t {
 class Value {
 public:
     Value() noexcept = default; ///< vacant
+    Value(const Value&) noexcept = default;
+    Value(Value&&) noexcept = default;
+    ~Value() = default;
+    // Numbers are copied all the time, and have no text to share or to let go.
+    Value& operator=(const Value& other) noexcept {
+        if (this != &other) {
+            m_type = other.m_type;
+            m_number = other.m_number;
+            if (m_text != other.m_text) {
+                m_text = other.m_text;
+            }
+        }
+        return *this;
+    }
+    Value& operator=(Value&& other) noexcept {
+        m_type = other.m_type;
+        m_number = other.m_number;
+        if (m_text != other.m_text) {
+            m_text = std::move(other.m_text);
+        }
+        return *this;
+    }
     [[nodiscard]] static Value Boolean(bool truth) noexcept;
     [[nodiscard]] static Value Integer(std::int64_t number) noexcept;
     [[nodiscard]] static Value Real(double number) noexcept;
@@ -33,10 +56,10 @@ public:
     /// The value where arithmetic wants a number: vacant is 0, a boolean 1 or 0. A text is none.
     [[nodiscard]] std::optional<double> number() const noexcept {
         if (m_type == ValueType::kReal) {
-            return m_real;
+            return m_number.real;
         }
         return m_type == ValueType::kText ? std::nullopt
-                                          : std::optional(static_cast<double>(m_integer));
+                                          : std::optional(static_cast<double>(m_number.integer));
     }
     /// The value where a whole number is wanted: that of an integer exactly, a real when it has no
     /// fraction and fits.
@@ -54,10 +77,11 @@ public:
 
 private:
     ValueType m_type = ValueType::kVacant;
-    union {
-        std::int64_t m_integer = 0; // also of a boolean, and 0 of a vacant
-        double m_real;
+    union Number {
+        std::int64_t integer = 0; // also of a boolean, and 0 of a vacant
+        double real;
     };
+    Number m_number;
     std::shared_ptr<const std::string> m_text;
 };
 

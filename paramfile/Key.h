@@ -33,6 +33,7 @@ struct Key {
     /// Returns 0 or a return code.
     int (*act)(ModelBuilder& builder, const KeyValue& value, int argument);
     int argument = 0;
+    bool addsUp = false; ///< entries of this key add up; else the last one wins
 
     [[nodiscard]] bool IsVariant() const noexcept { return kind == KeyKind::kVariant; }
     /// Whether the trimmed line is this key on this kind of machine.

@@ -106,14 +106,39 @@ int ModelBuilder::CreateModalCommands() {
     return 0;
 }
 
-int ModelBuilder::AddEndCommand(const KeyValue& value) {
+int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     auto command = std::make_unique<EndCommand>();
     command->MarkAsBuiltIn();
     if (const int code = Configure(command.get(), value); code != 0) {
         return code;
     }
+    if (isEnd) {
+        Rules().programEnds.push_back(command.get());
+    }
     m_ncscan.Availablecommands().NewCommand(command.release());
     return 0;
+}
+
+void ModelBuilder::Finish() {
+    DialectRules& rules = Rules();
+    rules.text = m_settings.Resolve(Status());
+    rules.printsTexts = m_settings.printsTexts.value_or(false);
+    if (!m_settings.isInUse) {
+        return;
+    }
+    const WordRule rule = m_settings.language == ProgramLanguage::kRParameter
+                              ? WordRule::kStrictNames
+                              : WordRule::kStrict;
+    rules.passed.rule = rule;
+    rules.passed.BuildFilter();
+    const AvailableCommands& commands = m_ncscan.Availablecommands();
+    for (int i = 0; i < commands.GetCommandCount(); ++i) {
+        commands.GetCommand(i)->SetWordRule(rule);
+    }
+    const AvailableParameters& words = m_ncscan.Availableparameters();
+    for (int i = 0; i < words.GetParameterCount(); ++i) {
+        words.GetParameter(i)->SetWordRule(rule);
+    }
 }
 
 int ModelBuilder::AddWord(const char* address) {
@@ -127,6 +152,8 @@ int ModelBuilder::AddWord(const char* address) {
 }
 
 MachineStatus& ModelBuilder::Status() const noexcept { return m_ncscan.Machinestatus(); }
+
+DialectRules& ModelBuilder::Rules() const noexcept { return m_ncscan.Rules(); }
 
 Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
 

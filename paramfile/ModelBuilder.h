@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
 #include <array>
@@ -18,6 +19,7 @@ class NCScan;
 class Parameter;
 class RegularCommand;
 class Spindle;
+struct DialectRules;
 
 /// The modal commands of a dialect, owned by the command registry; null until they are made.
 struct ModalCommands {
@@ -52,6 +54,9 @@ public:
     /// the NCScan has no output factory.
     int CreateModalCommands();
 
+    /// Called when all keys are read: settles what depends on more than one of them.
+    void Finish();
+
     /// Called before each key: what the one before configured is forgotten.
     void BeginKey() noexcept {
         m_configured = nullptr;
@@ -74,13 +79,16 @@ public:
         const bool isTextLost = value.letters != nullptr && command->GetSyntaxString() == nullptr;
         return isTextLost || !command->HasWriter() ? outOfMemory() : 0;
     }
-    int AddEndCommand(const KeyValue& value);
+    /// `isEnd` tells the end of the program from a stop.
+    int AddEndCommand(const KeyValue& value, bool isEnd);
     /// Makes and registers the word, which AddedWord then gives.
     int AddWord(const char* address);
     [[nodiscard]] const ModalCommands& Commands() const noexcept { return m_commands; }
     /// The circle centre words of the three axes; null where there is none yet.
     [[nodiscard]] std::array<Parameter*, 3>& CentreWords() noexcept { return m_centreWords; }
     [[nodiscard]] MachineStatus& Status() const noexcept;
+    [[nodiscard]] DialectSettings& Settings() noexcept { return m_settings; }
+    [[nodiscard]] DialectRules& Rules() const noexcept;
     [[nodiscard]] Factory* GetFactory() const noexcept;
     void SetLathe() noexcept { m_isLathe = true; }
     [[nodiscard]] bool IsLathe() const noexcept { return m_isLathe; }
@@ -91,6 +99,7 @@ private:
     NCScan& m_ncscan;
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
+    DialectSettings m_settings;
     bool m_isLathe = false;
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;

@@ -148,6 +148,7 @@ int ParamScan::run() {
             }
         }
     }
+    m_builder.Finish();
     m_ncscan.Availablecommands().SortCommands();
     return 0;
 }
@@ -198,7 +199,12 @@ int ParamScan::Act(const Key& key, char* text) {
         }
         value.number = static_cast<int>(number);
     }
+    m_builder.Settings().isInUse |= key.kind == KeyKind::kWhole;
     const int code = key.act(m_builder, value, key.argument);
+    if (code == kKeyValueUnknown) {
+        m_ncscan.KeepFailureText(
+            std::string(key.text).append(" has no value '").append(text).append("'"));
+    }
     return code == 0 && m_builder.AddedWord() != nullptr ? ScanForDecPlace(m_builder.AddedWord())
                                                          : code;
 }

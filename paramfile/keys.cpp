@@ -10,12 +10,17 @@
 #include "commands/MovTypeCom.h"
 #include "commands/RegularCommand.h"
 #include "commands/Spindle.h"
+#include "driver/DialectRules.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
+#include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/numberText.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -71,8 +76,9 @@ int toolChange(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.Configure(builder.Commands().toolChange, value, status.GetToolCom(), &status);
 }
 
-int end(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddEndCommand(value);
+// The argument tells the end of the program from a stop.
+int end(ModelBuilder& builder, const KeyValue& value, int argument) {
+    return builder.AddEndCommand(value, argument == TRUE);
 }
 
 // Addresses.
@@ -184,6 +190,77 @@ int toolAxis(ModelBuilder& /*builder*/, const KeyValue& value, int /*argument*/)
     return 0;
 }
 
+// The text of programs. A value that is none of a key's own is 308.
+
+struct Choice {
+    std::string_view yes;
+    std::string_view no; // empty: there is none
+};
+
+constexpr Choice kCases = {"ANY", "EXACT"};
+constexpr Choice kBlanks = {"IGNORE", "KEEP"};
+constexpr Choice kSwitch = {"1", "0"};
+constexpr Choice kTextOutput = {"PPRINT", ""};
+
+template<auto Setting, const Choice& Values>
+int choice(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const std::string_view text = value.text;
+    if (text != Values.yes && text != Values.no) {
+        return kKeyValueUnknown;
+    }
+    builder.Settings().*Setting = text == Values.yes;
+    return 0;
+}
+
+template<auto Marks>
+int mark(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    (builder.Settings().*Marks).emplace_back(value.text);
+    return 0;
+}
+
+int programLanguage(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const std::optional<ProgramLanguage> language = languageOf(value.text);
+    builder.Settings().language = language.value_or(ProgramLanguage::kNone);
+    return language ? 0 : int{kKeyValueUnknown};
+}
+
+int mostBlocks(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const char* const end = value.text + std::strlen(value.text);
+    long most = 0;
+    const auto [last, error] = std::from_chars(value.text, end, most);
+    if (error != std::errc{} || last != end || most < 1) {
+        return kKeyValueUnknown;
+    }
+    builder.Rules().mostBlocks = most;
+    return 0;
+}
+
+int startCode(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    builder.Rules().startCodes.emplace_back(value.text);
+    return 0;
+}
+
+template<auto List>
+int passedCode(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    WordCode code(value.text);
+    if (!code.HasLetters()) {
+        return kKeyValueUnknown;
+    }
+    (builder.Rules().passed.*List).codes.push_back(std::move(code));
+    return 0;
+}
+
+template<auto List>
+int passedAddress(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const std::string_view letters = value.text;
+    if (std::ranges::any_of(letters, isDigitByte)) {
+        return kKeyValueUnknown;
+    }
+    (builder.Rules().passed.*List).addresses.emplace_back(letters);
+    return 0;
+}
+
+using Set = DialectSettings;
 using enum KeyKind;
 using enum Key::Form;
 using enum ModalGroup;
@@ -214,8 +291,26 @@ constexpr Key kCommandKeys[] = {
     {"FEEDRAT_MMPM", kPrefix, kCode, code<&All::feedPerMinute, kFeedRate>, TRUE},
     {"FEEDRAT_MMPR", kPrefix, kCode, code<&All::feedPerRevolution, kFeedRate>, FALSE},
     {"REV_TLCHG_COM", kPrefix, kCode, toolChange},
-    {"PROGRAM_END", kPrefix, kCode, end},
-    {"PROGRAM_STOP", kPrefix, kCode, end},
+    {"PROGRAM_END", kPrefix, kCode, end, TRUE},
+    {"PROGRAM_STOP", kPrefix, kCode, end, FALSE},
+    {"REV_PROGRAM_LANGUAGE", kWhole, kText, programLanguage},
+    {"REV_MOST_BLOCKS", kWhole, kText, mostBlocks},
+    {"REV_LETTER_CASE", kWhole, kText, choice<&Set::anyCase, kCases>},
+    {"REV_BLANKS", kWhole, kText, choice<&Set::ignoresBlanks, kBlanks>},
+    {"REV_LINE_COMMENT", kWhole, kText, mark<&Set::lineComments>, 0, true},
+    {"REV_BLOCK_SKIP", kWhole, kText, mark<&Set::skipMarks>, 0, true},
+    {"REV_BLOCK_SKIP_ON", kWhole, kText, choice<&Set::skipsBlocks, kSwitch>},
+    {"REV_PROGRAM_FRAME", kWhole, kText, mark<&Set::frames>, 0, true},
+    {"REV_PROGRAM_NAME", kWhole, kText, mark<&Set::programNames>, 0, true},
+    {"REV_BLOCK_END", kWhole, kText, mark<&Set::blockEnds>, 0, true},
+    {"REV_END_STOPS", kWhole, kText, choice<&Set::endStops, kSwitch>},
+    {"REV_START", kWhole, kText, startCode, 0, true},
+    {"REV_NO_EFFECT", kWhole, kText, passedCode<&PassedWords::noEffect>, 0, true},
+    {"REV_NO_EFFECT_WORD", kWhole, kText, passedAddress<&PassedWords::noEffect>, 0, true},
+    {"REV_OWN_WORDS", kWhole, kText, passedCode<&PassedWords::own>, 0, true},
+    {"REV_NOT_CONVERTED", kWhole, kText, passedCode<&PassedWords::notConverted>, 0, true},
+    {"REV_NOT_CONVERTED_WORD", kWhole, kText, passedAddress<&PassedWords::notConverted>, 0, true},
+    {"REV_TEXT_OUTPUT", kWhole, kText, choice<&Set::printsTexts, kTextOutput>},
 };
 
 // The keys of incremental coordinates come first: the plain ones are their prefixes.

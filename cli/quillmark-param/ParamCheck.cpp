@@ -68,7 +68,10 @@ bool isOptional(const Key& key, bool isLathe) noexcept {
 // What a later entry has to have in common with an earlier one to replace it: the command, or else
 // the key.
 const void* targetOf(const RecordingScan::Entry& entry) noexcept {
-    return entry.command != nullptr ? static_cast<const void*>(entry.command) : entry.key;
+    if (entry.command != nullptr) {
+        return entry.command;
+    }
+    return entry.key->addsUp ? static_cast<const void*>(&entry) : entry.key;
 }
 
 struct AbsentKey {
@@ -109,8 +112,10 @@ ParamCheck::ParamCheck(NCScan& model, const RecordingScan& scan, char* const* li
     collectUnreadKeys();
     if (code != 0) {
         const ReturnCode* const row = findReturnCode(code);
+        const char* const reason = model.LastFailure().text;
         m_findings.Add(kScanFails, scan.LastLine(),
-                       row == nullptr ? std::to_string(code) : row->meaning);
+                       (row == nullptr ? std::to_string(code) : row->meaning) +
+                           (reason == nullptr ? "" : std::string(": ") + reason));
     }
     checkMarks(lines);
     for (const Entry& entry : scan.Entries()) {
@@ -337,6 +342,9 @@ void ParamCheck::checkAbsentKeys() {
     };
     for (const auto& keys : keyTables()) {
         for (const Key& key : keys) {
+            if (key.kind == KeyKind::kWhole) {
+                continue; // most dialects do without
+            }
             const AbsentKey& row = absentKey(key);
             const bool isReplaced = row.alternative != nullptr && isInForce(row.alternative);
             if (!isReplaced && (!row.latheOnly || m_scan.IsLathe()) && !isInForce(key.text)) {

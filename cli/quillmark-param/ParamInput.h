@@ -3,6 +3,7 @@
 #include "softCommon/CStringUtil/CharFeld.h"
 #include "softCommon/FileOwner.h"
 
+#include <span>
 #include <string>
 
 /// The input of one call of quillmark-param. It is read as a whole first: so a pipe can be used
@@ -13,6 +14,10 @@ public:
     /// line on standard error when it cannot be read, is empty, is larger than 64 MiB, or
     /// holds a byte 0 and so is no text; then it is not read further.
     [[nodiscard]] int Read(const char* name);
+
+    /// Further texts that the command works on; the pointers stay the caller's.
+    void SetTexts(std::span<char* const> texts) noexcept { m_texts = texts; }
+    [[nodiscard]] std::span<char* const> Texts() const noexcept { return m_texts; }
 
     /// For messages.
     [[nodiscard]] const char* Name() const noexcept { return m_name.c_str(); }
@@ -26,4 +31,5 @@ public:
 private:
     std::string m_name;
     std::string m_content;
+    std::span<char* const> m_texts;
 };

@@ -8,8 +8,10 @@
 #include "driver/StandardDescriptors.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <span>
 
@@ -21,6 +23,7 @@ struct ParamCommand {
     const char* meaning;
     int (*run)(const ParamInput& in, std::FILE* out);
     bool hasOutput;
+    bool hasTexts = false; ///< one or more behind IN
 };
 
 constexpr ParamCommand kCommands[] = {
@@ -34,6 +37,8 @@ constexpr ParamCommand kCommands[] = {
      updateCommand, true},
     {"check", "IN", "tells what a parameter file configures and what looks wrong in it",
      checkCommand, false},
+    {"eval", "IN TEXT...", "prints the values of expressions in the language of a dialect",
+     evalCommand, false, true},
 };
 
 void printUsage(std::FILE* stream) noexcept {
@@ -57,6 +62,9 @@ void printHelp() noexcept {
                      "\n"
                      "OUT is written whole or not at all; it may be the same file as IN.\n"
                      "\n"
+                     "eval executes assignments and declarations among its texts for those behind\n"
+                     "them, and ends at the first failure.\n"
+                     "\n"
                      "Exit status: 0 success, also with warnings; 1 failure, or check found an\n"
                      "error; 2 wrong usage; 99 an old file whose machine type cannot be told.\n",
                      stdout);
@@ -79,20 +87,20 @@ bool isOperand(const char* argument) noexcept {
     return argument[0] != '\0' && (argument[0] != '-' || argument[1] == '\0');
 }
 
-// The command that the arguments call for with as many operands as it has, or null.
+// Whether the arguments call for the command with as many operands as it has.
+bool isCallOf(const ParamCommand& command, std::span<char*> arguments) noexcept {
+    const std::size_t files = command.hasOutput ? 2 : 1;
+    const bool isComplete =
+        command.hasTexts ? arguments.size() > 1 + files : arguments.size() == 1 + files;
+    return isComplete && std::strcmp(arguments[0], command.name) == 0 &&
+           std::ranges::all_of(arguments.subspan(1, files), isOperand);
+}
+
+// The command that the arguments call for, or null.
 const ParamCommand* findCommand(std::span<char*> arguments) noexcept {
-    for (const ParamCommand& command : kCommands) {
-        if (arguments.size() == (command.hasOutput ? 3U : 2U) &&
-            std::strcmp(arguments[0], command.name) == 0) {
-            for (const char* const operand : arguments.subspan(1)) {
-                if (!isOperand(operand)) {
-                    return nullptr;
-                }
-            }
-            return &command;
-        }
-    }
-    return nullptr;
+    const auto* const command = std::ranges::find_if(
+        kCommands, [&](const ParamCommand& row) { return isCallOf(row, arguments); });
+    return command == std::end(kCommands) ? nullptr : command;
 }
 
 struct Call {
@@ -112,8 +120,11 @@ void reportEnd(void* context, const ProcessEnd& /*end*/) {
     }
 }
 
-int runCommand(const ParamCommand& command, const char* inName, const char* outName) {
+int runCommand(const ParamCommand& command, std::span<char*> arguments) {
+    const char* const inName = arguments[1];
+    const char* const outName = command.hasOutput ? arguments[2] : "-";
     ParamInput in;
+    in.SetTexts(arguments.subspan(2));
     if (const int status = in.Read(inName); status != kParamDone) {
         return status;
     }
@@ -131,7 +142,7 @@ int runCommand(const ParamCommand& command, const char* inName, const char* outN
     if (std::fflush(out.get()) != 0 || std::ferror(out.get()) != 0) {
         return failWith(inName, "the temporary file for the result cannot be written");
     }
-    // A report is wanted above all when it tells of errors.
+    // A report is wanted above all when it tells of errors, and values until a failure.
     const int written = writeWholeFile(out.get(), outName);
     return status != kParamDone ? status : written;
 }
@@ -150,7 +161,7 @@ int main(int argc, char** argv) {
         return kParamUsage;
     }
     try {
-        return runCommand(*command, arguments[1], command->hasOutput ? arguments[2] : "-");
+        return runCommand(*command, arguments);
     } catch (const std::bad_alloc&) {
         return failWith(arguments[1], "memory exhausted");
     }

@@ -17,10 +17,14 @@ constexpr Switch kSwitches[] = {
     {"--summary", &FrontEndOptions::summary, "--summary takes no value"},
     {"--quiet", &FrontEndOptions::quiet, "--quiet takes no value"},
     {"--strict", &FrontEndOptions::strict, "--strict takes no value"},
+    {"--skip-blocks", &FrontEndOptions::skipBlocks, "--skip-blocks takes no value"},
 };
 
 constexpr std::string_view kReport = "--report";
 constexpr const char* kReportNeedsName = "--report needs the name of a file as its own argument";
+constexpr std::string_view kSubprograms = "--subprograms";
+constexpr const char* kSubprogramsNeedName =
+    "--subprograms needs the name of a folder as its own argument";
 
 bool isAssignment(std::string_view argument, std::string_view option) noexcept {
     return argument.starts_with(option) && argument.substr(option.size()).starts_with('=');
@@ -62,6 +66,13 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
             }
         } else if (isAssignment(argument, kReport)) {
             options.usageError = kReportNeedsName;
+        } else if (argument == kSubprograms) {
+            options.subprograms.emplace_back(i + 1 < argc ? argv[++i] : "");
+            if (options.subprograms.back().empty()) {
+                options.usageError = kSubprogramsNeedName;
+            }
+        } else if (isAssignment(argument, kSubprograms)) {
+            options.usageError = kSubprogramsNeedName;
         } else if (!readSwitch(argument, options)) {
             options.arguments.push_back(argv[i]);
         }

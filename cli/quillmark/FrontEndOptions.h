@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 /// The options that belong to the front end, and the arguments that are left without them.
@@ -7,7 +8,9 @@ struct FrontEndOptions {
     bool summary = false;
     bool quiet = false;
     bool strict = false;
-    const char* report = nullptr; ///< name of the report file; null for none
+    bool skipBlocks = false;
+    const char* report = nullptr;         ///< name of the report file; null for none
+    std::vector<std::string> subprograms; ///< folders in which subprograms are looked for
 
     /// What is wrong with the options, for a message; null when nothing is.
     const char* usageError = nullptr;

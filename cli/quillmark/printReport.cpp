@@ -1,5 +1,6 @@
 #include "cli/quillmark/printReport.h"
 
+#include "cli/quillmark/printLine.h"
 #include "cli/quillmark/reportKeys.h"
 #include "cli/shared/printText.h"
 
@@ -26,6 +27,11 @@ void printWords(std::FILE* stream, WordTally& tally) noexcept {
     for (const auto* const entry : words.first(std::min(words.size(), kMostLines))) {
         std::fprintf(stream, "%10ld  %10ld  ", entry->second.count, entry->second.firstLine);
         printText(stream, entry->first);
+        if (const std::string& file = entry->second.firstFile; !file.empty()) {
+            std::fputs(" in '", stream);
+            printText(stream, file);
+            std::fputc('\'', stream);
+        }
         std::fputc('\n', stream);
     }
     if (words.size() > kMostLines) {
@@ -37,7 +43,9 @@ void printWords(std::FILE* stream, WordTally& tally) noexcept {
 }
 
 void printWarning(std::FILE* stream, const Warning& warning) noexcept {
-    std::fprintf(stream, "quillmark: warning: line %ld: ", warning.block.line);
+    std::fputs("quillmark: warning: line ", stream);
+    printLine(stream, warning.block.line, warning.block.file);
+    std::fputs(": ", stream);
     if (!warning.word.empty()) {
         printText(stream, warning.word);
         std::fputc(' ', stream);
@@ -77,8 +85,9 @@ void printReport(std::FILE* stream, NCScan& scan) noexcept {
     for (const OddityRow& row : kOddityRows) {
         const Tally& tally = report.Of(row.oddity);
         if (tally.count > 0) {
-            std::fprintf(stream, "quillmark: %s: %ld, the first in line %ld; %s\n", row.text,
-                         tally.count, tally.firstLine, row.consequence);
+            std::fprintf(stream, "quillmark: %s: %ld, the first in line ", row.text, tally.count);
+            printLine(stream, tally.firstLine, tally.firstFile);
+            std::fprintf(stream, "; %s\n", row.consequence);
         }
     }
     const auto warnings = report.FirstWarnings();

@@ -5,5 +5,6 @@
 #include <cstdio>
 
 /// Prints where a conversion stopped and what became of its output, when a block was begun: the
-/// number and the text of the block, and that the output up to it stays. Needs no memory.
+/// line, the text and, when it is not the main program's, the file of the block, and that the
+/// output up to it stays. Needs no memory.
 void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* outputName) noexcept;

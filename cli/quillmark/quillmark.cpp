@@ -5,6 +5,7 @@
 #include "cli/quillmark/RunResult.h"
 #include "cli/quillmark/exitStatus.h"
 #include "cli/quillmark/helpText.h"
+#include "cli/quillmark/printErrorStack.h"
 #include "cli/quillmark/printReport.h"
 #include "cli/quillmark/printStoppedBlock.h"
 #include "cli/quillmark/writeJsonReport.h"
@@ -53,6 +54,10 @@ class Run {
 public:
     explicit Run(FrontEndOptions options) : m_options(std::move(options)) {
         m_result.files = filesOf(m_controller, m_options);
+        if (m_options.skipBlocks) {
+            m_controller.SkipMarkedBlocks();
+        }
+        m_controller.SetSubprogramFolders(m_options.subprograms);
     }
 
     int Execute(char** envp) {
@@ -140,9 +145,14 @@ private:
 
     void tellFailure(int code) noexcept {
         printErrorLine(stderr, "quillmark", code, m_result.files, m_controller.LastFailure());
+        printErrorStack(stderr);
         // When output or log could not be written, no block is to blame: every one was converted.
         if (code != kOutputFileUnwritable && code != kLogFileUnwritable) {
             printStoppedBlock(stderr, m_controller, m_result.files.output);
+        }
+        // Of these the error line tells what was wrong and not what helps.
+        if (code >= kBlockUnreadable && code <= kProgramAborted) {
+            std::fprintf(stderr, "quillmark: what helps: %s\n", findReturnCode(code)->remedy);
         }
     }
 

@@ -25,6 +25,7 @@ inline constexpr StatementRow kStatementRows[] = {
     {StatementKind::kTool, "tools", "tools"},
     {StatementKind::kMode, "modes", "modes"},
     {StatementKind::kProgramEnd, "program_ends", "program ends"},
+    {StatementKind::kText, "texts", "texts"},
 };
 
 // A dropped arc writes no statement: it is an oddity.
@@ -55,6 +56,13 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kNulByte, "nul_bytes", "blocks with a NUL byte", "what follows it was not read"},
     {Oddity::kOpenComment, "unterminated_comments", "comments without an end",
      "the rest of the block was not read"},
+    {Oddity::kSkipMark, "skip_marked_blocks", "blocks with a mark to skip them",
+     "they were converted, as with the operator's switch off"},
+    {Oddity::kRestart, "restarts", "returns from the main program",
+     "the conversion ends there, and a control would begin the program again"},
+    {Oddity::kComputes, "computing_blocks",
+     "warning: the program computes, and the APT does not follow it; such blocks",
+     "a dialect that names their language with REV_PROGRAM_LANGUAGE runs them"},
 };
 
 struct WarningRow {

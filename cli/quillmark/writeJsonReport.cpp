@@ -20,6 +20,20 @@ void writeNumberOrNull(JsonWriter& json, const char* key, std::optional<int> num
     }
 }
 
+// The file of a line, when it is not that of the main program.
+void writeFile(JsonWriter& json, std::string_view file) noexcept {
+    if (!file.empty()) {
+        json.Entry("file", file);
+    }
+}
+
+void writeBlock(JsonWriter& json, const Block& block) noexcept {
+    const Block::Place& place = block.GetPlace();
+    json.Entry("line", place.line);
+    writeFile(json, place.file == nullptr ? "" : place.file);
+    json.Entry("block", block.Text());
+}
+
 void writeFiles(JsonWriter& json, const ConversionFiles& files) noexcept {
     json.Key("files");
     json.BeginObject();
@@ -38,8 +52,19 @@ void writeProcessEnd(JsonWriter& json, NCScan& scan, const ProcessEnd* end) noex
     }
     json.BeginObject();
     writeTextOrNull(json, "assertion", end->expression);
-    json.Entry("line", scan.CurrentBlock().GetPlace().line);
-    json.Entry("block", scan.CurrentBlock().Text());
+    writeBlock(json, scan.CurrentBlock());
+    json.EndObject();
+}
+
+// What ended a program that computes.
+void writeFailure(JsonWriter& json, NCScan& scan, std::optional<int> code) noexcept {
+    if (!code || *code < kBlockUnreadable || *code > kWordNotConverted) {
+        return;
+    }
+    json.Key("failure");
+    json.BeginObject();
+    writeTextOrNull(json, "text", scan.LastFailure().text);
+    writeBlock(json, scan.CurrentBlock());
     json.EndObject();
 }
 
@@ -60,6 +85,7 @@ void writeWords(JsonWriter& json, WordTally& tally) noexcept {
         json.Entry("word", entry->first);
         json.Entry("count", entry->second.count);
         json.Entry("first_line", entry->second.firstLine);
+        writeFile(json, entry->second.firstFile);
         json.EndObject();
     }
     json.EndList();
@@ -77,6 +103,7 @@ void writeUnrecognised(JsonWriter& json, ScanReport& report) noexcept {
     for (const ReportedBlock& block : report.FirstRests()) {
         json.BeginObject();
         json.Entry("line", block.line);
+        writeFile(json, block.file);
         json.Entry("rest", block.text);
         json.EndObject();
     }
@@ -96,6 +123,7 @@ void writeOddities(JsonWriter& json, const ScanReport& report) noexcept {
         } else {
             json.Null();
         }
+        writeFile(json, tally.firstFile);
         json.EndObject();
     }
 }
@@ -108,6 +136,7 @@ void writeWarnings(JsonWriter& json, const ScanReport& report) noexcept {
         json.BeginObject();
         json.Entry("kind", std::string_view(rowOf(warning.kind).key));
         json.Entry("line", warning.block.line);
+        writeFile(json, warning.block.file);
         writeTextOrNull(json, "word", warning.word.empty() ? nullptr : warning.word.c_str());
         json.Entry("block", warning.block.text);
         json.EndObject();
@@ -128,6 +157,7 @@ void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) n
     writeTextOrNull(json, "meaning", row == nullptr ? nullptr : row->meaning);
     writeNumberOrNull(json, "exit_status", result.exitStatus);
     writeProcessEnd(json, scan, result.end);
+    writeFailure(json, scan, result.code);
     json.Key("seconds");
     json.Decimal(result.seconds);
     json.Entry("lines", scan.CurrentBlock().GetPlace().line);

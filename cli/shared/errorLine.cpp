@@ -38,7 +38,8 @@ void printErrorLine(std::FILE* stream, const char* program, int code, const Conv
         }
         const char* const reason =
             failure.systemError != 0 ? std::strerror(failure.systemError) : failure.text;
-        std::fprintf(stream, ": %s", reason != nullptr ? reason : row->remedy);
+        std::fputs(": ", stream);
+        printText(stream, reason != nullptr ? reason : row->remedy);
     }
     (void)std::fputc('\n', stream);
 }

@@ -15,3 +15,16 @@
 [[nodiscard]] constexpr char toLowerByte(char c) noexcept {
     return isUpperByte(c) ? static_cast<char>(c - 'A' + 'a') : c;
 }
+
+/// `c` as a capital letter when it is a small one, else `c` unchanged.
+[[nodiscard]] constexpr char toUpperByte(char c) noexcept {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/// Blanks of a program's text: what parts words and is trimmed.
+[[nodiscard]] constexpr bool isBlankByte(char c) noexcept { return c == ' ' || c == '\t'; }
+
+/// What a name goes on with.
+[[nodiscard]] constexpr bool isNameByte(char c) noexcept {
+    return isLetterByte(c) || isDigitByte(c) || c == '_';
+}

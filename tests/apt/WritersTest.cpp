@@ -7,6 +7,7 @@
 #include "apt/ResLinearMovement.h"
 #include "apt/ResMovTypeCom.h"
 #include "apt/ResSpindle.h"
+#include "apt/ResText.h"
 #include "apt/StatementText.h"
 #include "softCommon/FileOwner.h"
 #include "tests/support/TempFolder.h"
@@ -140,6 +141,19 @@ TEST(Writers, WriteNowhereWithoutStreamsAndWholeStatementsOnly) {
     APTFactory nowhere(nullptr, nullptr);
     own(nowhere.GetCoolanCom())->InitOutput(TRUE);
     own(nowhere.GetCirculCom())->InitOutput(TRUE, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+}
+
+TEST(Writers, WriteTextsInPiecesOfPrintableCharacters) {
+    const std::string sixtySix(66, 'x');
+    EXPECT_EQ(written([&](Factory& factory) {
+                  const auto texts = own(factory.GetTextCom());
+                  texts->WriteComment("$1 \t\xE4~\x7F");
+                  texts->WriteComment("");
+                  texts->WriteComment(sixtySix);
+                  texts->WriteProgramName(sixtySix + sixtySix + " Y");
+              }),
+              "PPRINT S1 ??~?\nPPRINT " + sixtySix + "\nPARTNO " + sixtySix + "\nPARTNO " +
+                  sixtySix + "\nPARTNO  Y\n");
 }
 
 TEST(APTFactory, GivesLaterWritersTheStreamsThatWereSet) {

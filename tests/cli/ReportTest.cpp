@@ -78,9 +78,21 @@ TEST_F(Report, SummaryIsPrintedAlways) {
                 StartsWith("quillmark: blocks read: 1\n"
                            "quillmark: statements: rapid moves 0, feed moves 1, arcs 0, tool axes "
                            "0, feed rates 0, spindle 0, coolant 0, tools 0, modes 0, program ends "
-                           "0\nquillmark: seconds: "));
+                           "0, texts 0\nquillmark: seconds: "));
     EXPECT_THAT(run("-nc x.nc --summary").err, AllOf(StartsWith("quillmark: blocks read: 0\n"),
                                                      HasSubstr("\nquillmark: error 200: ")));
+}
+
+TEST_F(Report, CountsMarkedBlocksUnlessTheyAreLeftOut) {
+    m_folder.write("skip.pp", kDialect + "REV_BLOCK_SKIP\n/\n");
+    m_folder.write("a.nc", "G1 X1\n/X2\n/1 X3\n");
+    EXPECT_EQ(run("-p skip.pp").err,
+              "quillmark: blocks with a mark to skip them: 2, the first in line 2; they were "
+              "converted, as with the operator's switch off\n");
+    EXPECT_EQ(read("o"), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(3, 0, 0));
+    EXPECT_EQ(run("-p skip.pp --skip-blocks").err, "");
+    EXPECT_EQ(read("o"), goTo(1, 0, 0));
+    EXPECT_EQ(run("--skip-blocks=1").status, 2);
 }
 
 TEST_F(Report, JsonHoldsEverything) {
@@ -89,7 +101,8 @@ TEST_F(Report, JsonHoldsEverything) {
     // Valid UTF-8 stays; other bytes become the Latin-1 characters of their codes.
     const std::string json =
         std::regex_replace(read("r"), std::regex("(\"seconds\": )[0-9.]+,"), "$1S,");
-    EXPECT_EQ(json, "{\n  \"quillmark\": \"" QUILLMARK_VERSION "\",\n" + readFile(REPORT_REST));
+    EXPECT_EQ(json, "{\n  \"quillmark\": \"" QUILLMARK_VERSION "\",\n" +
+                        readFile(CLI_DATA "report.rest"));
 }
 
 TEST_F(Report, IsWrittenAfterFailures) {

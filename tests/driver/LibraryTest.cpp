@@ -27,6 +27,23 @@ TEST(Library, CarriesNothingOverFromAFailedConversion) {
     EXPECT_EQ(aptOf(bare, nc), goTo(1.5, 0, 0));
 }
 
+TEST(Library, LeavesTheFailureOfAProgramOnTheErrorStack) {
+    const std::string dialect = mill({{"REV_PROGRAM_LANGUAGE", "HASH"}});
+    EXPECT_EQ(convert(dialect, "X1\n#1=SQRT[-1]\n").code, 502);
+    EXPECT_EQ(convert(dialect, "X1\nGOTO 7\n").code, 503);
+    EXPECT_EQ(aptOf(dialect, "X1\n"), "RAPID\n" + goTo(1, 0, 0));
+    // Records of the interpreter have its numbers, others the return code.
+    ASSERT_NE(softErrors, nullptr);
+    EXPECT_EQ(softErrors->msgnr, 90518);
+    EXPECT_STREQ(softErrors->c[0], "Evaluator::call");
+    EXPECT_STREQ(softErrors->c[1], "SQRT of -1");
+    ASSERT_NE(softErrors->next, nullptr);
+    EXPECT_EQ(softErrors->next->msgnr, 503);
+    EXPECT_STREQ(softErrors->next->c[1], "there is no block N7");
+    EXPECT_EQ(softErrors->next->next, nullptr);
+    freeErrorStack();
+}
+
 TEST(Library, IgnoresTheLocaleOfItsHost) {
     const std::string dialect = mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"},
                                       {"MFG_INIT_SPINDLE", "0;0.6;0.8"},

@@ -1,4 +1,5 @@
 #include "driver/Controller.h"
+#include "driver/looksComputed.h"
 #include "driver/takeWord.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/dialects.h"
@@ -43,7 +44,8 @@ public:
         }
         for (const auto& [name, oddity] :
              {std::pair{"dropped", Oddity::kDroppedArc}, std::pair{"long", Oddity::kLongLine},
-              std::pair{"NUL", Oddity::kNulByte}, std::pair{"open", Oddity::kOpenComment}}) {
+              std::pair{"NUL", Oddity::kNulByte}, std::pair{"open", Oddity::kOpenComment},
+              std::pair{"computes", Oddity::kComputes}}) {
             note(name, report.Of(oddity));
         }
         return text;
@@ -84,7 +86,7 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
         // A G word of a block that moves is a warning, but only where a word begins.
         {"G1 X1\nG4 X2.\nG28 X0\n", "G4 1/2 G28 1/3 !G4 1/2 !G28 1/3 "},
         {"G54\nM8 G10\n", "G54 1/1 G10 1/2 "},
-        {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 AG4 1/2 GOTO5 1/2 "},
+        {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 AG4 1/2 GOTO5 1/2 computes 1/2 "},
         {"G1 X1\n%G17 X2\nE1 g4 X3\n", "%G17 1/2 E1 1/3 g4 1/3 !g4 1/3 "},
         {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 R2. 1/1 G41 1/3 G54 1/3 !G81 1/1 !G54 1/3 "},
         // An arc without a centre word is dropped where it ends at its start.
@@ -105,6 +107,21 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
     }
     // A comment that runs to the end of its line by definition is complete.
     EXPECT_EQ(Scan("; a\n", dialectOf({{"COMMENT_START", ";"}})).notes(), "");
+}
+
+TEST(LooksComputed, KnowsTheThreeFamiliesAndNoComments) {
+    for (const char* const text :
+         {"IF[#1 EQ 2]GOTO 100", "N5 while [", "DO1", "END 2", "M98 P1000", "G65 A1 P9", "P5 G66",
+          "M97 P5", "#<a>=1", "X##2", "o100 if", "O5 endsub", "o<drill> call", "R1 = 5",
+          "GOTOF LAST", "else", "X[1+2]", "Y - [3]", "(x) CALL \"A\""}) {
+        EXPECT_TRUE(looksComputed(text)) << text;
+    }
+    for (const char* const text :
+         {"; IF #1=3", "(IF #1=3", "\"R1=5\" X", "O1234", "O5 (SUB)", "M98",  "P5 M99",
+          "TOOL # 3",  "R5",       "R1==5",      "DO",    "END",      "FORM", "X5 IF",
+          "IF=3",      "CR=5",     "[5]",        "%",     "-",        ""}) {
+        EXPECT_FALSE(looksComputed(text)) << text;
+    }
 }
 
 TEST(ScanReport, KeepsRestsAndWholeBlocks) {
@@ -143,8 +160,8 @@ TEST(ScanReport, CountsStatementsByKind) {
     for (std::size_t kind = 0; kind < static_cast<std::size_t>(StatementKind::kCount); ++kind) {
         counts += std::to_string(scan->Statements().Of(static_cast<StatementKind>(kind))) + " ";
     }
-    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end.
-    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 ");
+    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end, text.
+    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 0 ");
 }
 
 } // namespace

@@ -103,7 +103,10 @@ protected:
     const std::string m_log = m_folder.path("part.log");
     const std::string m_lines = m_folder.write("old.txt", oldLines());
     const std::string m_plain =
-        m_folder.write("plain.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"}}));
+        m_folder.write("plain.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"},
+                                         {"REV_PROGRAM_FRAME", "%"},
+                                         {"REV_NO_EFFECT", "G64"},
+                                         {"REV_TEXT_OUTPUT", "PPRINT"}}));
     const std::string m_coded = m_folder.path("coded.pp");
     const std::string m_old = m_folder.path("old.pp");
 };
@@ -117,7 +120,8 @@ TEST(FactoryFaults, GiveNoWriterAndNoException) {
     EXPECT_FALSE(gives(&APTFactory::GetLinearCom) || gives(&APTFactory::GetCirculCom) ||
                  gives(&APTFactory::GetCoolanCom) || gives(&APTFactory::GetSpindlCom) ||
                  gives(&APTFactory::GetFeedRaCom) || gives(&APTFactory::GetMovTypCom) ||
-                 gives(&APTFactory::GetRegulaCom) || gives(&APTFactory::GetEndCom));
+                 gives(&APTFactory::GetRegulaCom) || gives(&APTFactory::GetEndCom) ||
+                 gives(&APTFactory::GetTextCom));
 }
 
 TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {

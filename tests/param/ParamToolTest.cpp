@@ -2,9 +2,11 @@
 #include "tests/support/cases.h"
 #include "tests/support/convert.h"
 
+#include <algorithm>
 #include <array>
 #include <gmock/gmock.h>
 #include <initializer_list>
+#include <regex>
 #include <utility>
 
 using testing::AnyOf;
@@ -118,14 +120,33 @@ TEST_F(ParamTool, RefusesWhatACommandCannotDo) {
     }
     EXPECT_EQ(read("onfirst"), marked);
     EXPECT_EQ(shell("quillmark --help >&-").status, 1);
-    for (const char* const call :
-         {"", "decode a", "check a b", "unknown a", "--help decode", "check ''", "check -x"}) {
+    for (const char* const call : {"", "decode a", "check a b", "unknown a", "eval a", "eval -a 1",
+                                   "--help decode", "check ''", "check -x"}) {
         const ProgramResult run = param(call);
         EXPECT_EQ(run.status, 2) << call;
         EXPECT_THAT(run.err, StartsWith("usage: quillmark-param encode IN OUT\n")) << call;
     }
     EXPECT_THAT(param("--help").out, HasSubstr("Exit status"));
     EXPECT_THAT(param("--version").out, StartsWith("quillmark-param "));
+}
+
+TEST_F(ParamTool, EvaluatesTextsInTheLanguageOfADialect) {
+    for (const std::string family : {"HASH", "O_WORD", "R_PARAMETER"}) {
+        const char* const comment = family == "R_PARAMETER" ? ";" : "(";
+        m_folder.write(family,
+                       mill({{"REV_PROGRAM_LANGUAGE", family}, {"COMMENT_START", comment}}));
+    }
+    for (const auto& [call, expected] : casesOf(PARAM_DATA "evaluations.txt", 18)) {
+        const ProgramResult run = param("eval " + call);
+        std::string said = run.out;
+        std::ranges::replace(said, '\n', '|');
+        EXPECT_EQ(run.status, run.err.empty() ? 0 : 1) << call;
+        EXPECT_EQ(said + std::regex_replace(run.err, std::regex("^quillmark-param: |\n"), "!"),
+                  expected + (run.err.empty() ? "" : "!"))
+            << call;
+    }
+    EXPECT_THAT(param("eval a.pp 1").err, HasSubstr("'a.pp': the dialect names no language"));
+    EXPECT_THAT(param("eval coded 1").err, HasSubstr("'coded': the dialect names no language"));
 }
 
 TEST_F(ParamTool, WritesItsOutputWholeWhereverItGoes) {

@@ -1,0 +1,63 @@
+#include "commands/PassedWords.h"
+
+#include "commands/wordMatcher.h"
+
+namespace {
+
+std::optional<WordPlace> findCode(const PassedWords::List& list, char* rest,
+                                  WordRule rule) noexcept {
+    for (const WordCode& code : list.codes) {
+        if (const auto place = code.FindIn(rest, rule)) {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void PassedWords::BuildFilter() {
+    for (const List* const list : {&own, &notConverted}) {
+        for (const WordCode& code : list->codes) {
+            m_filter.Add(code);
+        }
+        for (const WordAddress& address : list->addresses) {
+            m_filter.Add(address);
+        }
+    }
+}
+
+std::string_view PassedWords::FindNotConverted(char* rest, char separator) const noexcept {
+    if (const auto place = findCode(notConverted, rest, rule)) {
+        return place->Text();
+    }
+    if (notConverted.addresses.empty() || findCode(own, rest, rule)) {
+        return {};
+    }
+    for (const WordAddress& address : notConverted.addresses) {
+        if (const auto place = address.FindValue(rest, rule, separator)) {
+            return place->Text();
+        }
+    }
+    return {};
+}
+
+bool PassedWords::DropOwn(char* rest) const noexcept {
+    if (!findCode(own, rest, rule)) {
+        return false;
+    }
+    *rest = '\0';
+    return true;
+}
+
+void PassedWords::DropWithoutEffect(char* rest, char separator) const noexcept {
+    if (findCode(noEffect, rest, rule)) {
+        *rest = '\0';
+        return;
+    }
+    for (const WordAddress& address : noEffect.addresses) {
+        while (const auto place = address.FindNumber(rest, rule, separator)) {
+            cutOut(place->begin, place->end);
+        }
+    }
+}
