@@ -5,6 +5,7 @@
 PathMovement::~PathMovement() = default;
 
 void PathMovement::InitStatus(char* line) {
+    status().KeepMovementWord(*this);
     TakeWords(line);
     InitActiveCommand();
 }

@@ -125,6 +125,7 @@ private:
     int computeBlock();
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
+    void passNotes() noexcept;
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;
