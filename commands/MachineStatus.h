@@ -11,7 +11,9 @@
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
+#include <memory>
 
+class Control;
 struct Movement;
 
 /// The modal state of the machine while an NC program is scanned: position, speeds, tool, the
@@ -19,7 +21,7 @@ struct Movement;
 /// reset between blocks.
 class MachineStatus {
 public:
-    MachineStatus() noexcept = default;
+    MachineStatus() noexcept;
     MachineStatus(const MachineStatus&) = delete;
     MachineStatus& operator=(const MachineStatus&) = delete;
     virtual ~MachineStatus();
@@ -91,6 +93,11 @@ public:
     void KeepMovement(const Movement* movement) noexcept { m_movement = movement; }
     [[nodiscard]] const Movement* GetMovement() const noexcept { return m_movement; }
 
+    /// Makes the control unless there is one. Throws std::bad_alloc.
+    Control& MakeControl();
+    /// What a dialect has beyond the modal groups; null when no key asks for it.
+    [[nodiscard]] Control* GetControl() const noexcept { return m_control.get(); }
+
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
     /// rev/min, as programmed.
@@ -146,4 +153,5 @@ private:
     const Command* m_movementWord = nullptr; // not owned
     unsigned m_notes = 0;                    // of the block at hand
     unsigned m_givenAxes = 0;
+    std::unique_ptr<Control> m_control;
 };

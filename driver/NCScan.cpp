@@ -1,7 +1,8 @@
 #include "driver/NCScan.h"
 
 #include "apt/appendText.h"
-#include "commands/CircleTolerance.h"
+#include "commands/ArcRequest.h"
+#include "commands/Control.h"
 #include "commands/Movement.h"
 #include "commands/arcShape.h"
 #include "driver/LineSource.h"
@@ -198,6 +199,12 @@ int NCScan::passStartCodes() {
         if (const int code = scanAll(start.data()); code != 0) {
             return code;
         }
+        if (Control* const control = m_model->status.GetControl()) {
+            if (const int code = control->actions.Run(); code != 0) {
+                return code;
+            }
+            control->BeginBlock();
+        }
         char nothing[] = ""; // none of them was found in the first block
         (void)scanAll(nothing);
     }
@@ -211,6 +218,7 @@ int NCScan::runBlocks(BlockSource& source) {
         beginBlock();
         const BlockText* const text = rules.isInUse ? source.Text() : nullptr;
         if (const int code = convertBlock(commands, text); code != 0) {
+            keepRefusal();
             return code;
         }
         if (rules.endStops && hasEnded()) {
@@ -224,6 +232,13 @@ int NCScan::runBlocks(BlockSource& source) {
     return 0;
 }
 
+void NCScan::keepRefusal() {
+    const Control* const control = m_model->status.GetControl();
+    if (control != nullptr && !control->Reason().empty()) {
+        KeepFailureText(control->Reason());
+    }
+}
+
 bool NCScan::hasEnded() const noexcept {
     return std::ranges::any_of(m_model->rules.programEnds, &Command::WasFound);
 }
@@ -231,6 +246,10 @@ bool NCScan::hasEnded() const noexcept {
 void NCScan::beginBlock() noexcept {
     m_report.NotePlace(block());
     m_model->status.ForgetBlock();
+    if (Control* const control = m_model->status.GetControl()) {
+        control->isRunning = true;
+        control->BeginBlock();
+    }
     if (std::FILE* const log = m_logFile.get()) {
         appendText(log, block().Echo());
         if (block().GetPlace().isComputed) {
@@ -379,13 +398,15 @@ void NCScan::warnIfArcWithoutCentre() noexcept {
     }
 }
 
+// An arc that was computed is none of these.
 void NCScan::warnOfArcShape() noexcept {
     const Movement* const movement = m_model->status.GetMovement();
-    if (movement == nullptr || !movement->arc || m_model->rules.computesArcs) {
+    if (movement == nullptr || !movement->arc) {
         return;
     }
     const ArcShape shape = arcShapeOf(*movement);
-    if (movement->arc->hasCentreWord && radiiDiffer(shape.startRadius, shape.endRadius)) {
+    if (movement->arc->hasCentreWord &&
+        ArcTolerance().IsExceeded(shape.startRadius, shape.endRadius)) {
         m_report.Warn(Warning::Kind::kRadiiDiffer, block(), "");
     }
     // Less than the decimals of the output show.

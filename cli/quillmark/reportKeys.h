@@ -8,11 +8,13 @@
 
 /// The names under which the front end tells what a conversion reports.
 
-/// Statements of one kind; `text` names them in a sentence.
+/// Statements of one kind; `text` names them in a sentence. Those of which every summary tells come
+/// first.
 struct StatementRow {
     StatementKind kind;
     const char* key;
     const char* text;
+    bool isAlwaysTold = true; ///< else only when there are some
 };
 
 inline constexpr StatementRow kStatementRows[] = {
@@ -27,6 +29,11 @@ inline constexpr StatementRow kStatementRows[] = {
     {StatementKind::kMode, "modes", "modes"},
     {StatementKind::kProgramEnd, "program_ends", "program ends"},
     {StatementKind::kText, "texts", "texts"},
+    {StatementKind::kDelay, "delays", "delays", false},
+    {StatementKind::kUnits, "units", "units", false},
+    {StatementKind::kCompensation, "compensations", "compensations", false},
+    {StatementKind::kStop, "stops", "stops", false},
+    {StatementKind::kHome, "reference_points", "reference points", false},
 };
 
 // A dropped arc writes no statement: it is an oddity.

@@ -275,8 +275,9 @@ TEST(ScanReport, CountsStatementsByKind) {
     for (std::size_t kind = 0; kind < static_cast<std::size_t>(StatementKind::kCount); ++kind) {
         counts += std::to_string(scan->Statements().Of(static_cast<StatementKind>(kind))) + " ";
     }
-    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end, text.
-    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 0 ");
+    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end, text,
+    // delay, units, compensation, stop, home.
+    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 0 0 0 0 0 0 ");
 }
 
 } // namespace
