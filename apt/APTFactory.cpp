@@ -1,6 +1,7 @@
 #include "apt/APTFactory.h"
 
 #include "apt/AResCircularMovement.h"
+#include "apt/AResControl.h"
 #include "apt/AResCoolant.h"
 #include "apt/AResEndCommand.h"
 #include "apt/AResFeedRate.h"
@@ -37,3 +38,5 @@ ResRegularCommand* APTFactory::GetRegulaCom() {
 ResEndCommand* APTFactory::GetEndCom() { return new (std::nothrow) AResEndCommand(m_outputs); }
 
 ResText* APTFactory::GetTextCom() { return new (std::nothrow) AResText(m_outputs); }
+
+ResControl* APTFactory::GetControlCom() { return new (std::nothrow) AResControl(m_outputs); }

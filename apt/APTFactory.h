@@ -21,11 +21,12 @@ public:
     [[nodiscard]] ResMovTypeCom* GetMovTypCom() override;
     [[nodiscard]] ResRegularCommand* GetRegulaCom() override;
     [[nodiscard]] ResEndCommand* GetEndCom() override;
-    [[nodiscard]] ResText* GetTextCom() override;
     void SetOutputFile(std::FILE* file) override { m_outputs.SetOutputFile(file); }
     [[nodiscard]] std::FILE* GetOutputFile() override { return m_outputs.OutputFile(); }
     void SetLogFile(std::FILE* file) override { m_outputs.SetLogFile(file); }
     [[nodiscard]] std::FILE* GetLogFile() override { return m_outputs.LogFile(); }
+    [[nodiscard]] ResText* GetTextCom() override;
+    [[nodiscard]] ResControl* GetControlCom() override;
 
 private:
     Outputs m_outputs;

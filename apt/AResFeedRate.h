@@ -8,4 +8,5 @@ public:
     using ResFeedRate::ResFeedRate;
 
     void InitOutput(Boolean perMinute, const double& feed) override;
+    void WriteFine(bool perMinute, double feed, bool isInch) override;
 };

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 class ResCircularMovement;
+class ResControl;
 class ResCoolant;
 class ResEndCommand;
 class ResFeedRate;
@@ -28,11 +29,12 @@ public:
     [[nodiscard]] virtual ResMovTypeCom* GetMovTypCom() = 0;
     [[nodiscard]] virtual ResRegularCommand* GetRegulaCom() = 0;
     [[nodiscard]] virtual ResEndCommand* GetEndCom() = 0;
-    [[nodiscard]] virtual ResText* GetTextCom() = 0;
     virtual void SetOutputFile(std::FILE* file) = 0;
     [[nodiscard]] virtual std::FILE* GetOutputFile() = 0;
     virtual void SetLogFile(std::FILE* file) = 0;
     [[nodiscard]] virtual std::FILE* GetLogFile() = 0;
+    [[nodiscard]] virtual ResText* GetTextCom() = 0;
+    [[nodiscard]] virtual ResControl* GetControlCom() = 0;
 
 protected:
     Factory() = default;

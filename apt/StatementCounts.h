@@ -17,6 +17,11 @@ enum class StatementKind : std::size_t {
     kMode,
     kProgramEnd,
     kText,
+    kDelay,
+    kUnits,
+    kCompensation,
+    kStop,
+    kHome,
     kCount
 };
 

@@ -29,6 +29,10 @@ public:
     StatementText& circleValue(double value) noexcept { return fixed<13, 5>(value); }
     /// Adds a number as "%10.4lf": a feed or a speed.
     StatementText& rate(double value) noexcept { return fixed<10, 4>(value); }
+    /// Adds a number as "%10.6lf": a feed or a pitch that four decimals cannot hold.
+    StatementText& fineRate(double value) noexcept { return plain(value, 10, 6); }
+    /// Adds a number as "%.4lf".
+    StatementText& exact(double value) noexcept { return plain(value, 0, 4); }
     /// Adds a whole number.
     StatementText& add(int value) noexcept;
 
@@ -41,6 +45,8 @@ private:
     StatementText& fixed(double value) noexcept {
         return endAt(writeFixed<Width, Decimals>(end(), limit(), value));
     }
+    // For numbers that are seldom written.
+    StatementText& plain(double value, std::ptrdiff_t width, int decimals) noexcept;
     // Null when the number did not fit.
     StatementText& endAt(const char* last) noexcept {
         if (last != nullptr) {

@@ -4,6 +4,7 @@
 #include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/numberText.h"
 
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -68,4 +69,17 @@ void AxisMapping::Assign(gmVector3& point) const {
 
 void AxisMapping::Scale(gmVector3& point) const {
     point.assign(point[0] * m_factors[0], point[1] * m_factors[1], point[2] * m_factors[2]);
+}
+
+double AxisMapping::LengthFactor(Axis axis) const noexcept {
+    const double factor = std::abs(m_factors[axis]);
+    return factor > 0.0 && std::isfinite(factor) ? factor : 1.0;
+}
+
+void AxisMapping::Place(gmVector3& point) const {
+    for (const Axis axis : {kX, kY, kZ}) {
+        point[axis] /= LengthFactor(axis);
+    }
+    Assign(point);
+    Scale(point);
 }

@@ -21,6 +21,11 @@ public:
     void Assign(gmVector3& point) const;
     /// Multiplies each component by the factor of its axis.
     void Scale(gmVector3& point) const;
+    /// The number of an axis without its sign, by which a coordinate has to be multiplied to become
+    /// a length: 0.5 where the axis is programmed in diameters.
+    [[nodiscard]] double LengthFactor(Axis axis) const noexcept;
+    /// Turns a point or direction in lengths into one of the output: assignment and signs alone.
+    void Place(gmVector3& point) const;
 
 private:
     void setSwitches(Axis axis, char letter) noexcept;

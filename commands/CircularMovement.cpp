@@ -1,7 +1,13 @@
 #include "commands/CircularMovement.h"
 
 #include "apt/Factory.h"
+#include "commands/ArcRequest.h"
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
+#include "commands/resolveArc.h"
+#include "driver/returnCodes.h"
+
+#include <utility>
 
 CircularMovement::CircularMovement(MachineStatus* status, Factory* factory) : PathMovement(status) {
     writer().SetArc(factory->GetCirculCom());
@@ -19,20 +25,70 @@ void CircularMovement::InitInstSyntax(const char* syntax, const int& number, Fac
 
 bool CircularMovement::TakeWords(char* line) {
     bool found = PathMovement::TakeWords(line);
-    for (Parameter* const word : m_centreWords) {
-        found |= scanWord(word, line);
+    Control* const control = status().GetControl();
+    if (control == nullptr || !control->computesArcs) {
+        for (Parameter* const word : m_centreWords) {
+            found |= scanWord(word, line);
+        }
+        return found;
+    }
+    m_arcWords = takeArcWords(line, *control, status());
+    found |= !m_arcWords.IsEmpty();
+    if (found) {
+        m_arcWords.turnsBegun = control->words.turnsBegun.Take(line, status());
+        m_arcWords.turnsMore = control->words.turnsMore.Take(line, status());
     }
     return found;
 }
 
-void CircularMovement::makeMovement(Movement& movement) {
+int CircularMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
     resolveEndPoint(movement.end);
+    if (Control* const control = status().GetControl();
+        control != nullptr && control->computesArcs) {
+        movement.arc.reset();
+        return makeSweep(*control, movement);
+    }
     Arc& arc = movement.arc.emplace();
     arc.clockwise = m_clockwise;
     arc.normal = m_normal;
     arc.centre = movement.start;
     resolveCentre(arc);
+    return 0;
+}
+
+// An arc is round in lengths: a diameter is no coordinate of it.
+int CircularMovement::makeSweep(Control& control, Movement& movement) const {
+    ArcRequest request{
+        .start = control.ToLengths(movement.start, Mapping()),
+        .end = control.ToLengths(movement.end, Mapping()),
+        .plane = control.plane,
+        .isClockwise = m_clockwise == TRUE,
+        .centre = {},
+        .needsWholeCentre = false,
+        .radius = m_arcWords.radius,
+        .turnsBegun = m_arcWords.turnsBegun,
+        .turnsMore = m_arcWords.turnsMore,
+        .tolerance = control.Tolerance(),
+    };
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto index = static_cast<std::size_t>(axis);
+        const auto& word = m_arcWords.centre[index];
+        if (!word) {
+            continue;
+        }
+        const bool isAbsolute = word->isMarked
+                                    ? !word->isIncremental
+                                    : control.centresAreAbsolute.value_or(!word->isIncremental);
+        request.needsWholeCentre |= isAbsolute && !word->isMarked;
+        gmVector3 offset;
+        offset[axis] = word->value;
+        const double length =
+            control.centreIsRadius ? word->value : control.ToLengths(offset, Mapping())[axis];
+        request.centre[index] = isAbsolute ? length : request.start[axis] + length;
+    }
+    std::string reason = resolveArc(request, movement.sweep.emplace());
+    return reason.empty() ? 0 : control.Refuse(kArcRefused, std::move(reason));
 }
 
 // Relative to the start point or absolute is the centre word's own matter; the movement type does

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/ArcWords.h"
 #include "commands/PathMovement.h"
 
 #include <array>
@@ -7,7 +8,8 @@
 class Factory;
 
 /// The circular arc: one instance clockwise, one counter-clockwise. It collects and scales start,
-/// end and centre; the writer judges the arc.
+/// end and centre, and the writer judges the arc; where the dialect has planes, it is computed here
+/// as controls do.
 class CircularMovement : public PathMovement {
 public:
     CircularMovement(MachineStatus* status, Factory* factory);
@@ -24,14 +26,16 @@ public:
     /// Normal of the plane of the arc, pointing at the viewer; (0, 0, 1) unless set.
     void SetNormVector(double x, double y, double z) { m_normal.assign(x, y, z); }
 
-    /// Takes the coordinate words, then the centre words.
+    /// Takes the coordinate words, then the centre words, radius and turns.
     bool TakeWords(char* line) override;
 
 private:
-    void makeMovement(Movement& movement) override;
+    int makeMovement(Movement& movement) override;
+    int makeSweep(Control& control, Movement& movement) const;
     void resolveCentre(Arc& arc) const;
 
     Boolean m_clockwise = TRUE;
     std::array<Parameter*, 3> m_centreWords = {}; // not owned, may be null
     gmVector3 m_normal = gmVector3(0.0, 0.0, 1.0);
+    ArcWords m_arcWords; // of the block at hand, where arcs are computed
 };

@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 
+#include "commands/ActionQueue.h"
 #include "commands/wordMatcher.h"
 
 Command::~Command() = default;
@@ -14,6 +15,14 @@ char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 
 int Command::Act() { return 0; }
 
+int Command::perform() {
+    if (m_queue == nullptr) {
+        return Act();
+    }
+    m_queue->Add(*this);
+    return 0;
+}
+
 int Command::scanNC(char* line) {
     m_wasFound = false;
     const char* token = line;
@@ -22,7 +31,7 @@ int Command::scanNC(char* line) {
         char* const digits = word + m_word.Text().size();
         char* const end = MoveAfterNumber(digits);
         if (m_word.HasDigits(digits, end)) {
-            cutOut(word, end);
+            cutOut(word, m_word.BehindFraction(end));
             m_ncLineStatus = TRUE;
             m_wasFound = true;
             m_code = 0;

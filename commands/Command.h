@@ -1,7 +1,10 @@
 #pragma once
 
+#include "commands/ActionKind.h"
 #include "commands/CommandWord.h"
 #include "softCommon/Boolean.h"
+
+class ActionQueue;
 
 /// Recognises one command word of a block: an address text and, mostly, a number ("G01", "M30").
 /// scanNC cuts the word out and lets the concrete command take its values from the rest; the
@@ -9,7 +12,7 @@
 ///
 /// A command recognises (takes its word and its values out of the block) and acts (changes the
 /// machine and writes). The commands of this house keep the two apart, and all of them act through
-/// perform, so that an order of acting other than the order of recognising has one place.
+/// perform: where the dialect has an order of acting of its own, they wait there in a queue.
 class Command {
 public:
     Command() noexcept = default;
@@ -39,6 +42,15 @@ public:
     /// the same. A second occurrence stays. Returns 0, or the code of a command that acted.
     int scanNC(char* line);
 
+    /// The same for a code that is known by its spelling, perhaps with a fraction ("G59.1",
+    /// "SUPA"). Throws std::bad_alloc.
+    void InitCode(const WordCode& code) { m_word.Set(code); }
+    /// What the command does, where the order of acting matters; kEnd at first.
+    void SetActionKind(ActionKind kind) noexcept { m_actionKind = kind; }
+    [[nodiscard]] ActionKind GetActionKind() const noexcept { return m_actionKind; }
+    /// Has the command wait there instead of acting at once; null: it acts at once. Not owned.
+    void SetActionQueue(ActionQueue* queue) noexcept { m_queue = queue; }
+
     /// How the word is told from other text of a block; WordRule::kPlain at first.
     void SetWordRule(WordRule rule) noexcept { m_word.SetRule(rule); }
 
@@ -61,18 +73,19 @@ public:
     [[nodiscard]] bool IsIdle() const noexcept { return m_isIdle; }
 
 protected:
-    /// Acts, at once. Every command acts through here: this is the place for an order of acting
-    /// that is not the order of recognising.
-    int perform() { return Act(); }
+    /// Acts, at once or when the block's turn comes. Every command acts through here.
+    int perform();
     void setIdle(bool idle) noexcept { m_isIdle = idle; }
     /// Keeps the code of what InitStatus performed for the caller of scanNC.
     void keepCode(int code) noexcept { m_code = code; }
 
 private:
     CommandWord m_word;
+    ActionQueue* m_queue = nullptr;
     Boolean m_ncLineStatus = FALSE;
     bool m_isBuiltIn = false;
     bool m_isIdle = false;
     bool m_wasFound = false;
+    ActionKind m_actionKind = ActionKind::kEnd;
     int m_code = 0; // of what InitStatus performed
 };

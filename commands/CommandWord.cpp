@@ -10,9 +10,27 @@ void CommandWord::Set(const char* text, int number) noexcept {
     m_number = number;
 }
 
+void CommandWord::Set(const WordCode& code) {
+    Set(std::string(code.Letters()).c_str(), code.Number());
+    m_fraction = code.Fraction();
+}
+
+// A point without digits is none, and "G59.10" is G59.1. Zeros alone are kept: "G1.0" is not G1.
+std::string_view CommandWord::fractionAt(const char* end) noexcept {
+    if (*end != '.') {
+        return {};
+    }
+    const char* last = end + 1;
+    while (isDigitByte(*last)) {
+        ++last;
+    }
+    std::string_view digits(end + 1, static_cast<std::size_t>(last - end - 1));
+    const std::size_t counting = digits.find_last_not_of('0') + 1;
+    return counting == 0 ? digits : digits.substr(0, counting);
+}
+
 bool CommandWord::isWhole(const char* digits, const char* end) const noexcept {
-    const bool hasFraction = *end == '.' && isDigitByte(end[1]);
-    if (*end == '=' || hasFraction) {
+    if (*end == '=') {
         return false;
     }
     const bool hasDigits = end != digits;

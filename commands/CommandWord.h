@@ -1,10 +1,13 @@
 #pragma once
 
 #include "commands/TextCopy.h"
+#include "commands/WordCode.h"
 #include "commands/ncNumber.h"
 #include "commands/wordMatcher.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 
 /// What the word of a command is, the one rule for it: a text and, mostly, a number behind it
 /// ("G01", "M30"). The recogniser asks it where a word stands, and the index of commands asks it
@@ -15,6 +18,8 @@ public:
     /// case; -1 means that the word has no number. When memory is exhausted the text is null, and
     /// nothing is this word.
     void Set(const char* text, int number) noexcept;
+    /// The same for a code with letters, perhaps with a fraction: "G59.1". Throws std::bad_alloc.
+    void Set(const WordCode& code);
 
     [[nodiscard]] const TextCopy& Text() const noexcept { return m_text; }
     [[nodiscard]] int Number() const noexcept { return m_number; }
@@ -29,9 +34,15 @@ public:
     }
     /// Whether a text found is this word when what counts as its digits stands from `digits` up to
     /// `end`: any digits or none for a word without number, else digits of the same value. By the
-    /// stricter rules the word must end there, too.
+    /// stricter rules the word must end there, too, or behind its fraction.
     [[nodiscard]] bool HasDigits(const char* digits, const char* end) const noexcept {
-        return hasValue(digits, end) && (m_rule == WordRule::kPlain || isWhole(digits, end));
+        return hasValue(digits, end) &&
+               (m_rule == WordRule::kPlain ? m_fraction.empty()
+                                           : isWhole(digits, end) && fractionAt(end) == m_fraction);
+    }
+    /// The end of the word: behind the fraction that stands at the end of its digits, or there.
+    [[nodiscard]] char* BehindFraction(char* end) const noexcept {
+        return m_fraction.empty() ? end : skipDigits(end + 1);
     }
 
     /// The number that stands behind a word's text as plain digits, without anything between; none
@@ -48,8 +59,10 @@ private:
         return m_number == -1 || (end != digits && readCommandNumber(digits) == m_number);
     }
     [[nodiscard]] bool isWhole(const char* digits, const char* end) const noexcept;
+    [[nodiscard]] static std::string_view fractionAt(const char* end) noexcept;
 
     TextCopy m_text;
     int m_number = -1;
+    std::string m_fraction; // without zeros at its end; empty: none
     WordRule m_rule = WordRule::kPlain;
 };

@@ -1,6 +1,7 @@
 #include "commands/FeedRate.h"
 
 #include "apt/Factory.h"
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
 
 FeedRate::FeedRate(MachineStatus* status, Factory* factory)
@@ -16,9 +17,26 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
     m_perMinute = perMinute;
 }
 
+// On some controls a feed belongs to its mode.
+void FeedRate::InitStatus(char* line) {
+    const Control* const control = status().GetControl();
+    if (control != nullptr && control->forgetsFeed &&
+        status().GetFeedRateCom()->GetActiveCommand() != this) {
+        status().InitFeedRateSpeed(0.0);
+    }
+    TechnologyCommand::InitStatus(line);
+}
+
 void FeedRate::keepValue(double value) noexcept { status().InitFeedRateSpeed(value); }
 
 int FeedRate::Act() {
-    writer().InitOutput(m_perMinute, status().GetFeedRateSpeed());
+    const double feed = status().GetFeedRateSpeed();
+    const Control* const control = status().GetControl();
+    if (control != nullptr && control->units.IsOutputInch()) {
+        writer().WriteFine(m_perMinute == TRUE, feed * control->units.ToOutput(), true);
+    } else {
+        writer().InitOutput(m_perMinute,
+                            control == nullptr ? feed : feed * control->units.ToOutput());
+    }
     return 0;
 }

@@ -19,6 +19,7 @@ public:
     /// The value word; not owned, may be null.
     void InitSpeedParm(Parameter* word) noexcept { initValueWord(word); }
 
+    void InitStatus(char* line) override;
     int Act() override;
 
 private:

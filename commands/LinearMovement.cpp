@@ -1,6 +1,10 @@
 #include "commands/LinearMovement.h"
 
 #include "apt/Factory.h"
+#include "commands/ArcWords.h"
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
 
 LinearMovement::LinearMovement(MachineStatus* status, Factory* factory) : PathMovement(status) {
     writer().SetStraight(factory->GetLinearCom());
@@ -15,8 +19,21 @@ void LinearMovement::InitInstSyntax(const char* syntax, const int& number, Facto
     m_rapid = rapid;
 }
 
-void LinearMovement::makeMovement(Movement& movement) {
+bool LinearMovement::TakeWords(char* line) {
+    const bool found = PathMovement::TakeWords(line);
+    Control* const control = status().GetControl();
+    m_hasArcWords = control != nullptr && control->computesArcs &&
+                    !takeArcWords(line, *control, status()).IsEmpty();
+    return found || m_hasArcWords;
+}
+
+int LinearMovement::makeMovement(Movement& movement) {
     movement.rapid = m_rapid;
-    resolveEndPoint(movement.end);
     movement.arc.reset();
+    if (m_hasArcWords) {
+        return status().GetControl()->Refuse(kArcRefused,
+                                             "an arc has no direction: the movement is straight");
+    }
+    resolveEndPoint(movement.end);
+    return 0;
 }

@@ -16,8 +16,12 @@ public:
     /// False when the factory could not make the writer: the command must not be computed then.
     [[nodiscard]] bool HasWriter() const noexcept { return writer().HasStraight(); }
 
+    /// Takes the coordinate words and, where they mean something, the words of arcs.
+    bool TakeWords(char* line) override;
+
 private:
-    void makeMovement(Movement& movement) override;
+    int makeMovement(Movement& movement) override;
 
     Boolean m_rapid = FALSE;
+    bool m_hasArcWords = false;
 };

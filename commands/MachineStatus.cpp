@@ -1,6 +1,9 @@
 #include "commands/MachineStatus.h"
 
+#include "commands/Control.h"
 #include "softCommon/CStringUtil/string_mani.h"
+
+MachineStatus::MachineStatus() noexcept = default;
 
 MachineStatus::~MachineStatus() = default;
 
@@ -9,7 +12,17 @@ int MachineStatus::scanNC(char* line) {
         return code;
     }
     string_mani(3, line);
-    return computeGroups(kFirstOfTrimmedBlock, kModalGroupCount, line);
+    if (const int code = computeGroups(kFirstOfTrimmedBlock, kModalGroupCount, line); code != 0) {
+        return code;
+    }
+    return m_control == nullptr ? 0 : m_control->actions.Run();
+}
+
+Control& MachineStatus::MakeControl() {
+    if (m_control == nullptr) {
+        m_control = std::make_unique<Control>(*this);
+    }
+    return *m_control;
 }
 
 int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {

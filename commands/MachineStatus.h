@@ -10,7 +10,9 @@
 #include "softCommon/CMathUtil/gmVec3.h"
 
 #include <array>
+#include <memory>
 
+class Control;
 struct Movement;
 
 /// The modal state of the machine while an NC program is scanned: position, speeds, tool, the
@@ -18,7 +20,7 @@ struct Movement;
 /// reset between blocks.
 class MachineStatus {
 public:
-    MachineStatus() noexcept = default;
+    MachineStatus() noexcept;
     MachineStatus(const MachineStatus&) = delete;
     MachineStatus& operator=(const MachineStatus&) = delete;
     virtual ~MachineStatus();
@@ -58,6 +60,11 @@ public:
     /// The last movement of the block at hand, which its command owns; null before there is one.
     void KeepMovement(const Movement* movement) noexcept { m_movement = movement; }
     [[nodiscard]] const Movement* GetMovement() const noexcept { return m_movement; }
+
+    /// Makes the control unless there is one. Throws std::bad_alloc.
+    Control& MakeControl();
+    /// What a dialect has beyond the modal groups; null when no key asks for it.
+    [[nodiscard]] Control* GetControl() const noexcept { return m_control.get(); }
 
     [[nodiscard]] gmVector3 GetBasicPosition() const { return m_basicPosition; }
     [[nodiscard]] gmVector3 GetEndPosition() const { return m_endPosition; }
@@ -104,4 +111,5 @@ private:
     Boolean m_circleCenterMode = TRUE;
     Block m_block;
     const Movement* m_movement = nullptr;
+    std::unique_ptr<Control> m_control;
 };

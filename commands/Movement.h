@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/Sweep.h"
 #include "softCommon/Boolean.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
@@ -19,7 +20,9 @@ struct Movement {
     Boolean rapid = FALSE; ///< of a straight movement; counts as rapid when it is 1
     gmVector3 start;       ///< mm, as the other points
     gmVector3 end;
-    std::optional<Arc> arc;            ///< none: straight
+    std::optional<Arc> arc;            ///< as described by its block; none: straight, or a sweep
+    std::optional<Sweep> sweep;        ///< an arc that was computed
     std::optional<gmVector3> toolAxis; ///< to be told ahead of the movement
     double feed = 0.0;                 ///< mm/min or mm/rev, as programmed last
+    bool needsFeed = true;             ///< unless it is rapid; a thread has its pitch
 };

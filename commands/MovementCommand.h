@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/AxisMapping.h"
+#include "commands/AxisWords.h"
 #include "commands/ModalCommand.h"
 #include "commands/Movement.h"
 #include "commands/Parameter.h"
@@ -31,6 +32,7 @@ public:
     void InitIncXParm(Parameter* word) noexcept { m_axes[0].incremental = word; }
     void InitIncYParm(Parameter* word) noexcept { m_axes[1].incremental = word; }
     void InitIncZParm(Parameter* word) noexcept { m_axes[2].incremental = word; }
+    [[nodiscard]] const std::array<AxisWords, 3>& Axes() const noexcept { return m_axes; }
 
     /// Axis factor and assignment from a text of the parameter file; see AxisMapping::SetDivisor.
     void SetXDivisor(const char* text) noexcept { m_mapping.SetDivisor(AxisMapping::kX, text); }
@@ -42,6 +44,11 @@ public:
     /// The direction of that statement; usually a unit vector, but written as it is given.
     static void SetTLAXISdirection(const gmVector3& direction) { m_TLAXISdirection = direction; }
 
+    [[nodiscard]] static const gmVector3& GetTLAXISdirection() noexcept {
+        return m_TLAXISdirection;
+    }
+    [[nodiscard]] const AxisMapping& Mapping() const noexcept { return m_mapping; }
+
 protected:
     /// Scans one more word on the block, if the dialect has it; tells whether it was found.
     bool scanWord(Parameter* word, char* line) const;
@@ -50,7 +57,6 @@ protected:
     void resolveEndPoint(gmVector3& point) const;
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
-    [[nodiscard]] const AxisMapping& mapping() const noexcept { return m_mapping; }
     /// Gives the movement the tool axis to be told ahead of it, when one is asked for; once.
     static void takeToolAxis(Movement& movement) noexcept {
         movement.toolAxis.reset();
@@ -61,11 +67,6 @@ protected:
     }
 
 private:
-    struct AxisWords {
-        Parameter* incremental = nullptr;
-        Parameter* absolute = nullptr;
-    };
-
     MachineStatus* m_status = nullptr;
     std::array<AxisWords, 3> m_axes;
     AxisMapping m_mapping;

@@ -22,6 +22,8 @@ public:
     /// The number of the word, in the unit of the address (mm, mm/min, rev/min, tool number).
     [[nodiscard]] double& GetValue() noexcept { return m_value; }
     [[nodiscard]] Boolean GetIncStatus() const noexcept { return m_incremental; }
+    /// Whether the word carried "=AC(" or "=IC(".
+    [[nodiscard]] bool IsExplicit() const noexcept { return m_explicitMode == TRUE; }
     [[nodiscard]] Boolean GetNCLineStatus() const noexcept { return m_ncLineStatus; }
     [[nodiscard]] long GetDecimalPlace() const noexcept { return m_decimalPlaces; }
 

@@ -1,28 +1,58 @@
 #include "commands/PathMovement.h"
 
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
 
 PathMovement::~PathMovement() = default;
 
 void PathMovement::InitStatus(char* line) {
-    TakeWords(line);
+    Control* const control = status().GetControl();
+    keepCode(control == nullptr ? 0 : control->NoteMovementCommand());
+    m_hasWords = TakeWords(line);
     InitActiveCommand();
 }
 
 int PathMovement::Compute(char* line) {
-    if (GetNCLineStatus() != TRUE && !TakeWords(line)) {
-        return 0;
+    const bool wasFound = GetNCLineStatus() == TRUE;
+    if (!wasFound) {
+        m_hasWords = TakeWords(line);
     }
-    const int code = perform();
+    const Control* const control = status().GetControl();
+    const bool movesAnyway = wasFound && (control == nullptr || control->MovesWithoutWords());
     SetNCLineStatus(FALSE);
-    return code;
+    return m_hasWords || movesAnyway ? perform() : 0;
 }
 
 int PathMovement::Act() {
+    begin();
+    const int code = makeMovement(m_movement);
+    return code != 0 ? code : write();
+}
+
+int PathMovement::moveTo(Boolean rapid, const gmVector3& point) {
+    begin();
+    m_movement.rapid = rapid;
+    m_movement.end = point;
+    m_movement.arc.reset();
+    return write();
+}
+
+void PathMovement::begin() {
     m_movement.start = status().GetEndPosition();
     m_movement.feed = status().GetFeedRateSpeed();
+    m_movement.sweep.reset();
     takeToolAxis(m_movement);
-    makeMovement(m_movement);
+}
+
+int PathMovement::write() {
+    if (Control* const control = status().GetControl()) {
+        if (const int code = control->CheckFeed(m_movement); code != 0) {
+            return code;
+        }
+        if (control->hasStages) {
+            return control->Pass(m_movement, Mapping());
+        }
+    }
     passStages(m_movement);
     status().KeepMovement(&m_movement); // before an arc that has no direction ends the process
     m_writer.Write(m_movement);
@@ -32,12 +62,12 @@ int PathMovement::Act() {
 // The end position is kept between the assignment and the factors: later words count from there.
 void PathMovement::passStages(Movement& movement) const {
     gmVector3& end = movement.end;
-    mapping().Assign(end);
+    Mapping().Assign(end);
     status().InitEndPosition(end[0], end[1], end[2]);
-    mapping().Scale(movement.start);
-    mapping().Scale(end);
+    Mapping().Scale(movement.start);
+    Mapping().Scale(end);
     status().InitBasicPosition(end[0], end[1], end[2]);
     if (movement.arc) {
-        mapping().Scale(movement.arc->centre);
+        Mapping().Scale(movement.arc->centre);
     }
 }

@@ -12,23 +12,29 @@ public:
     /// Takes the words of the block and becomes the active movement.
     void InitStatus(char* line) override;
     /// Moves when the command's word or, while the command is active, one of its other words stands
-    /// on the block.
+    /// on the block. The words of a control may ask for more than the command's own word.
     int Compute(char* line) override;
     /// Makes the movement, passes it through the stages and writes it.
-    int Act() final;
+    int Act() override;
 
 protected:
     explicit PathMovement(MachineStatus* status) noexcept : MovementCommand(status) {}
+
+    /// Moves straight to a point of the program. Returns 0 or the code of a refusal.
+    int moveTo(Boolean rapid, const gmVector3& point);
 
     [[nodiscard]] MovementWriter& writer() noexcept { return m_writer; }
     [[nodiscard]] const MovementWriter& writer() const noexcept { return m_writer; }
 
 private:
     /// What the words taken from the block ask for, in program coordinates; they are consumed.
-    /// Start, tool axis and feed are there.
-    virtual void makeMovement(Movement& movement) = 0;
+    /// Start, tool axis and feed are there. Returns 0 or the code of a refusal.
+    virtual int makeMovement(Movement& movement) = 0;
     void passStages(Movement& movement) const;
+    void begin();
+    int write();
 
     Movement m_movement; // of the block at hand; made in place, every field set
     MovementWriter m_writer;
+    bool m_hasWords = false; // of the block at hand, beside the command's own
 };

@@ -31,6 +31,8 @@ public:
     }
     [[nodiscard]] bool HasNumber() const noexcept { return m_number != -1; }
     [[nodiscard]] int Number() const noexcept { return m_number; } ///< without a fraction
+    /// The digits behind the point, without zeros at their end; empty when there are none.
+    [[nodiscard]] const std::string& Fraction() const noexcept { return m_fraction; }
     /// The one way of writing it, without the zeros that do not count.
     [[nodiscard]] std::string Spelling() const;
     /// The first one in the block; none when there is no such word.

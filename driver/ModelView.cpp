@@ -1,5 +1,7 @@
 #include "driver/ModelView.h"
 
+#include "commands/Control.h"
+
 double ModelView::position(int axis) const { return m_scan.Machinestatus().GetEndPosition()[axis]; }
 
 int ModelView::tool() const { return m_scan.Machinestatus().GetTool(); }
@@ -8,8 +10,10 @@ double ModelView::feed() const { return m_scan.Machinestatus().GetFeedRateSpeed(
 
 double ModelView::speed() const { return m_scan.Machinestatus().GetSpindleSpeed(); }
 
-// No dialect has other units yet.
-bool ModelView::isMetric() const { return true; }
+bool ModelView::isMetric() const {
+    const Control* const control = m_scan.Machinestatus().GetControl();
+    return control == nullptr || !control->units.IsInch();
+}
 
 bool ModelView::isAbsolute() const {
     Command* const type = m_scan.Machinestatus().GetMovTypeCom()->GetActiveCommand();

@@ -1,6 +1,7 @@
 #include "driver/NCScan.h"
 
 #include "apt/appendText.h"
+#include "commands/Control.h"
 #include "commands/Movement.h"
 #include "driver/LineSource.h"
 #include "driver/ModelView.h"
@@ -195,6 +196,12 @@ int NCScan::passStartCodes() {
         if (const int code = scanAll(start.data()); code != 0) {
             return code;
         }
+        if (Control* const control = m_model->status.GetControl()) {
+            if (const int code = control->actions.Run(); code != 0) {
+                return code;
+            }
+            control->BeginBlock();
+        }
         char nothing[] = ""; // none of them was found in the first block
         (void)scanAll(nothing);
     }
@@ -208,6 +215,7 @@ int NCScan::runBlocks(BlockSource& source) {
         beginBlock();
         const BlockText* const text = rules.isInUse ? source.Text() : nullptr;
         if (const int code = convertBlock(commands, text); code != 0) {
+            keepRefusal();
             return code;
         }
         if (rules.endStops && hasEnded()) {
@@ -221,6 +229,13 @@ int NCScan::runBlocks(BlockSource& source) {
     return 0;
 }
 
+void NCScan::keepRefusal() {
+    const Control* const control = m_model->status.GetControl();
+    if (control != nullptr && !control->Reason().empty()) {
+        KeepFailureText(control->Reason());
+    }
+}
+
 bool NCScan::hasEnded() const noexcept {
     return std::ranges::any_of(m_model->rules.programEnds, &Command::WasFound);
 }
@@ -228,6 +243,10 @@ bool NCScan::hasEnded() const noexcept {
 void NCScan::beginBlock() noexcept {
     m_report.NotePlace(block());
     m_model->status.KeepMovement(nullptr);
+    if (Control* const control = m_model->status.GetControl()) {
+        control->isRunning = true;
+        control->BeginBlock();
+    }
     if (std::FILE* const log = m_logFile.get()) {
         appendText(log, block().Echo());
         if (block().GetPlace().isComputed) {

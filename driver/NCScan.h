@@ -123,6 +123,7 @@ private:
     void writeTexts(const BlockText& text) const;
     int passWords();
     int computeBlock();
+    void keepRefusal();
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
     void warnIfArcWithoutCentre() noexcept;

@@ -28,6 +28,9 @@ enum : int {
     kSubprogramMissing = 504,
     kProgramEndless = 505,
     kProgramAborted = 506,
+    kAxisUnknown = 507,
+    kBlockRefused = 509,
+    kArcRefused = 510,
     kWordNotConverted = 511,
     kInternalError = 39999
 };

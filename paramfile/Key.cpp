@@ -31,6 +31,7 @@ bool Key::Matches(const char* line, bool isLathe) const noexcept {
     case KeyKind::kVariant:
         return isVariant(line, length, isLathe);
     case KeyKind::kWhole:
+    case KeyKind::kPassing:
         return line[length] == '\0';
     }
     return false;

@@ -7,7 +7,9 @@ enum class KeyKind {
     kPrefix,  ///< every line that begins with the key is the key
     kVariant, ///< tells the milling variant, the lathe variant ("_LATHE") and further ones ("_2ND")
               ///< apart
-    kWhole    ///< the trimmed line is the key, on a mill and on a lathe alike
+    kWhole,   ///< the trimmed line is the key, on a mill and on a lathe alike
+    kPassing ///< the same for an old key that only newer ones give a meaning: its value line may be
+             ///< missing, and is read as a line of its own as well
 };
 
 /// The value line of an entry: trimmed, not empty, and for a command split into letters and number.

@@ -2,6 +2,7 @@
 
 #include "apt/Factory.h"
 #include "commands/CircularMovement.h"
+#include "commands/Control.h"
 #include "commands/Coolant.h"
 #include "commands/EndCommand.h"
 #include "commands/FeedRate.h"
@@ -11,6 +12,7 @@
 #include "commands/Spindle.h"
 #include "driver/NCScan.h"
 #include "driver/returnCodes.h"
+#include "paramfile/readReals.h"
 
 #include <memory>
 #include <type_traits>
@@ -37,6 +39,7 @@ std::unique_ptr<Command> make(ModalCommands& commands, MachineStatus* status, Fa
 struct Row {
     ModalGroup group;
     bool isActiveAtFirst;
+    ActionKind action;
     std::unique_ptr<Command> (*make)(ModalCommands&, MachineStatus*, Factory*);
 };
 
@@ -45,20 +48,20 @@ using All = ModalCommands;
 
 // In the order of their registration, which decides between words of equal length.
 constexpr Row kRows[] = {
-    {kMovement, true, make<&All::rapid>},
-    {kMovement, false, make<&All::linear>},
-    {kMovement, false, make<&All::clockwise>},
-    {kMovement, false, make<&All::counterClockwise>},
-    {kFeedRate, true, make<&All::feedPerMinute>},
-    {kFeedRate, false, make<&All::feedPerRevolution>},
-    {kMovementType, true, make<&All::absolute>},
-    {kMovementType, false, make<&All::incremental>},
-    {kSpindle, true, make<&All::spindleStop>},
-    {kSpindle, false, make<&All::spindleClockwise>},
-    {kSpindle, false, make<&All::spindleCounterClockwise>},
-    {kCoolant, false, make<&All::coolantOn>},
-    {kCoolant, true, make<&All::coolantOff>},
-    {kTool, true, make<&All::toolChange>},
+    {kMovement, true, ActionKind::kMovement, make<&All::rapid>},
+    {kMovement, false, ActionKind::kMovement, make<&All::linear>},
+    {kMovement, false, ActionKind::kMovement, make<&All::clockwise>},
+    {kMovement, false, ActionKind::kMovement, make<&All::counterClockwise>},
+    {kFeedRate, true, ActionKind::kFeed, make<&All::feedPerMinute>},
+    {kFeedRate, false, ActionKind::kFeed, make<&All::feedPerRevolution>},
+    {kMovementType, true, ActionKind::kDistanceMode, make<&All::absolute>},
+    {kMovementType, false, ActionKind::kDistanceMode, make<&All::incremental>},
+    {kSpindle, true, ActionKind::kSpindleOff, make<&All::spindleStop>},
+    {kSpindle, false, ActionKind::kSpindle, make<&All::spindleClockwise>},
+    {kSpindle, false, ActionKind::kSpindle, make<&All::spindleCounterClockwise>},
+    {kCoolant, false, ActionKind::kCoolant, make<&All::coolantOn>},
+    {kCoolant, true, ActionKind::kCoolantOff, make<&All::coolantOff>},
+    {kTool, true, ActionKind::kTool, make<&All::toolChange>},
 };
 
 } // namespace
@@ -86,6 +89,7 @@ int ModelBuilder::CreateModalCommands() {
         }
         Command* const command = made.get();
         command->MarkAsBuiltIn();
+        command->SetActionKind(row.action);
         m_ncscan.Availablecommands().NewCommand(made.release());
         CommandGroup* const group = Status().GetGroup(row.group);
         group->NewCommand(command);
@@ -108,29 +112,42 @@ int ModelBuilder::CreateModalCommands() {
 
 int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     auto command = std::make_unique<EndCommand>();
-    command->MarkAsBuiltIn();
     if (const int code = Configure(command.get(), value); code != 0) {
         return code;
     }
     if (isEnd) {
         Rules().programEnds.push_back(command.get());
     }
+    return registerCommand(std::move(command));
+}
+
+int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
+    if (command->GetSyntaxString() == nullptr) {
+        return kMemoryExhausted;
+    }
+    command->MarkAsBuiltIn();
     m_ncscan.Availablecommands().NewCommand(command.release());
     return 0;
 }
 
-void ModelBuilder::Finish() {
+int ModelBuilder::Finish() {
     DialectRules& rules = Rules();
     rules.text = m_settings.Resolve(Status());
     rules.printsTexts = m_settings.printsTexts.value_or(false);
-    if (!m_settings.isInUse) {
-        return;
+    if (m_settings.isInUse) {
+        finishWords();
     }
+    Control* const control = Status().GetControl();
+    return control == nullptr ? 0 : finishControl(*control);
+}
+
+void ModelBuilder::finishWords() {
     const WordRule rule = m_settings.language == ProgramLanguage::kRParameter
                               ? WordRule::kStrictNames
                               : WordRule::kStrict;
-    rules.passed.rule = rule;
-    rules.passed.BuildFilter();
+    PassedWords& passed = Rules().passed;
+    passed.rule = rule;
+    passed.BuildFilter();
     const AvailableCommands& commands = m_ncscan.Availablecommands();
     for (int i = 0; i < commands.GetCommandCount(); ++i) {
         commands.GetCommand(i)->SetWordRule(rule);
@@ -139,6 +156,69 @@ void ModelBuilder::Finish() {
     for (int i = 0; i < words.GetParameterCount(); ++i) {
         words.GetParameter(i)->SetWordRule(rule);
     }
+}
+
+int ModelBuilder::finishControl(Control& control) {
+    control.words.axes = m_commands.rapid->Axes();
+    control.words.centres = m_centreWords;
+    control.writer.reset(GetFactory()->GetControlCom());
+    control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
+    if (control.writer == nullptr || !control.path.HasWriters()) {
+        return kMemoryExhausted;
+    }
+    if (control.actions.IsInUse()) {
+        const AvailableCommands& commands = m_ncscan.Availablecommands();
+        for (int i = 0; i < commands.GetCommandCount(); ++i) {
+            commands.GetCommand(i)->SetActionQueue(&control.actions);
+        }
+    }
+    if (m_isLathe) {
+        control.plane = Plane::kZX;
+        gmVector3 z(0.0, 0.0, 1.0);
+        gmVector3 x(1.0, 0.0, 0.0);
+        m_commands.rapid->Mapping().Place(z);
+        m_commands.rapid->Mapping().Place(x);
+        control.path.SetArcNormal(cross(z, x));
+    } else {
+        control.path.SetArcNormal(MovementCommand::GetTLAXISdirection());
+    }
+    return control.computesArcs ? finishArcs(control) : 0;
+}
+
+int ModelBuilder::finishArcs(Control& control) {
+    if (m_splitsCircle) {
+        control.path.SplitArcs();
+    }
+    if (m_linearTolerance.empty()) {
+        return 0;
+    }
+    const std::optional<double> tolerance = readOneReal(m_linearTolerance);
+    if (!tolerance || !(*tolerance > 0.0)) {
+        KeepBadValue("LINEAR_TOLERANCE", m_linearTolerance.c_str());
+        return kKeyValueUnknown;
+    }
+    control.path.SetTolerance(*tolerance);
+    return 0;
+}
+
+int ModelBuilder::AddAddress(const KeyValue& value, WordList& list) {
+    if (const int code = AddWord(value.text); code != 0) {
+        return code;
+    }
+    list.Add(AddedWord());
+    return 0;
+}
+
+Control& ModelBuilder::GetControl() const { return Status().MakeControl(); }
+
+Control& ModelBuilder::GetStages() const {
+    Control& control = GetControl();
+    control.hasStages = true;
+    return control;
+}
+
+void ModelBuilder::KeepBadValue(const char* key, const char* value) {
+    m_ncscan.KeepFailureText(std::string(key).append(" has no value '").append(value).append("'"));
 }
 
 int ModelBuilder::AddWord(const char* address) {
@@ -158,3 +238,5 @@ DialectRules& ModelBuilder::Rules() const noexcept { return m_ncscan.Rules(); }
 Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
 
 int ModelBuilder::outOfMemory() noexcept { return kMemoryExhausted; }
+
+int ModelBuilder::keyValueUnknown() noexcept { return kKeyValueUnknown; }

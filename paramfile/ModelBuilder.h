@@ -1,13 +1,19 @@
 #pragma once
 
+#include "commands/ActionKind.h"
+#include "commands/Command.h"
+#include "commands/WordCode.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
 #include <array>
 #include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
 
 class CircularMovement;
-class Command;
+class Control;
 class Coolant;
 class Factory;
 class FeedRate;
@@ -19,6 +25,7 @@ class NCScan;
 class Parameter;
 class RegularCommand;
 class Spindle;
+class WordList;
 struct DialectRules;
 
 /// The modal commands of a dialect, owned by the command registry; null until they are made.
@@ -54,8 +61,9 @@ public:
     /// the NCScan has no output factory.
     int CreateModalCommands();
 
-    /// Called when all keys are read: settles what depends on more than one of them.
-    void Finish();
+    /// Called when all keys are read: settles what depends on more than one of them. Returns 0, 308
+    /// or 400.
+    [[nodiscard]] int Finish();
 
     /// Called before each key: what the one before configured is forgotten.
     void BeginKey() noexcept {
@@ -83,6 +91,32 @@ public:
     int AddEndCommand(const KeyValue& value, bool isEnd);
     /// Makes and registers the word, which AddedWord then gives.
     int AddWord(const char* address);
+    /// The same for an address, which becomes one more spelling in the list.
+    int AddAddress(const KeyValue& value, WordList& list);
+    /// Makes a command for the code, which may have a fraction ("G59.1") or be a name ("SUPA"), and
+    /// registers it. Returns 308 for a value that is no code.
+    template<class Kind, class... Arguments>
+    int AddCode(const KeyValue& value, ActionKind kind, Arguments&&... arguments) {
+        const WordCode code(value.text);
+        if (!code.HasLetters()) {
+            return keyValueUnknown();
+        }
+        auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+        command->InitCode(code);
+        command->SetActionKind(kind);
+        m_configured = command.get();
+        return registerCommand(std::move(command));
+    }
+    /// The control of the dialect, which the first key that asks for it makes.
+    [[nodiscard]] Control& GetControl() const;
+    /// The same for a key that gives movements stages to pass.
+    [[nodiscard]] Control& GetStages() const;
+    /// Kept until all keys are read.
+    void SetLinearTolerance(std::string text) { m_linearTolerance = std::move(text); }
+    void SetSplitCircle(bool splits) noexcept { m_splitsCircle = splits; }
+    /// Says why the value of a key is not understood.
+    void KeepBadValue(const char* key, const char* value);
+
     [[nodiscard]] const ModalCommands& Commands() const noexcept { return m_commands; }
     /// The circle centre words of the three axes; null where there is none yet.
     [[nodiscard]] std::array<Parameter*, 3>& CentreWords() noexcept { return m_centreWords; }
@@ -95,11 +129,18 @@ public:
 
 private:
     [[nodiscard]] static int outOfMemory() noexcept;
+    [[nodiscard]] static int keyValueUnknown() noexcept;
+    int registerCommand(std::unique_ptr<Command> command);
+    void finishWords();
+    int finishControl(Control& control);
+    int finishArcs(Control& control);
 
     NCScan& m_ncscan;
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
+    std::string m_linearTolerance; // empty: the default
+    bool m_splitsCircle = false;
     bool m_isLathe = false;
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;

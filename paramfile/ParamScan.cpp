@@ -141,14 +141,17 @@ int ParamScan::run() {
             continue;
         }
         string_mani(3, line.data());
-        for (const auto searchFor : {&ParamScan::CheckForLatheMachine, &ParamScan::SearchForCommand,
-                                     &ParamScan::SearchForParameter}) {
+        for (const auto searchFor :
+             {&ParamScan::CheckForLatheMachine, &ParamScan::SearchForCommand,
+              &ParamScan::SearchForParameter, &ParamScan::searchForControl}) {
             if (const int code = (this->*searchFor)(line.data()); code != 0) {
                 return code;
             }
         }
     }
-    m_builder.Finish();
+    if (const int code = m_builder.Finish(); code != 0) {
+        return code;
+    }
     m_ncscan.Availablecommands().SortCommands();
     return 0;
 }
@@ -177,11 +180,42 @@ int ParamScan::search(std::span<const Key> keys, const char* line) {
         if (!key.Matches(line, IsLathe())) {
             continue;
         }
+        if (key.kind == KeyKind::kPassing) {
+            return passBy(key);
+        }
         Line value;
         if (const int code = readLine(value); code != 0) {
             return code;
         }
         return Act(key, value.data());
+    }
+    return 0;
+}
+
+// Looks at the value line and leaves it where it is.
+int ParamScan::passBy(const Key& key) {
+    std::fpos_t place;
+    if (std::fgetpos(m_file.get(), &place) != 0) {
+        return kRewindFailed;
+    }
+    Line value;
+    const bool hasValue =
+        std::fgets(value.data(), static_cast<int>(value.size()), m_file.get()) != nullptr;
+    if (std::fsetpos(m_file.get(), &place) != 0) {
+        return kRewindFailed;
+    }
+    if (!hasValue) {
+        return 0;
+    }
+    string_mani(3, value.data());
+    return Act(key, value.data());
+}
+
+int ParamScan::searchForControl(const char* line) {
+    for (const auto keys : {pathKeys(), technologyKeys(), coordinateKeys(), cycleKeys()}) {
+        if (const int code = search(keys, line); code != 0) {
+            return code;
+        }
     }
     return 0;
 }
@@ -202,8 +236,7 @@ int ParamScan::Act(const Key& key, char* text) {
     m_builder.Settings().isInUse |= key.kind == KeyKind::kWhole;
     const int code = key.act(m_builder, value, key.argument);
     if (code == kKeyValueUnknown) {
-        m_ncscan.KeepFailureText(
-            std::string(key.text).append(" has no value '").append(text).append("'"));
+        m_builder.KeepBadValue(key.text, text);
     }
     return code == 0 && m_builder.AddedWord() != nullptr ? ScanForDecPlace(m_builder.AddedWord())
                                                          : code;

@@ -68,6 +68,8 @@ private:
 
     bool fetchLine(Line& line) noexcept;
     int readLine(Line& line) noexcept;
+    int searchForControl(const char* line);
+    int passBy(const Key& key);
     int search(std::span<const Key> keys, const char* line);
     int update(std::FILE* in, std::FILE* out);
 

@@ -357,6 +357,7 @@ std::span<const Key> commandKeys() noexcept { return kCommandKeys; }
 
 std::span<const Key> parameterKeys() noexcept { return kParameterKeys; }
 
-std::array<std::span<const Key>, 3> keyTables() noexcept {
-    return {classKeys(), commandKeys(), parameterKeys()};
+std::array<std::span<const Key>, 7> keyTables() noexcept {
+    return {classKeys(),      commandKeys(),    parameterKeys(), pathKeys(),
+            technologyKeys(), coordinateKeys(), cycleKeys()};
 }

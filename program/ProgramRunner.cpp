@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <ranges>
 
 namespace {
@@ -61,11 +62,26 @@ bool ProgramRunner::next() {
     return true;
 }
 
+// Idle steps are bounded block by block, but many blocks may have many each.
+long ProgramRunner::mostSteps(long mostBlocks) noexcept {
+    constexpr long kMost = std::numeric_limits<long>::max() - kMostIdleSteps;
+    return kMostIdleSteps + std::min(mostBlocks, kMost / kStepsPerBlock) * kStepsPerBlock;
+}
+
+bool ProgramRunner::countStep() {
+    if (++m_idleSteps > kMostIdleSteps) {
+        return fail(kProgramEndless,
+                    std::to_string(kMostIdleSteps) + " statements without a block");
+    }
+    const long most = mostSteps(m_limits.mostBlocks);
+    return ++m_steps <= most ||
+           fail(kProgramEndless, "more than " + std::to_string(most) + " statements");
+}
+
 bool ProgramRunner::stepToBlock() {
     while (!m_levels.empty()) {
-        if (++m_idleSteps > kMostIdleSteps) {
-            return fail(kProgramEndless,
-                        std::to_string(kMostIdleSteps) + " statements without a block");
+        if (!countStep()) {
+            return false;
         }
         if (top().line >= top().end) {
             endPass();

@@ -20,6 +20,7 @@ class ProgramRunner {
 public:
     static constexpr std::size_t kMostCalls = 100;    ///< that are open at a time
     static constexpr long kMostIdleSteps = 1'000'000; ///< statements without a block
+    static constexpr long kStepsPerBlock = 100; ///< of the whole run, beside the idle ones of one
 
     struct Limits {
         long mostBlocks = 10'000'000; ///< that the program may give
@@ -76,6 +77,8 @@ private:
     enum class Step { kGoOn, kBlock, kFailed };
 
     [[nodiscard]] bool stepToBlock();
+    [[nodiscard]] static long mostSteps(long mostBlocks) noexcept;
+    [[nodiscard]] bool countStep();
     [[nodiscard]] Step executeLine();
     [[nodiscard]] Step give(std::string_view words, bool isComputed);
     [[nodiscard]] bool mustGiveComments(const ProgramLine& line) noexcept;
@@ -148,7 +151,8 @@ private:
     std::optional<CallStatement> m_modalCall;
     bool m_mayCallModally = false; // the block given last stands under the modal call
     long m_blocks = 0;
-    long m_idleSteps = 0;
+    long m_steps = 0;
+    long m_idleSteps = 0; // of them, since the last block
 
     ProgramFile* m_file;
     long m_line = 0;

@@ -26,6 +26,11 @@ inline constexpr StatementRow kStatementRows[] = {
     {StatementKind::kMode, "modes", "modes"},
     {StatementKind::kProgramEnd, "program_ends", "program ends"},
     {StatementKind::kText, "texts", "texts"},
+    {StatementKind::kDelay, "delays", "delays"},
+    {StatementKind::kUnits, "units", "units"},
+    {StatementKind::kCompensation, "compensations", "compensations"},
+    {StatementKind::kStop, "stops", "stops"},
+    {StatementKind::kHome, "reference_points", "reference points"},
 };
 
 // A dropped arc writes no statement: it is an oddity.

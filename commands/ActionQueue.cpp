@@ -1,0 +1,47 @@
+#include "commands/ActionQueue.h"
+
+#include "commands/Command.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using enum ActionKind;
+using Kinds = std::array<ActionKind, kActionKindCount>;
+
+constexpr Kinds kOffFirstKinds = {
+    kFeed,         kSpeed,      kTool,  kSpindleOff, kSpindle,      kCoolantOff,
+    kCoolant,      kDwell,      kPlane, kUnits,      kCompensation, kZeroSystem,
+    kDistanceMode, kReturnMode, kShift, kMovement,   kEnd,
+};
+
+constexpr Kinds kOffLastKinds = {
+    kPlane,   kUnits,    kFeed,         kSpeed,      kTool,         kSpindle,
+    kCoolant, kDwell,    kCompensation, kZeroSystem, kDistanceMode, kReturnMode,
+    kShift,   kMovement, kSpindleOff,   kCoolantOff, kEnd,
+};
+
+} // namespace
+
+std::size_t ActionQueue::placeOf(const Command& command) const noexcept {
+    const Kinds& kinds = m_order == ExecutionOrder::kOffLast ? kOffLastKinds : kOffFirstKinds;
+    return static_cast<std::size_t>(std::ranges::find(kinds, command.GetActionKind()) -
+                                    kinds.begin());
+}
+
+void ActionQueue::Add(Command& command) {
+    const auto isLater = [this, place = placeOf(command)](const Command* other) {
+        return placeOf(*other) > place;
+    };
+    m_commands.insert(std::ranges::find_if(m_commands, isLater), &command);
+}
+
+int ActionQueue::Run() {
+    int code = 0;
+    for (std::size_t i = 0; code == 0 && i < m_commands.size(); ++i) {
+        code = m_commands[i]->Act();
+    }
+    m_commands.clear();
+    return code;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "commands/Parameter.h"
+
+#include <array>
+#include <optional>
+
+/// The coordinate words of one axis; a null parameter means that the dialect has no such word. Not
+/// owned.
+struct AxisWords {
+    Parameter* incremental = nullptr;
+    Parameter* absolute = nullptr;
+};
+
+/// What a block says of one axis, for a command to which the axis words of its block belong.
+struct AxisValue {
+    double value = 0.0;         ///< as programmed
+    bool isIncremental = false; ///< by its address or its mark, whatever the mode
+    bool isAbsolute = false;    ///< by its mark, whatever the mode
+};
+using AxisValues = std::array<std::optional<AxisValue>, 3>;

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "commands/ControlCommand.h"
+
+/// A code without words that changes the state of the control, and no more.
+class StateCommand final : public ControlCommand {
+public:
+    using Change = void (*)(Control& control);
+
+    StateCommand(Control& control, Change change) noexcept
+        : ControlCommand(control), m_change(change) {}
+    ~StateCommand() override;
+
+    int Act() override;
+
+private:
+    Change m_change;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+class MachineStatus;
+class Parameter;
+
+/// The address words of one meaning, each spelling a Parameter. Does not own them.
+class WordList {
+public:
+    /// Throws std::bad_alloc.
+    void Add(Parameter* word) { m_words.push_back(word); }
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_words.empty(); }
+
+    /// Takes the first of them that stands in the block out of it, with its value.
+    [[nodiscard]] std::optional<double> Take(char* line, MachineStatus& status) const;
+
+private:
+    std::vector<Parameter*> m_words;
+};

@@ -1,0 +1,3 @@
+#include "paramfile/keys.h"
+
+std::span<const Key> coordinateKeys() noexcept { return {}; }
