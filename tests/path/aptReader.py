@@ -105,6 +105,8 @@ class Reader:
 
     def read_axis(self, arguments):
         self.axis = self.numbers(arguments, 3)
+        if self.axis != (0.0, 0.0, 1.0):
+            raise BadApt(f"a tool axis that no mill has: {arguments}")
 
     def read_units(self, arguments):
         if self.moved or arguments.strip() not in ("MM", "INCHES"):
@@ -114,7 +116,7 @@ class Reader:
     def read_feed(self, arguments):
         value, mode = arguments.split(",")
         factor, per = FEEDS[mode]
-        self.feed = (float(value) * factor, per)
+        self.feed = (float(value) * factor, per, 0.6e-4 * factor)
 
     def read_delay(self, arguments):
         value, *turns = arguments.split(",")

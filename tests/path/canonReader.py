@@ -31,7 +31,8 @@ class Reader:
         self.place, self.unit, self.plane = (0.0, 0.0, 0.0), 1.0, "XY"
         self.zero, self.shift, self.angle = (0.0,) * 3, (0.0,) * 3, 0.0
         self.inexact = {"zero": 0.0, "shift": 0.0, "angle": 0.0}
-        self.feed, self.per, self.thread = 0.0, "minute", None
+        self.feed, self.per, self.thread = (0.0, 0.0), "minute", None
+        self.last_grain = 0.0
         self.direction, self.speed, self.surface, self.coolant = None, 0.0, False, ()
         self.found = []
 
@@ -75,11 +76,12 @@ class Reader:
     def step(self, kind, place, arc=None, grain=0.0):
         feed = None
         if kind in ("feed", "arc"):
-            feed = self.thread or (self.feed, self.per)
+            value, inexact = self.thread or self.feed
+            feed = (value, "turn" if self.thread else self.per, inexact)
         state = (self.turning(), self.coolant, grain, self.block)
         self.found.append(steps.Step(kind, place, self.place, arc, feed, *state))
         if kind in steps.MOVEMENTS:
-            self.place = place
+            self.place, self.last_grain = place, grain
 
     def turning(self):
         if self.direction in (None, steps.UNKNOWN):
@@ -101,11 +103,12 @@ class Reader:
         normal[c] = math.copysign(1.0, turns)
         normal = self.turned(normal)
         grain = self.grain(end)
+        coarse = max(grain, self.last_grain)
         place = self.machine(end)
         arc = steps.arc_to(
-            self.place, place, self.machine(centre), normal, abs(int(turns)), 3 * grain
+            self.place, place, self.machine(centre), normal, abs(int(turns)), 3 * coarse
         )
-        self.step("arc", place, arc, grain)
+        self.step("arc", place, arc, coarse)
 
     # State
 
@@ -130,14 +133,17 @@ class Reader:
         self.inexact["angle"] = 0.0 if degrees == round(degrees, 3) else math.radians(HALF_DIGIT)
         self.angle = math.radians(degrees)
 
+    def inexactly(self, value):
+        return value * self.unit, HALF_DIGIT * self.unit
+
     def read_feed(self, text):
-        self.feed = float(text) * self.unit
+        self.feed = self.inexactly(float(text))
 
     def read_feed_mode(self, text):
         self.per = "turn" if self.numbers(text)[1] else "minute"
 
     def read_thread(self, text):
-        self.thread = (self.numbers(text)[0] * self.unit, "turn")
+        self.thread = self.inexactly(self.numbers(text)[0])
 
     def end_thread(self, _):
         self.thread = None

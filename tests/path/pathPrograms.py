@@ -12,6 +12,8 @@ PLANES = {"G17": "XYZ", "G18": "ZXY", "G19": "YZX"}  # first, second and third a
 CENTRES = {"X": "I", "Y": "J", "Z": "K"}
 ZEROS = ["G54", "G55", "G56", "G57", "G58", "G59", "G59.1", "G59.2", "G59.3"]
 CYCLES = ["G81", "G82", "G83", "G73", "G84", "G74", "G85", "G86", "G89"]
+# What programs may be about, beside straight movements and what stands between movements.
+SUBJECTS = ("arcs", "planes", "units", "zeros", "machine", "cycles", "pauses", "compensation", "threads")
 COMPENSATION = ("G41", "G42", "G40")
 
 
@@ -30,8 +32,8 @@ class Writer:
     """Draws one program. It follows the state as far as it needs to write blocks that are valid
     most of the time; what they mean it leaves to others."""
 
-    def __init__(self, seed):
-        self.rng = random.Random(seed)
+    def __init__(self, seed, subjects):
+        self.rng, self.subjects = random.Random(seed), subjects
         self.blocks = []
         self.inch, self.plane, self.absolute, self.absolute_centre = False, "G17", True, False
         self.mode, self.cycle, self.fed, self.turning = None, None, False, None
@@ -91,7 +93,11 @@ class Writer:
 
     def start(self):
         rng = self.rng
-        words = ["G21" if rng.random() < 0.6 else "G20", rng.choice(list(PLANES)), "G90"]
+        words = [
+            "G20" if "units" in self.subjects and self.chance(0.4) else "G21",
+            rng.choice(list(PLANES)) if "planes" in self.subjects else "G17",
+            "G90",
+        ]
         self.inch, self.plane, self.per_minute = words[0] == "G20", words[1], True
         if self.chance(0.8):
             words.append("G94")
@@ -109,12 +115,20 @@ class Writer:
                 [8, 3, 4, 2, 1],
             )[0]()
             return
-        choices = {
-            self.straight: 14, self.arc: 22, self.change_plane: 4, self.distance: 4,
-            self.centre_mode: 2, self.units: 2, self.feed_mode: 2, self.zero: 3, self.table: 4,
-            self.shift: 4, self.reference: 3, self.machine: 2, self.beside: 4, self.cycle_start: 7,
-            self.tool: 1, self.compensation: 1, self.thread: 1,
-        }  # fmt: skip
+        weights = {
+            "": {self.straight: 14, self.distance: 4, self.feed_mode: 2, self.beside: 4, self.tool: 1},
+            "arcs": {self.arc: 22, self.centre_mode: 2},
+            "planes": {self.change_plane: 4},
+            "units": {self.units: 2},
+            "zeros": {self.zero: 3, self.table: 4, self.shift: 4},
+            "machine": {self.reference: 3, self.machine: 2},
+            "cycles": {self.cycle_start: 7},
+            "compensation": {self.compensation: 1},
+            "threads": {self.thread: 1},
+        }
+        choices = {}
+        for subject in ("", *self.subjects):
+            choices.update(weights[subject])
         self.rng.choices(list(choices), list(choices.values()))[0]()
 
     def target(self, axis, low=-60, high=60):
@@ -147,17 +161,20 @@ class Writer:
         axes = self.rng.sample("XYZ", self.rng.choice([1, 1, 2, 3]))
         words += [self.word(axis, self.target(axis)) for axis in axes]
         if self.chance(0.08):
-            words.append(self.rng.choice(["M8", "M9", "M0", "M1", "M7"]))
+            words.append(self.rng.choice(["M8", "M9", *self.pauses()]))
         self.mode = mode
         self.put(words)
+
+    def pauses(self):
+        return ["M0", "M1", "M7", "M60"] if "pauses" in self.subjects else []
 
     def beside(self):
         """What does not move."""
         pick = self.rng.randrange(4)
-        if pick == 0:
+        if pick == 0 and "pauses" in self.subjects:
             self.put(["G4", self.word("P", self.rng.choice([0.5, 1, 2.25, 0]))])
         elif pick == 1:
-            self.put([self.rng.choice(["M7", "M8", "M9", "M0", "M1", "M60"])])
+            self.put([self.rng.choice(["M8", "M9", *self.pauses()])])
         elif pick == 2 and self.cycle not in ("G84", "G74", "G86"):
             self.spindle()
         else:
@@ -443,53 +460,70 @@ class Writer:
         one, other, foreign = CENTRES[first], CENTRES[second], CENTRES[third]
         feed = self.feed()
         self.mode = "G2"
-        choices = [
-            ["G91", "G2", f"{first}30", "R4", *feed],
-            ["G91", "G3", f"{first}3", "R20", f"{one}4", *feed],
-            ["G91", "G2", f"{first}3", f"{second}1", *feed],
-            ["G91", "G91.1", "G2", f"{first}3", f"{one}1.5", f"{foreign}2", *feed],
-            ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P0", *feed],
-            ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P1.5", *feed],
-            ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P-1", *feed],
-            ["G91", "G2", f"{first}3", "R0", *feed],
-            ["G91", "G91.1", "G3", f"{first}3", f"{one}2", *feed],
-            ["G91", "G91.1", "G3", f"{first}9", f"{one}{self.rng.choice(['4.4', '4.49', '4.499'])}"],
-            ["G91", "G3", f"{first}0", f"{second}0", "R8", *feed],
-            ["G90.1", "G2", f"{one}3", *feed],
-            ["G2", "R5", *feed],
-            ["G91", "G53", "G0", "X1"],
-            ["G90", "G53", "X1"] if self.chance(0.5) else ["G80", "G53"],
-            ["G94", "G1", "X1"],
-            ["G95", "G3", f"{one}3"],
-            ["G90", "G81", f"{first}1", f"{second}1", f"{third}-3", *feed],
-            ["G90", "G81", f"{first}1", "R2", *feed],
-            ["G90", "G82", f"{first}1", "R2", f"{third}-3", *feed],
-            ["G90", "G83", f"{first}1", "R2", f"{third}-3", *feed],
-            ["G90", "G73", f"{first}1", "R2", f"{third}-3", "Q-1", *feed],
-            ["G90", "G83", f"{first}1", "R2", f"{third}-3", "Q0", *feed],
-            ["G90", "G81", f"{first}1", "R2", f"{third}3", *feed],
-            ["G90", "G81", f"{first}1", "R2", f"{third}-3", "L0", *feed],
-            ["M5", "G84", f"{first}1", "R2", f"{third}-3", *feed],
-            ["M4", "G84", f"{first}1", "R2", f"{third}-3", *feed],
-            ["M3", "G74", f"{first}1", "R2", f"{third}-3", *feed],
-            ["G4"],
-            ["G4", "P-1"],
-            ["G4", "P1", "G2", f"{one}3", *feed],
-            ["G10", "L2", "X1"],
-            ["G10", "P1", "X1"],
-            ["G10", "L2", "P10", "X1"],
-            ["G10", "L2", "P1.5", "X1"],
-            ["G92"],
-            ["G52"],
-            ["G80", "X1"],
-            ["G80", "G92", "X1", "G0"],
-            ["G17", "G18"],
-            ["G54", "G55"],
-            ["G0", "G1", "X1", *feed],
-            ["G28", "G0", "X1"],
-            ["G33", "Z3"],
-            ["G33", "K3"],
-        ]
+        wrong = {
+            "arcs": [
+                ["G91", "G2", f"{first}30", "R4", *feed],
+                ["G91", "G3", f"{first}3", "R20", f"{one}4", *feed],
+                ["G91", "G2", f"{first}3", f"{second}1", *feed],
+                ["G91", "G91.1", "G2", f"{first}3", f"{one}1.5", f"{foreign}2", *feed],
+                ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P0", *feed],
+                ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P1.5", *feed],
+                ["G91", "G91.1", "G3", f"{first}3", f"{one}1.5", "P-1", *feed],
+                ["G91", "G2", f"{first}3", "R0", *feed],
+                ["G91", "G91.1", "G3", f"{first}3", f"{one}2", *feed],
+                ["G91", "G91.1", "G3", f"{first}9", f"{one}{self.rng.choice(['4.4', '4.49', '4.499'])}"],
+                ["G91", "G3", f"{first}0", f"{second}0", "R8", *feed],
+                ["G90.1", "G2", f"{one}3", *feed],
+                ["G2", "R5", *feed],
+                ["G95", "G3", f"{one}3"],
+                ["G4", "P1", "G2", f"{one}3", *feed],
+            ],
+            "machine": [
+                ["G91", "G53", "G0", "X1"],
+                ["G90", "G53", "X1"] if self.chance(0.5) else ["G80", "G53"],
+                ["G28", "G0", "X1"],
+            ],
+            "pauses": [
+                ["G4"],
+                ["G4", "P-1"],
+            ],
+            "": [
+                ["G94", "G1", "X1"],
+                ["G80", "X1"],
+                ["G0", "G1", "X1", *feed],
+            ],
+            "cycles": [
+                ["G90", "G81", f"{first}1", f"{second}1", f"{third}-3", *feed],
+                ["G90", "G81", f"{first}1", "R2", *feed],
+                ["G90", "G82", f"{first}1", "R2", f"{third}-3", *feed],
+                ["G90", "G83", f"{first}1", "R2", f"{third}-3", *feed],
+                ["G90", "G73", f"{first}1", "R2", f"{third}-3", "Q-1", *feed],
+                ["G90", "G83", f"{first}1", "R2", f"{third}-3", "Q0", *feed],
+                ["G90", "G81", f"{first}1", "R2", f"{third}3", *feed],
+                ["G90", "G81", f"{first}1", "R2", f"{third}-3", "L0", *feed],
+                ["M5", "G84", f"{first}1", "R2", f"{third}-3", *feed],
+                ["M4", "G84", f"{first}1", "R2", f"{third}-3", *feed],
+                ["M3", "G74", f"{first}1", "R2", f"{third}-3", *feed],
+            ],
+            "zeros": [
+                ["G10", "L2", "X1"],
+                ["G10", "P1", "X1"],
+                ["G10", "L2", "P10", "X1"],
+                ["G10", "L2", "P1.5", "X1"],
+                ["G92"],
+                ["G52"],
+                ["G80", "G92", "X1", "G0"],
+                ["G54", "G55"],
+            ],
+            "planes": [
+                ["G17", "G18"],
+            ],
+            "threads": [
+                ["G33", "Z3"],
+                ["G33", "K3"],
+            ],
+        }
+        choices = [row for subject in ("", *self.subjects) for row in wrong.get(subject, ())]
         self.put(list(self.rng.choice(choices)))
         if "G91" in self.blocks[-1]:
             self.absolute = False
@@ -499,5 +533,5 @@ class Writer:
         self.put(["G80"])
 
 
-def program(seed):
-    return Writer(seed).program()
+def program(seed, subjects=SUBJECTS):
+    return Writer(seed, subjects).program()

@@ -48,7 +48,7 @@ class Writer:
 
     def conditions(self, step):
         if step.feed:
-            value, per = step.feed
+            value, per, _ = step.feed
             unit = {"minute": "MMPM", "turn": "MMPR"} if self.unit == 1 else {"minute": "IPM", "turn": "IPR"}
             self.put("FEDRAT", f"{value / self.unit:.6f},{unit[per]}")
         if step.spindle != steps.UNKNOWN:

@@ -2,6 +2,7 @@
 rs274, and what rs274 refuses must end in the same block with a code for blocks that are refused.
 
     randomPaths.py QUILLMARK DIALECT COUNT [--seed N] [--keep FOLDER] [--shown N]
+        [--only SUBJECT...]
 
 Before the programs, faults planted into APT sources have to be found. A program that differs is
 printed without the blocks and words that do not matter. Exits with 1 at differences."""
@@ -135,12 +136,12 @@ def smaller(options, blocks, kind):
 
 def one(task):
     options, seed = task
-    return seed, trial(options, pathPrograms.program(seed))
+    return seed, trial(options, pathPrograms.program(seed, options.only))
 
 
 def shrunk(task):
     options, seed, kind = task
-    return seed, smaller(options, pathPrograms.program(seed), kind)
+    return seed, smaller(options, pathPrograms.program(seed, options.only), kind)
 
 
 def planted():
@@ -177,6 +178,7 @@ def parsed():
     arguments.add_argument("count", type=int)
     arguments.add_argument("--seed", type=int, default=1)
     arguments.add_argument("--keep", metavar="FOLDER", help="of programs that differ")
+    arguments.add_argument("--only", metavar="SUBJECT", nargs="+", default=pathPrograms.SUBJECTS)
     arguments.add_argument("--shown", type=int, default=8, help="programs to print")
     return arguments.parse_args()
 
@@ -214,7 +216,7 @@ def main():
             show(options, pool, faults)
     for seed, _ in faults if options.keep else ():
         os.makedirs(options.keep, exist_ok=True)
-        put(options.keep, f"{seed}.ngc", pathPrograms.printed(pathPrograms.program(seed)))
+        put(options.keep, f"{seed}.ngc", pathPrograms.printed(pathPrograms.program(seed, options.only)))
     sys.exit(1 if faults else 0)
 
 

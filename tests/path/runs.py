@@ -5,23 +5,20 @@ import re
 import subprocess
 import tempfile
 
-TRIES = 5  # now and then a signal ends one of two runs of rs274 at once
-
 
 def judge(program, seconds=20, options=()):
     """What rs274 makes of a file: its exit status (None when it does not end), output and errors.
-    It runs in a folder of its own, since it keeps variables there, and finds the subprograms that
-    stand beside the file through links."""
+    It runs in a folder of its own, since it keeps variables there, and its table of tools in the
+    home folder, which two runs at once must not share. The subprograms that stand beside the file
+    it finds through links."""
     folder = os.path.dirname(os.path.abspath(program))
     with tempfile.TemporaryDirectory() as work:
         for name in os.listdir(folder):
             os.symlink(os.path.join(folder, name), os.path.join(work, name))
         command = ["rs274", "-g", *options, os.path.basename(program)]
+        home = {**os.environ, "HOME": work}
         try:
-            for _ in range(TRIES):
-                run = subprocess.run(command, cwd=work, capture_output=True, timeout=seconds)
-                if run.returncode >= 0:
-                    break
+            run = subprocess.run(command, cwd=work, env=home, capture_output=True, timeout=seconds)
         except subprocess.TimeoutExpired as slow:
             return None, (slow.stdout or b"").decode("latin-1"), ""
     return run.returncode, run.stdout.decode("latin-1"), run.stderr.decode("latin-1")

@@ -8,7 +8,7 @@ import collections
 import math
 
 # place: end of a movement; of a dwell, a tool its number. start: of a movement.
-# arc: of arcs. feed: (value, "minute" or "turn") of a movement at feed. spindle: (direction, speed,
+# arc: of arcs. feed: (value, "minute" or "turn", inexactness) of a movement at feed. spindle: (direction, speed,
 # unit), None or UNKNOWN; coolant: sorted names. grain: how inexact the place is known.
 # block: where the step comes from, for people.
 Step = collections.namedtuple(
@@ -165,10 +165,9 @@ def close(a, b, tolerance):
 def same_feed(wanted, made):
     if wanted.feed is None or made.feed is None:
         return wanted.feed == made.feed
-    # Either prints four decimals or more, in millimetres or in inches.
-    return wanted.feed[1] == made.feed[1] and close(
-        wanted.feed[0], made.feed[0], min(1.2 * wanted.grain + 1.1e-4, 0.05 * wanted.feed[0])
-    )
+    # Of a coarse value more than the digits count, so that another unit is found.
+    inexact = min(wanted.feed[2] + made.feed[2], 0.05 * wanted.feed[0])
+    return wanted.feed[1] == made.feed[1] and close(wanted.feed[0], made.feed[0], inexact)
 
 
 def same_state(wanted, made):
