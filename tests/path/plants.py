@@ -118,7 +118,7 @@ def missed(canon):
         whole = "\n".join(lines) + "\n"
         part = steps.difference(wanted, aptReader.read(whole))
         if part:
-            found.append(f"a difference without a fault: {part[0]} of {steps.text(part[1])}")
+            found.append(f"a difference without a fault: {steps.told(part)}")
         count = 0
         for source, name in faults(lines):
             if source in (whole, "UNITS/INCHES\n" + whole) and unit != 1:

@@ -43,13 +43,6 @@ def put(folder, name, text):
     return path
 
 
-def with_machine(dialect, folder):
-    """The dialect with the keys of the tests; the path of the copy."""
-    with open(dialect, encoding="latin-1") as file:
-        text = file.read()
-    return put(folder, "dialect.pp", text.rstrip("\n") + "\n" + "\n".join(MACHINE) + "\n")
-
-
 def refused(errors):
     """The block that rs274 refuses, by its number, and why."""
     *_, reason, block = errors.strip().splitlines()
@@ -64,9 +57,7 @@ def path_fault(wanted, apt, ends):
     part = steps.difference(wanted, made, ends)
     if not part:
         return NONE
-    reason, step, found = part
-    shown = "; ".join(map(steps.text, found[:2])) or "nothing"
-    return Fault(f"path: {reason}", f"{reason}: rs274 {steps.text(step)}\n      quillmark {shown}")
+    return Fault(f"path: {part.reason}", steps.told(part))
 
 
 def compared(judged, converted):
@@ -201,7 +192,7 @@ def main():
     if wrong:
         sys.exit("not found, or found without a reason:\n  " + "\n  ".join(wrong[:20]))
     with tempfile.TemporaryDirectory() as folder:
-        options.machine = with_machine(options.dialect, folder)
+        options.machine = runs.with_keys(options.dialect, MACHINE, folder)
         seeds = [zlib.crc32(f"{options.seed} {k}".encode()) for k in range(options.count)]
         faults, kinds = [], collections.Counter()
         with multiprocessing.Pool() as pool:

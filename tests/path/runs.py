@@ -43,6 +43,16 @@ def convert(quillmark, dialect, program, seconds=60):
     return run.returncode, text, told
 
 
+def with_keys(dialect, lines, folder):
+    """A copy of a dialect with further lines; its path."""
+    with open(dialect, encoding="latin-1") as file:
+        text = file.read()
+    path = os.path.join(folder, "dialect.pp")
+    with open(path, "w", encoding="latin-1") as file:
+        file.write(text.rstrip("\n") + "\n" + "\n".join(lines) + "\n")
+    return path
+
+
 def failure(told):
     """Return code, number of the block and reason, from what quillmark tells; None without one."""
     code = re.search(r"error (\d+): (.*)", told)

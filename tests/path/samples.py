@@ -1,19 +1,29 @@
 """Lists what becomes of the sample programs that linuxcnc-uspace installs, those that rs274 runs
-alone and that move: the same movements, others, or a return code of quillmark.
+alone and that move: the same path, another one, or a return code of quillmark. Of a program with
+radius compensation the path is the programmed contour: rs274 gets it without the codes for it.
 
     samples.py QUILLMARK DIALECT
 
-Exits with 1 when movements differ."""
+Exits with 1 when a path differs."""
 
 import collections
 import multiprocessing
+import os
 import re
+import shutil
 import subprocess
 import sys
+import tempfile
 
-import motions
+import aptReader
+import canonReader
+import runs
+import steps
 
-PRINTED = 6e-5  # half a unit of the last digit of rs274, and of that of an APT source
+# The machine's zero is the start's, as rs274 has it without a file of variables.
+MACHINE = ("REV_MACHINE_ZERO", "0;0;0")
+COMPENSATION = re.compile(r"(?<![A-Z#<\[])G4[012](\.1)?(?![\d.])( *D *[-\d.#<>\w\[\]]+)?", re.I)
+NOT_TRIED = ("not run by rs274 alone", "without movement")
 
 
 def samples():
@@ -21,44 +31,81 @@ def samples():
     return sorted(name for name in installed.stdout.splitlines() if re.search(r"\.(ngc|nc)$", name))
 
 
-def going_on(movements):
-    """Without the straight ones of no length, which a code without words makes in rs274."""
-    place, kept = (0.0, 0.0, 0.0), []
-    for movement in movements:
-        if len(movement) > 2 or movement[1] != place:
-            kept.append(movement)
-        place = movement[1]
-    return kept
+def without_compensation(name, folder):
+    """A copy of a program and of what stands beside it; None when there is none to leave out."""
+    with open(name, encoding="latin-1") as file:
+        text = file.read()
+    contour = COMPENSATION.sub("", text)
+    if contour == text:
+        return None
+    for other in os.listdir(os.path.dirname(name)):
+        path = os.path.join(os.path.dirname(name), other)
+        if path != name and os.path.isfile(path):
+            shutil.copy(path, folder)
+    copy = os.path.join(folder, os.path.basename(name))
+    with open(copy, "w", encoding="latin-1") as file:
+        file.write(contour)
+    return copy
+
+
+def judged(name):
+    """What rs274 makes of the programmed contour: the steps, or why there are none."""
+    status, text, told = runs.judge(name)
+    if status != 0:
+        return None, "not run by rs274 alone"
+    with tempfile.TemporaryDirectory() as folder:
+        contour = without_compensation(name, folder)
+        if contour:
+            status, text, told = runs.judge(contour)
+    if status != 0:
+        return None, f"contour not run: {told[-200:]}"
+    try:
+        made = canonReader.read(text)
+    except canonReader.BadCanon as bad:
+        return [], str(bad)
+    if not any(step.kind in steps.MOVEMENTS for step in made):
+        return None, "without movement"
+    return made, ""
+
+
+def stateless(found):
+    """Without what the shares of a program say about the spindle, of which M6 tells nothing."""
+    return [step._replace(spindle=steps.UNKNOWN, coolant=()) for step in found]
 
 
 def outcome(task):
     quillmark, dialect, name = task
-    status, text, _ = motions.judge(name)
-    wanted = going_on(motions.of_canon(text))
-    if status != 0 or not wanted:
-        return name, "not run by rs274 alone" if status != 0 else "without movement", ""
-    _, apt, told = motions.convert(quillmark, dialect, name)
-    failure = re.search(r"error (\d+): (.*)", told)
+    wanted, reason = judged(name)
+    if wanted is None:
+        return name, reason, ""
+    _, apt, told = runs.convert(quillmark, dialect, name)
+    failure = runs.failure(told)
     if failure:
-        block = re.search(r"stopped at block (.*)", told)
-        return name, f"refused with {failure[1]}", block[1] if block else failure[2]
-    made = going_on(motions.of_apt(apt))
-    part = motions.first_difference(wanted, made, PRINTED)
+        return name, f"refused with {failure[0]}", failure[2]
+    if reason:
+        return name, "DIFFERENT", f"converted, though no path has {reason}"
+    try:
+        made = aptReader.read(apt)
+    except (aptReader.BadApt, ValueError, KeyError) as bad:
+        return name, "DIFFERENT", f"{type(bad).__name__}: {bad}"
+    part = steps.difference(stateless(wanted), stateless(made))
     if part:
-        return name, "differs", f"movement %d of {len(wanted)} is to be %s and is %s" % part
-    return name, "same", f"{len(wanted)} movements"
+        return name, "DIFFERENT", steps.told(part)
+    return name, "same path", f"{len(wanted)} steps"
 
 
 def main():
-    tasks = [(*sys.argv[1:], name) for name in samples()]
+    quillmark, dialect = sys.argv[1:]
     counts = collections.Counter()
-    with multiprocessing.Pool() as pool:
+    with tempfile.TemporaryDirectory() as folder, multiprocessing.Pool() as pool:
+        dialect = runs.with_keys(dialect, MACHINE, folder)
+        tasks = [(quillmark, dialect, name) for name in samples()]
         for name, kind, text in pool.imap(outcome, tasks):
             counts[kind] += 1
-            if kind not in ("not run by rs274 alone", "without movement"):
+            if kind not in NOT_TRIED:
                 print(f"{kind:18} {name}: {text}")
     print(*(f"{count:5} {kind}" for kind, count in sorted(counts.items())), sep="\n")
-    sys.exit(1 if counts["differs"] else 0)
+    sys.exit(1 if counts["DIFFERENT"] else 0)
 
 
 if __name__ == "__main__":

@@ -8,7 +8,8 @@ import collections
 import math
 
 # place: end of a movement; of a dwell, a tool its number. start: of a movement.
-# arc: of arcs. feed: (value, "minute" or "turn", inexactness) of a movement at feed. spindle: (direction, speed,
+# arc: of arcs. feed: (value, "minute" or "turn", inexactness) of a movement at feed, None
+# where nobody asks. spindle: (direction, speed,
 # unit), None or UNKNOWN; coolant: sorted names. grain: how inexact the place is known.
 # block: where the step comes from, for people.
 Step = collections.namedtuple(
@@ -17,6 +18,9 @@ Step = collections.namedtuple(
 # normal: unit vector as seen from whose tip the arc turns counter-clockwise. sweep: radians, above 0,
 # of all turns. The centre is the one in the plane of the start.
 Arc = collections.namedtuple("Arc", "centre normal sweep")
+
+# Where two lists part: what differs, the number of the made step, the wanted one and the made ones.
+Difference = collections.namedtuple("Difference", "reason at wanted made")
 
 UNKNOWN = "unknown"
 MOVEMENTS = ("rapid", "feed", "arc")
@@ -159,12 +163,18 @@ def written(step, axis=(0.0, 0.0, 1.0), chords=TOLERANCE):
 
 
 def close(a, b, tolerance):
-    return abs(a - b) <= tolerance + 1e-9 * abs(a)
+    return abs(a - b) <= tolerance + 1e-11 * abs(a)
+
+
+def near(a, b, tolerance):
+    return all(close(x, y, tolerance) for x, y in zip(a, b))
 
 
 def same_feed(wanted, made):
-    if wanted.feed is None or made.feed is None:
-        return wanted.feed == made.feed
+    if wanted.feed is None:
+        return True
+    if made.feed is None:
+        return False
     # Of a coarse value more than the digits count, so that another unit is found.
     inexact = min(wanted.feed[2] + made.feed[2], 0.05 * wanted.feed[0])
     return wanted.feed[1] == made.feed[1] and close(wanted.feed[0], made.feed[0], inexact)
@@ -188,14 +198,13 @@ def same(wanted, made):
     tolerance = wanted.grain + made.grain
     if wanted.arc:
         first, last = radii(wanted)
-        tolerance = 4 * tolerance + abs(first - last)
-        if away(wanted.arc.centre, made.arc.centre) > tolerance:
+        if not near(wanted.arc.centre, made.arc.centre, tolerance):
             return "centre"
         if away(wanted.arc.normal, made.arc.normal) > 1e-3:
             return "direction"
-        if abs(wanted.arc.sweep - made.arc.sweep) * first > 3 * tolerance:
+        if abs(wanted.arc.sweep - made.arc.sweep) * first > 3 * tolerance + abs(first - last):
             return "sweep"
-    if any(not close(a, b, tolerance) for a, b in zip(wanted.place, made.place)):
+    if not near(wanted.place, made.place, tolerance):
         return "end"
     if wanted.kind != "rapid" and not same_feed(wanted, made):
         return "feed"
@@ -216,25 +225,27 @@ def moving(steps, least):
     ]
 
 
-def difference(wanted, made, ends=True):
-    """The first difference of two lists: what differs, the wanted step and the made ones; None
-    without one. With `ends` False the longer list may go on."""
-    least = 2 * max([step.grain for step in wanted + made], default=0.0)
+def difference(wanted, made, ends=True, ways=written, least=None):
+    """The first Difference of two lists, None without one. With `ends` False either may go on.
+    `ways` tells how a step may be written; straight movements shorter than `least`, by default what
+    the grain cannot tell from none, count as none."""
+    if least is None:
+        least = 2 * max([step.grain for step in wanted + made], default=0.0)
     wanted, made = moving(wanted, least), moving(made, least)
     at = 0
     for step in wanted:
         if at >= len(made):
-            return ("missing", step, []) if ends else None
+            return Difference("missing", at, step, []) if ends else None
         reasons = []
-        for way in written(step):
+        for way in ways(step):
             reason = fits(way, made[at : at + len(way)], ends)
             if not reason:
                 break
             reasons.append(reason)
         else:
-            return reasons[0], step, made[at : at + len(way)]
+            return Difference(reasons[0], at, step, made[at : at + len(way)])
         at += len(way)
-    return ("too much", None, made[at : at + 3]) if ends and at < len(made) else None
+    return Difference("too much", at, None, made[at : at + 3]) if ends and at < len(made) else None
 
 
 def fits(way, made, ends):
@@ -267,3 +278,8 @@ def text(step):
     if step.spindle not in (None, UNKNOWN):
         told += f", {' '.join(map(str, step.spindle))}"
     return told + (f" [{step.block}]" if step.block else "")
+
+
+def told(part):
+    made = "; ".join(map(text, part.made[:2])) or "nothing"
+    return f"{part.reason} of movement {part.at}: is to be {text(part.wanted)} and is {made}"
