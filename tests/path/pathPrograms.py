@@ -128,7 +128,7 @@ class Writer:
         }
         choices = {}
         for subject in ("", *self.subjects):
-            choices.update(weights[subject])
+            choices.update(weights.get(subject, {}))
         self.rng.choices(list(choices), list(choices.values()))[0]()
 
     def target(self, axis, low=-60, high=60):

@@ -213,7 +213,7 @@ def same(wanted, made):
 
 def loosened(way):
     """Points between the ends of an arc follow from inexact ones."""
-    return [step._replace(grain=4 * step.grain + 1e-4) for step in way[:-1]] + way[-1:]
+    return [step._replace(grain=8 * step.grain + 1e-4) for step in way[:-1]] + way[-1:]
 
 
 def moving(steps, least):
