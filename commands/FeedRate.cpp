@@ -17,11 +17,11 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
     m_perMinute = perMinute;
 }
 
-// On some controls a feed belongs to its mode.
+// On some controls a feed belongs to its mode, and the code takes it away even where it says nothing
+// new.
 void FeedRate::InitStatus(char* line) {
     const Control* const control = status().GetControl();
-    if (control != nullptr && control->forgetsFeed &&
-        status().GetFeedRateCom()->GetActiveCommand() != this) {
+    if (control != nullptr && control->forgetsFeed) {
         status().InitFeedRateSpeed(0.0);
     }
     TechnologyCommand::InitStatus(line);

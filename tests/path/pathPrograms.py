@@ -476,7 +476,6 @@ class Writer:
                 ["G90.1", "G2", f"{one}3", *feed],
                 ["G2", "R5", *feed],
                 ["G95", "G3", f"{one}3"],
-                ["G4", "P1", "G2", f"{one}3", *feed],
             ],
             "machine": [
                 ["G91", "G53", "G0", "X1"],
@@ -486,6 +485,7 @@ class Writer:
             "pauses": [
                 ["G4"],
                 ["G4", "P-1"],
+                ["G4", "P1", "G2", f"{one}3", *feed],
             ],
             "": [
                 ["G94", "G1", "X1"],
