@@ -17,8 +17,7 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
     m_perMinute = perMinute;
 }
 
-// On some controls a feed belongs to its mode, and the code takes it away even where it says nothing
-// new.
+// On some controls the feed ends with its mode, even where the same one begins.
 void FeedRate::InitStatus(char* line) {
     const Control* const control = status().GetControl();
     if (control != nullptr && control->forgetsFeed) {
@@ -27,9 +26,14 @@ void FeedRate::InitStatus(char* line) {
     TechnologyCommand::InitStatus(line);
 }
 
-void FeedRate::keepValue(double value) noexcept { status().InitFeedRateSpeed(value); }
+// The unit in which it counts may change before the command acts.
+void FeedRate::keepValue(double value) noexcept { m_newFeed = value; }
 
 int FeedRate::Act() {
+    if (m_newFeed) {
+        status().InitFeedRateSpeed(*m_newFeed);
+        m_newFeed.reset();
+    }
     const double feed = status().GetFeedRateSpeed();
     const Control* const control = status().GetControl();
     if (control != nullptr && control->units.IsOutputInch()) {

@@ -35,7 +35,7 @@ int plane(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
 
 template<bool IsAbsolute>
 int centreMode(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddCode<StateCommand>(value, ActionKind::kDistanceMode, builder.GetStages(),
+    return builder.AddCode<StateCommand>(value, ActionKind::kCentreMode, builder.GetStages(),
                                          [](Control& c) { c.centresAreAbsolute = IsAbsolute; });
 }
 
