@@ -14,18 +14,18 @@ class Control;
 
 /// How a control reads and runs its cycles, as the parameter file says.
 struct CycleRules {
-    double lift = 0.254;         ///< mm, between pecks
-    bool feedsToReturn = false;  ///< the slow way out goes on to the return height
-    bool goesStraight = false;   ///< the way to the place is straight, also in height
-    bool isStrict = false;       ///< a cycle's code wants its words anew, see CycleMode
-    bool returnsToStart = true;  ///< to the height at the start; else to the clearance
+    double lift = 0.254;        ///< mm, between pecks
+    bool feedsToReturn = false; ///< the slow way out goes on to the return height
+    bool goesStraight = false;  ///< the way to the place is straight, also in height
+    bool isStrict = false;      ///< a cycle's code wants its words anew, see CycleMode
+    bool returnsToStart = true; ///< to the height at the start; else to the clearance
 };
 
 /// The address words of cycles; none is owned.
 struct CycleWords {
     WordList clearance;
     WordList peck;
-    WordList pause;             ///< seconds
+    WordList pause; ///< seconds
     WordList pauseMilliseconds;
     WordList repeat;
 };

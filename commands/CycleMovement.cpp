@@ -62,8 +62,8 @@ int CycleMovement::step(CycleStep step, const CycleKind& kind, const CycleNumber
     case CycleStep::kShiftBack:
         return shift(-numbers.shift);
     case CycleStep::kFeedOut:
-        return toHeight(FALSE, m_control.cycles.rules.feedsToReturn ? numbers.back
-                                                                    : numbers.clearance);
+        return toHeight(FALSE,
+                        m_control.cycles.rules.feedsToReturn ? numbers.back : numbers.clearance);
     case CycleStep::kFeedToClearance:
         return toHeight(FALSE, numbers.clearance);
     case CycleStep::kReturn:

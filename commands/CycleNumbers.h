@@ -7,7 +7,7 @@
 struct CycleNumbers {
     double clearance = 0.0; ///< not below the depth
     double depth = 0.0;
-    double back = 0.0; ///< the return height, not below the clearance
+    double back = 0.0;      ///< the return height, not below the clearance
     double firstPeck = 0.0; ///< above 0 where the cycle has pecks, as is the next
     double peck = 0.0;
     double lift = 0.0;

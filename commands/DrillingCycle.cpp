@@ -78,8 +78,8 @@ std::optional<CycleHeight> DrillingCycle::takeDepth() const {
         if (word != nullptr && word->GetNCLineStatus() == TRUE) {
             const bool isMarked = word->IsExplicit() || word->GetIncStatus() == TRUE;
             depth = {.value = word->GetValue(),
-                     .isIncremental = isMarked ? word->GetIncStatus() == TRUE
-                                               : isIncrementalMode()};
+                     .isIncremental =
+                         isMarked ? word->GetIncStatus() == TRUE : isIncrementalMode()};
             word->SetNCLineStatus(FALSE);
         }
     }
@@ -137,8 +137,7 @@ int DrillingCycle::settle(CycleNumbers& numbers) const {
         return refuse("a cycle has no depth");
     }
     const auto heightOf = [&](const CycleHeight& height, double base) {
-        const bool isIncremental = mode.rules.isStrict ? isIncrementalMode()
-                                                       : height.isIncremental;
+        const bool isIncremental = mode.rules.isStrict ? isIncrementalMode() : height.isIncremental;
         return isIncremental ? base + height.value : height.value;
     };
     const int normal = normalAxis();
@@ -210,7 +209,8 @@ int DrillingCycle::approach(gmVector3 place, const CycleNumbers& numbers) {
                 return code;
             }
         }
-        place[normal] = std::max(status().GetEndPosition()[normal], numbers.back);
+        const double now = status().GetEndPosition()[normal];
+        place[normal] = now > numbers.clearance ? now : numbers.back;
     }
     const int code = goTo(TRUE, place);
     return code != 0 ? code : goAlong(TRUE, normal, numbers.clearance);

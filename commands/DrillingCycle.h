@@ -1,7 +1,7 @@
 #pragma once
 
-#include "commands/CycleMovement.h"
 #include "commands/CycleMode.h"
+#include "commands/CycleMovement.h"
 #include "commands/HeldWords.h"
 
 /// A cycle of its plane: every block with a position, in which it is the active movement, drills

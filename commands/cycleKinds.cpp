@@ -9,8 +9,8 @@ using enum CycleStep;
 constexpr CycleStep kDrillSteps[] = {kFeedDown, kDwell, kReturn};
 constexpr CycleStep kDeepSteps[] = {kPeckOut, kReturn};
 constexpr CycleStep kBreakChipSteps[] = {kPeckBack, kReturn};
-constexpr CycleStep kTapSteps[] = {kFeedDown, kTurnBack,             kDwell,
-                                   CycleStep::kFeedOut,   kTurnAgain,            kReturn};
+constexpr CycleStep kTapSteps[] = {kFeedDown,           kTurnBack,  kDwell,
+                                   CycleStep::kFeedOut, kTurnAgain, kReturn};
 constexpr CycleStep kFeedOutSteps[] = {kFeedDown, kFeedToClearance, kReturn};
 constexpr CycleStep kDwellOutSteps[] = {kFeedDown, kDwell, CycleStep::kFeedOut, kReturn};
 constexpr CycleStep kStopOutSteps[] = {kFeedDown, kDwell, kStop, kReturn, kTurnAgain};
@@ -34,9 +34,7 @@ constexpr CycleKind kFeedOut = {.steps = kFeedOutSteps};
 constexpr CycleKind kStopOut = {
     .steps = kStopOutSteps, .dwell = Dwell::kWanted, .turning = Turning::kEither};
 constexpr CycleKind kDwellOut = {.steps = kDwellOutSteps, .dwell = Dwell::kWanted};
-constexpr CycleKind kFineBore = {.steps = kFineBoreSteps,
-                                 .dwell = Dwell::kKept,
-                                 .turning = Turning::kEither,
-                                 .hasShift = true};
+constexpr CycleKind kFineBore = {
+    .steps = kFineBoreSteps, .dwell = Dwell::kKept, .turning = Turning::kEither, .hasShift = true};
 
 } // namespace cycleKinds
