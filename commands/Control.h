@@ -6,6 +6,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleMode.h"
 #include "commands/LengthUnits.h"
 #include "commands/PathWriter.h"
 #include "commands/Plane.h"
@@ -45,7 +46,10 @@ public:
     std::optional<bool> centresAreAbsolute; ///< none: as the words' own addresses say
     CoordinateSystem coordinates;
     LengthUnits units;
+    CycleMode cycles;
 
+    /// Whether a cycle is the active movement.
+    [[nodiscard]] bool IsCycleActive() const;
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 

@@ -10,6 +10,7 @@
 #include "commands/MovTypeCom.h"
 #include "commands/RegularCommand.h"
 #include "commands/Spindle.h"
+#include "commands/WordCode.h"
 #include "driver/NCScan.h"
 #include "driver/returnCodes.h"
 #include "paramfile/readReals.h"
@@ -121,6 +122,24 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     return registerCommand(std::move(command));
 }
 
+int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
+                          std::unique_ptr<Command> command) {
+    const WordCode code(value.text);
+    if (!code.HasLetters()) {
+        return kKeyValueUnknown;
+    }
+    command->InitCode(code);
+    command->SetActionKind(kind);
+    m_configured = command.get();
+    return registerCommand(std::move(command));
+}
+
+void ModelBuilder::joinMovements(MovementCommand& movement) {
+    movement.JoinGroup(Status().GetMovementCom());
+    Status().GetMovementCom()->NewCommand(&movement);
+    m_laterMovements.push_back(&movement);
+}
+
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
     if (command->GetSyntaxString() == nullptr) {
         return kMemoryExhausted;
@@ -159,6 +178,11 @@ void ModelBuilder::finishWords() {
 }
 
 int ModelBuilder::finishControl(Control& control) {
+    for (MovementCommand* const movement : m_laterMovements) {
+        movement->MoveLike(*m_commands.rapid);
+    }
+    control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
+                              m_commands.spindleCounterClockwise};
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
     control.writer.reset(GetFactory()->GetControlCom());
@@ -238,5 +262,3 @@ DialectRules& ModelBuilder::Rules() const noexcept { return m_ncscan.Rules(); }
 Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
 
 int ModelBuilder::outOfMemory() noexcept { return kMemoryExhausted; }
-
-int ModelBuilder::keyValueUnknown() noexcept { return kKeyValueUnknown; }

@@ -2,7 +2,6 @@
 
 #include "commands/ActionKind.h"
 #include "commands/Command.h"
-#include "commands/WordCode.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
@@ -11,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 class CircularMovement;
 class Control;
@@ -97,15 +97,18 @@ public:
     /// registers it. Returns 308 for a value that is no code.
     template<class Kind, class... Arguments>
     int AddCode(const KeyValue& value, ActionKind kind, Arguments&&... arguments) {
-        const WordCode code(value.text);
-        if (!code.HasLetters()) {
-            return keyValueUnknown();
-        }
+        return addCode(value, kind, std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
+    }
+    /// The same for a movement command, which joins the group and moves like the others.
+    template<class Kind, class... Arguments>
+    int AddMovement(const KeyValue& value, Arguments&&... arguments) {
         auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
-        command->InitCode(code);
-        command->SetActionKind(kind);
-        m_configured = command.get();
-        return registerCommand(std::move(command));
+        MovementCommand& movement = *command;
+        const int code = addCode(value, ActionKind::kMovement, std::move(command));
+        if (code == 0) {
+            joinMovements(movement);
+        }
+        return code;
     }
     /// The control of the dialect, which the first key that asks for it makes.
     [[nodiscard]] Control& GetControl() const;
@@ -129,7 +132,8 @@ public:
 
 private:
     [[nodiscard]] static int outOfMemory() noexcept;
-    [[nodiscard]] static int keyValueUnknown() noexcept;
+    int addCode(const KeyValue& value, ActionKind kind, std::unique_ptr<Command> command);
+    void joinMovements(MovementCommand& movement);
     int registerCommand(std::unique_ptr<Command> command);
     void finishWords();
     int finishControl(Control& control);
@@ -142,6 +146,7 @@ private:
     std::string m_linearTolerance; // empty: the default
     bool m_splitsCircle = false;
     bool m_isLathe = false;
+    std::vector<MovementCommand*> m_laterMovements; // not owned
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;
 };
