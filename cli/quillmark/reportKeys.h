@@ -52,6 +52,7 @@ struct OddityRow {
     const char* key;
     const char* text;
     const char* consequence;
+    bool isNote = false; ///< common and mostly harmless: told with the figures only
 };
 
 inline constexpr OddityRow kOddityRows[] = {
@@ -68,6 +69,12 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kComputes, "computing_blocks",
      "warning: the program computes, and the APT does not follow it; such blocks",
      "a dialect that names their language with REV_PROGRAM_LANGUAGE runs them"},
+    {Oddity::kAxisNotGiven, "axes_not_given", "movements before every axis was given",
+     "0 was taken for the others", true},
+    {Oddity::kUnknownOrigin, "unknown_origins", "work offsets whose origin is unknown",
+     "the positions count from the zero of the first blocks", true},
+    {Oddity::kCompensation, "compensations", "blocks with radius compensation",
+     "the path is the programmed contour", true},
 };
 
 struct WarningRow {
