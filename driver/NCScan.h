@@ -127,6 +127,7 @@ private:
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
     void passNotes() noexcept;
+    void noteHeld() noexcept;
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;

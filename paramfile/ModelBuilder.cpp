@@ -161,6 +161,7 @@ void ModelBuilder::finishWords() {
 int ModelBuilder::finishControl(Control& control) {
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
+    control.axisMapping = &m_commands.rapid->Mapping();
     control.writer.reset(GetFactory()->GetControlCom());
     control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
     if (control.writer == nullptr || !control.path.HasWriters()) {
@@ -171,6 +172,10 @@ int ModelBuilder::finishControl(Control& control) {
         for (int i = 0; i < commands.GetCommandCount(); ++i) {
             commands.GetCommand(i)->SetActionQueue(&control.actions);
         }
+    }
+    control.coordinates.Settle();
+    if (const int code = m_hasReferencePoints ? finishHome(control) : 0; code != 0) {
+        return code;
     }
     if (m_isLathe) {
         control.plane = Plane::kZX;
@@ -198,6 +203,23 @@ int ModelBuilder::finishArcs(Control& control) {
         return kKeyValueUnknown;
     }
     control.path.SetTolerance(*tolerance);
+    return 0;
+}
+
+int ModelBuilder::finishHome(Control& control) {
+    constexpr std::array<const char*, 3> kKeys = {"MFG_X_HOME_POS", "MFG_Y_HOME_POS",
+                                                  "MFG_Z_HOME_POS"};
+    for (std::size_t axis = 0; axis < kKeys.size(); ++axis) {
+        if (m_home[axis].empty()) {
+            continue;
+        }
+        const std::optional<double> place = readOneReal(m_home[axis]);
+        if (!place) {
+            KeepBadValue(kKeys[axis], m_home[axis].c_str());
+            return kKeyValueUnknown;
+        }
+        control.home[static_cast<int>(axis)] = *place;
+    }
     return 0;
 }
 

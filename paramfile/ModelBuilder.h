@@ -114,6 +114,10 @@ public:
     /// Kept until all keys are read.
     void SetLinearTolerance(std::string text) { m_linearTolerance = std::move(text); }
     void SetSplitCircle(bool splits) noexcept { m_splitsCircle = splits; }
+    void SetHome(int axis, std::string text) {
+        m_home.at(static_cast<std::size_t>(axis)) = std::move(text);
+    }
+    void SetReferencePoints() noexcept { m_hasReferencePoints = true; }
     /// Says why the value of a key is not understood.
     void KeepBadValue(const char* key, const char* value);
 
@@ -134,12 +138,15 @@ private:
     void finishWords();
     int finishControl(Control& control);
     int finishArcs(Control& control);
+    int finishHome(Control& control);
 
     NCScan& m_ncscan;
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
     std::string m_linearTolerance; // empty: the default
+    std::array<std::string, 3> m_home; // empty: 0
+    bool m_hasReferencePoints = false;
     bool m_splitsCircle = false;
     bool m_isLathe = false;
     const Command* m_configured = nullptr;
