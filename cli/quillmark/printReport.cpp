@@ -73,8 +73,11 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
     std::fprintf(stream, "quillmark: blocks read: %ld\n", scan.CurrentBlock().GetPlace().number);
     const char* separator = "quillmark: statements: ";
     for (const StatementRow& row : kStatementRows) {
-        std::fprintf(stream, "%s%s %ld", separator, row.text, report.Statements().Of(row.kind));
-        separator = ", ";
+        const long count = report.Statements().Of(row.kind);
+        if (row.isAlwaysTold || count > 0) {
+            std::fprintf(stream, "%s%s %ld", separator, row.text, count);
+            separator = ", ";
+        }
     }
     const auto milliseconds = static_cast<long>(result.seconds * 1000.0);
     std::fprintf(stream, "\nquillmark: seconds: %ld.%03ld\n", milliseconds / 1000,
