@@ -146,7 +146,6 @@ int thousandths(ModelBuilder& builder, const KeyValue& value, int /*argument*/) 
 
 using enum KeyKind;
 using enum Key::Form;
-using ActionKind::kDistanceMode;
 using enum FrameKind;
 using Words = ControlWords;
 using Shift = ShiftCommand::Kind;
@@ -193,13 +192,13 @@ constexpr Key kCoordinateKeys[] = {
     {"REV_FRAME_ANGLE", kWhole, kAddress, address<&Words::frameAngle>, 0, true},
     {"REV_FRAME_FACTOR", kWhole, kAddress, address<&Words::frameFactor>, 0, true},
     {"REV_FRAME_FACTOR_THOUSANDTHS", kWhole, kText, thousandths},
-    {"REV_DIAMETER_ON", kWhole, kText, change<kDistanceMode, setDiameter<Diameter::kOn>>, 0, true},
-    {"REV_DIAMETER_OFF", kWhole, kText, change<kDistanceMode, setDiameter<Diameter::kOff>>, 0,
+    {"REV_DIAMETER_ON", kWhole, kText, change<ActionKind::kShift, setDiameter<Diameter::kOn>>, 0, true},
+    {"REV_DIAMETER_OFF", kWhole, kText, change<ActionKind::kShift, setDiameter<Diameter::kOff>>, 0,
      true},
     {"REV_DIAMETER_ABSOLUTE_ONLY", kWhole, kText,
-     change<kDistanceMode, setDiameter<Diameter::kAbsoluteOnly>>, 0, true},
-    {"REV_POLAR_ON", kWhole, kText, change<kDistanceMode, switchPolar<true>>, 0, true},
-    {"REV_POLAR_OFF", kWhole, kText, change<kDistanceMode, switchPolar<false>>, 0, true},
+     change<ActionKind::kShift, setDiameter<Diameter::kAbsoluteOnly>>, 0, true},
+    {"REV_POLAR_ON", kWhole, kText, change<ActionKind::kShift, switchPolar<true>>, 0, true},
+    {"REV_POLAR_OFF", kWhole, kText, change<ActionKind::kShift, switchPolar<false>>, 0, true},
     {"REV_POLAR_RADIUS", kWhole, kAddress, polarAddress<&PolarCoordinates::radiusWords>, 0, true},
     {"REV_POLAR_ANGLE", kWhole, kAddress, polarAddress<&PolarCoordinates::angleWords>, 0, true},
     {"REV_POLE_AT_POSITION", kWhole, kText, pole<Base::kPosition>, 0, true},
