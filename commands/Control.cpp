@@ -18,6 +18,8 @@ void Control::BeginBlock() noexcept {
     actions.Clear();
     m_axisWordsAreTaken = false;
     m_hasMovementCommand = false;
+    hasDwell = false;
+    speedWaits = false;
 }
 
 AxisValues Control::TakeAxisWords(char* line) {
@@ -119,8 +121,16 @@ bool Control::isRound(const Sweep& sweep) {
 }
 
 void Control::SwitchUnits(bool isInch) {
+    const bool wasInch = units.IsInch();
     const double factor = units.Switch(isInch);
     if (factor != 1.0) {
+        if (isCuttingSpeed) {
+            m_status.InitSpindleSpeed(m_status.GetSpindleSpeed() *
+                                      LengthUnits::CuttingSpeedFactor(wasInch, isInch));
+        }
+        if (pitch) {
+            *pitch *= factor;
+        }
         const gmVector3 end = m_status.GetEndPosition() * factor;
         m_status.InitEndPosition(end[0], end[1], end[2]);
         m_status.InitFeedRateSpeed(m_status.GetFeedRateSpeed() * factor);
@@ -133,6 +143,14 @@ void Control::WriteUnits() {
     if (tellsUnits && isRunning && units.SettleOutput()) {
         writer->WriteUnits(units.IsOutputInch());
     }
+}
+
+int Control::LimitSpeed(double limit) {
+    if (!(limit > 0.0)) {
+        return Refuse(kBlockRefused, "a limit of the speed is not above 0");
+    }
+    writer->WriteSpeedLimit(limit);
+    return 0;
 }
 
 int Control::Refuse(int code, std::string reason) {

@@ -27,7 +27,12 @@ void FeedRate::InitStatus(char* line) {
     TechnologyCommand::InitStatus(line);
 }
 
-void FeedRate::keepValue(double value) noexcept { status().InitFeedRateSpeed(value); }
+void FeedRate::keepValue(double value) noexcept {
+    status().InitFeedRateSpeed(value);
+    if (Control* const control = status().GetControl()) {
+        control->pitch.reset();
+    }
+}
 
 int FeedRate::Act() {
     const double feed = status().GetFeedRateSpeed();

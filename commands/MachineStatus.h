@@ -96,6 +96,7 @@ public:
     [[nodiscard]] CommandGroup* GetToolCom() noexcept { return GetGroup(ModalGroup::kTool); }
 
 private:
+    void claimWords(char* line);
     int computeGroups(std::size_t first, std::size_t last, char* line);
     int computeForeign(Command& command, char* line);
 

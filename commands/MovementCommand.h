@@ -32,6 +32,11 @@ public:
     void InitIncXParm(Parameter* word) noexcept { m_axes[0].incremental = word; }
     void InitIncYParm(Parameter* word) noexcept { m_axes[1].incremental = word; }
     void InitIncZParm(Parameter* word) noexcept { m_axes[2].incremental = word; }
+    /// Gives the command the coordinate words and the axis mapping of another.
+    void MoveLike(const MovementCommand& other) noexcept {
+        m_axes = other.m_axes;
+        m_mapping = other.m_mapping;
+    }
     [[nodiscard]] const std::array<AxisWords, 3>& Axes() const noexcept { return m_axes; }
 
     /// Axis factor and assignment from a text of the parameter file; see AxisMapping::SetDivisor.

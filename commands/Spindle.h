@@ -7,7 +7,8 @@
 class Factory;
 
 /// The spindle mode: one instance each for stop (0), clockwise (1) and counter-clockwise (-1). Its
-/// word writes the spindle statement; a speed word alone writes it again unless the spindle stops.
+/// word writes the spindle statement; a speed word or a change of what its number means writes it
+/// again unless the spindle stops.
 class Spindle : public WithWriter<TechnologyCommand, ResSpindle> {
 public:
     Spindle(MachineStatus* status, Factory* factory);
@@ -19,6 +20,10 @@ public:
     /// The value word; not owned, may be null.
     void InitSpeedParm(Parameter* word) noexcept { initValueWord(word); }
 
+    [[nodiscard]] Parameter* GetSpeedParm() const noexcept { return valueWord(); }
+
+    void InitStatus(char* line) override;
+    int Compute(char* line) override;
     int Act() override;
 
 private:

@@ -15,6 +15,8 @@ public:
 
     /// Takes the first of them that stands in the block out of it, with its value.
     [[nodiscard]] std::optional<double> Take(char* line, MachineStatus& status) const;
+    /// The same, with the word itself; null when there is none.
+    [[nodiscard]] Parameter* TakeWord(char* line, MachineStatus& status) const;
 
 private:
     std::vector<Parameter*> m_words;

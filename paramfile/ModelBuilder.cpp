@@ -121,6 +121,24 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     return registerCommand(std::move(command));
 }
 
+CommandGroup* ModelBuilder::groupOf(ModalGroup group) const noexcept {
+    return Status().GetGroup(group);
+}
+
+void ModelBuilder::join(CommandGroup& group, Command* command) { group.NewCommand(command); }
+
+int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
+                          std::unique_ptr<Command> command) {
+    const WordCode code(value.text);
+    if (!code.HasLetters()) {
+        return kKeyValueUnknown;
+    }
+    command->InitCode(code);
+    command->SetActionKind(kind);
+    m_configured = command.get();
+    return registerCommand(std::move(command));
+}
+
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
     if (command->GetSyntaxString() == nullptr) {
         return kMemoryExhausted;
@@ -161,6 +179,11 @@ void ModelBuilder::finishWords() {
 int ModelBuilder::finishControl(Control& control) {
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
+    control.words.feed = m_commands.feedPerMinute->GetSpeedParm();
+    control.words.speed = m_commands.spindleClockwise->GetSpeedParm();
+    for (MovementCommand* const movement : m_furtherMovements) {
+        movement->MoveLike(*m_commands.rapid);
+    }
     control.writer.reset(GetFactory()->GetControlCom());
     control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
     if (control.writer == nullptr || !control.path.HasWriters()) {

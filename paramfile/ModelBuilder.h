@@ -2,6 +2,7 @@
 
 #include "commands/ActionKind.h"
 #include "commands/Command.h"
+#include "commands/ModalGroup.h"
 #include "commands/WordCode.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
@@ -10,9 +11,12 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 class CircularMovement;
+class CommandGroup;
 class Control;
 class Coolant;
 class Factory;
@@ -97,15 +101,29 @@ public:
     /// registers it. Returns 308 for a value that is no code.
     template<class Kind, class... Arguments>
     int AddCode(const KeyValue& value, ActionKind kind, Arguments&&... arguments) {
-        const WordCode code(value.text);
-        if (!code.HasLetters()) {
-            return keyValueUnknown();
+        return addCode(value, kind, std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
+    }
+    /// The same for a member of a modal group with writers of its own: it gets the group and the
+    /// factory as its last arguments. A movement has the words and the axes of the others.
+    template<class Kind, class... Arguments>
+    int AddMember(const KeyValue& value, ActionKind kind, ModalGroup group,
+                  Arguments&&... arguments) {
+        CommandGroup* const members = groupOf(group);
+        auto made =
+            std::make_unique<Kind>(std::forward<Arguments>(arguments)..., members, GetFactory());
+        if (!made->HasWriter()) {
+            return outOfMemory();
         }
-        auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
-        command->InitCode(code);
-        command->SetActionKind(kind);
-        m_configured = command.get();
-        return registerCommand(std::move(command));
+        Kind* const command = made.get();
+        const int code = addCode(value, kind, std::move(made));
+        if (code != 0) {
+            return code;
+        }
+        join(*members, command);
+        if constexpr (std::is_base_of_v<MovementCommand, Kind>) {
+            m_furtherMovements.push_back(command);
+        }
+        return 0;
     }
     /// The control of the dialect, which the first key that asks for it makes.
     [[nodiscard]] Control& GetControl() const;
@@ -130,6 +148,9 @@ public:
 private:
     [[nodiscard]] static int outOfMemory() noexcept;
     [[nodiscard]] static int keyValueUnknown() noexcept;
+    [[nodiscard]] CommandGroup* groupOf(ModalGroup group) const noexcept;
+    static void join(CommandGroup& group, Command* command);
+    int addCode(const KeyValue& value, ActionKind kind, std::unique_ptr<Command> command);
     int registerCommand(std::unique_ptr<Command> command);
     void finishWords();
     int finishControl(Control& control);
@@ -141,6 +162,7 @@ private:
     DialectSettings m_settings;
     std::string m_linearTolerance; // empty: the default
     bool m_splitsCircle = false;
+    std::vector<MovementCommand*> m_furtherMovements; // owned by the command registry
     bool m_isLathe = false;
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "apt/ResCoolant.h"
+#include "commands/TechnologyCommand.h"
+#include "commands/WithWriter.h"
+
+class CommandGroup;
+class Factory;
+
+/// The coolant as mist.
+class CoolantMist final : public WithWriter<TechnologyCommand, ResCoolant> {
+public:
+    CoolantMist(CommandGroup* group, Factory* factory);
+    ~CoolantMist() override;
+
+    int Act() override;
+};
