@@ -20,7 +20,7 @@ bool Command::Claims(const char* /*line*/) const { return true; }
 void Command::ClaimWords(char* /*line*/) {}
 
 int Command::perform() {
-    if (m_queue == nullptr) {
+    if (m_queue == nullptr || m_queue->IsFirst(m_actionKind)) {
         return Act();
     }
     m_queue->Add(*this);

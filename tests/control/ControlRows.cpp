@@ -72,7 +72,8 @@ std::vector<ControlRow> controlRows(const std::string& path) {
             dialect = machine(line.substr(3));
             part = Part::kDialect;
         } else if (line.starts_with("== ")) {
-            rows.push_back({.title = line.substr(3), .dialect = dialect});
+            rows.emplace_back().title = line.substr(3);
+            rows.back().dialect = dialect;
             part = Part::kProgram;
         } else if (line == "=>") {
             EXPECT_EQ(part, Part::kProgram) << path << ": " << line;
