@@ -21,8 +21,8 @@ public:
     void SetOrder(ExecutionOrder order) noexcept { m_order = order; }
     /// Whether commands have to wait here.
     [[nodiscard]] bool IsInUse() const noexcept { return m_order != ExecutionOrder::kAsRecognised; }
-    /// Whether what does this goes before all else of its block. It need not wait then, and must not
-    /// where the values of the block depend on it.
+    /// Whether what does this goes before all else of its block. It need not wait then, and must
+    /// not where the values of the block depend on it.
     [[nodiscard]] bool IsFirst(ActionKind kind) const noexcept {
         return m_order == ExecutionOrder::kOffLast &&
                (kind == ActionKind::kPlane || kind == ActionKind::kUnits);

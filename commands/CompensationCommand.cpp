@@ -1,6 +1,7 @@
 #include "commands/CompensationCommand.h"
 
 #include "commands/Control.h"
+#include "commands/MachineStatus.h"
 #include "driver/returnCodes.h"
 
 #include <cmath>
@@ -21,6 +22,7 @@ int CompensationCommand::Act() {
         }
         number = static_cast<int>(*m_register);
     }
+    m_status.Note(BlockNote::kCompensation);
     control().writer->WriteCompensation(m_isLeft, number);
     return 0;
 }

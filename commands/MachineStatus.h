@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/Block.h"
+#include "commands/BlockNote.h"
 #include "commands/Command.h"
 #include "commands/CommandGroup.h"
 #include "commands/Comment.h"
@@ -57,6 +58,37 @@ public:
         return m_block.Bytes().MayContain(byte) || !m_block.IsRest(line);
     }
 
+    /// Begins another block: its movement and what is noted of it belong to the one before.
+    void ForgetBlock() noexcept {
+        m_movement = nullptr;
+        m_movementWord = nullptr;
+        m_notes = 0;
+    }
+    /// Something of the block at hand for the report; once or more often is the same.
+    void Note(BlockNote note) noexcept { m_notes |= bitOf(note); }
+    [[nodiscard]] bool HasNotes() const noexcept { return m_notes != 0; }
+    [[nodiscard]] bool HasNote(BlockNote note) const noexcept {
+        return (m_notes & bitOf(note)) != 0;
+    }
+    /// The word of a movement was found in the block at hand; that of a second one is noted.
+    void KeepMovementWord(const Command& movement) noexcept {
+        if (m_movementWord != nullptr && m_movementWord != &movement) {
+            Note(BlockNote::kTwoMovements);
+        }
+        m_movementWord = &movement;
+    }
+    /// The movement found last, which acts; null without one.
+    [[nodiscard]] const Command* GetMovementWord() const noexcept { return m_movementWord; }
+
+    /// A movement of the axes whose bits are set (bit 0 for X) has a position of its own for these;
+    /// for the others that of the movement before stays. Notes when an axis has none at all.
+    void GiveAxes(unsigned axes) noexcept {
+        m_givenAxes |= axes;
+        if (m_givenAxes != kAllAxes) {
+            Note(BlockNote::kAxisNotGiven);
+        }
+    }
+
     /// The last movement of the block at hand, which its command owns; null before there is one.
     void KeepMovement(const Movement* movement) noexcept { m_movement = movement; }
     [[nodiscard]] const Movement* GetMovement() const noexcept { return m_movement; }
@@ -96,6 +128,13 @@ public:
     [[nodiscard]] CommandGroup* GetToolCom() noexcept { return GetGroup(ModalGroup::kTool); }
 
 private:
+    static constexpr unsigned kAllAxes = 7;
+
+    static_assert(static_cast<unsigned>(BlockNote::kCount) <= 32, "a bit for each note");
+    [[nodiscard]] static constexpr unsigned bitOf(BlockNote note) noexcept {
+        return 1U << static_cast<unsigned>(note);
+    }
+
     void claimWords(char* line);
     int computeGroups(std::size_t first, std::size_t last, char* line);
     int computeForeign(Command& command, char* line);
@@ -112,5 +151,8 @@ private:
     Boolean m_circleCenterMode = TRUE;
     Block m_block;
     const Movement* m_movement = nullptr;
+    const Command* m_movementWord = nullptr; // not owned
+    unsigned m_notes = 0;                    // of the block at hand
+    unsigned m_givenAxes = 0;
     std::unique_ptr<Control> m_control;
 };

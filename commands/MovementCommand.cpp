@@ -30,9 +30,12 @@ void MovementCommand::resolveEndPoint(gmVector3& point) const {
     Command* const type = m_status->GetMovTypeCom()->GetActiveCommand();
     const bool isIncrementalMode = type != nullptr && type->GetStatus() == 0;
     const gmVector3 start = m_status->GetEndPosition();
+    unsigned given = 0;
     for (int axis = 0; axis < 3; ++axis) {
         double value = start[axis];
         const AxisWords& words = m_axes[static_cast<std::size_t>(axis)];
+        // An axis without words has no place that a block could give.
+        bool isGiven = words.incremental == nullptr && words.absolute == nullptr;
         // The absolute word comes last and wins; in incremental mode it adds to the other's result.
         for (Parameter* const word : {words.incremental, words.absolute}) {
             if (word == nullptr || word->GetNCLineStatus() != TRUE) {
@@ -41,10 +44,13 @@ void MovementCommand::resolveEndPoint(gmVector3& point) const {
             if (isIncrementalMode) {
                 word->SetIncStatus(TRUE);
             }
+            isGiven = word->GetIncStatus() != TRUE;
             word->ConvertIncremental(value);
             value = word->GetValue();
             word->SetNCLineStatus(FALSE);
         }
         point[axis] = value;
+        given |= isGiven ? 1U << axis : 0U;
     }
+    m_status->GiveAxes(given);
 }

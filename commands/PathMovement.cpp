@@ -6,6 +6,7 @@
 PathMovement::~PathMovement() = default;
 
 void PathMovement::InitStatus(char* line) {
+    status().KeepMovementWord(*this);
     Control* const control = status().GetControl();
     keepCode(control == nullptr ? 0 : control->NoteMovementCommand());
     m_hasWords = TakeWords(line);

@@ -15,5 +15,7 @@ struct DialectRules {
     std::vector<std::string> startCodes;     ///< in force before the first block
     std::vector<const Command*> programEnds; ///< owned by the model
     bool printsTexts = false;                ///< comments and names go into the APT
-    long mostBlocks = 10'000'000;            ///< of a program that computes
+    bool isLathe = false;                    ///< arcs lie in the plane ZX, else in XY
+    bool computesArcs = false;    ///< as controls do; else they are written as they stand
+    long mostBlocks = 10'000'000; ///< of a program that computes
 };

@@ -242,7 +242,7 @@ bool NCScan::hasEnded() const noexcept {
 
 void NCScan::beginBlock() noexcept {
     m_report.NotePlace(block());
-    m_model->status.KeepMovement(nullptr);
+    m_model->status.ForgetBlock();
     if (Control* const control = m_model->status.GetControl()) {
         control->isRunning = true;
         control->BeginBlock();
@@ -328,6 +328,9 @@ int NCScan::computeBlock() {
                                                 *status.GetDecimalSeparator());
         m_report.NoteRest(block, *status.GetDecimalSeparator(), statements.BlockMoves());
     }
+    if (status.HasNotes()) {
+        passNotes();
+    }
     if (statements.BlockHas(StatementKind::kDroppedArc)) {
         m_report.Note(Oddity::kDroppedArc, block);
         warnIfArcWithoutCentre();
@@ -336,6 +339,19 @@ int NCScan::computeBlock() {
         code = kInternalError;
     }
     return code;
+}
+
+void NCScan::passNotes() noexcept {
+    constexpr std::pair<BlockNote, Oddity> kNotes[] = {
+        {BlockNote::kAxisNotGiven, Oddity::kAxisNotGiven},
+        {BlockNote::kUnknownOrigin, Oddity::kUnknownOrigin},
+        {BlockNote::kCompensation, Oddity::kCompensation},
+    };
+    for (const auto& [note, oddity] : kNotes) {
+        if (m_model->status.HasNote(note)) {
+            m_report.Note(oddity, block());
+        }
+    }
 }
 
 // The centre of such an arc is its start, so the arc is dropped or ends the process: no other block

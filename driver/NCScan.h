@@ -126,6 +126,7 @@ private:
     void keepRefusal();
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
+    void passNotes() noexcept;
     void warnIfArcWithoutCentre() noexcept;
 
     TextCopy m_ncFileName;

@@ -32,13 +32,16 @@ struct Warning {
 
 /// What is noticed once and counted, without a list.
 enum class Oddity : std::size_t {
-    kDroppedArc,  ///< an arc of radius 0, of which no statement was written
-    kLongLine,    ///< a line longer than a block, read in pieces: a number can be cut in two
-    kNulByte,     ///< a block with a NUL byte: the rest of the block is not read
-    kOpenComment, ///< a comment without its end: the rest of the block is not read
-    kSkipMark,    ///< a block with a mark to skip it, which was converted all the same
-    kRestart,     ///< an end behind which a control would begin the main program again
-    kComputes,    ///< a block of a program that computes, read by a dialect that does not
+    kDroppedArc,    ///< an arc of radius 0, of which no statement was written
+    kLongLine,      ///< a line longer than a block, read in pieces: a number can be cut in two
+    kNulByte,       ///< a block with a NUL byte: the rest of the block is not read
+    kOpenComment,   ///< a comment without its end: the rest of the block is not read
+    kSkipMark,      ///< a block with a mark to skip it, which was converted all the same
+    kRestart,       ///< an end behind which a control would begin the main program again
+    kComputes,      ///< a block of a program that computes, read by a dialect that does not
+    kAxisNotGiven,  ///< a movement before every axis was given: 0 is taken for the others
+    kUnknownOrigin, ///< a work offset of which nobody says where it lies
+    kCompensation,  ///< a radius compensation: the path is the programmed contour
     kCount
 };
 

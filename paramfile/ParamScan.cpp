@@ -201,6 +201,10 @@ int ParamScan::passBy(const Key& key) {
     Line value;
     const bool hasValue =
         std::fgets(value.data(), static_cast<int>(value.size()), m_file.get()) != nullptr;
+    if (!hasValue && std::ferror(m_file.get()) != 0) {
+        m_ncscan.KeepFailure({.systemError = errno});
+        return kParameterFileEndsEarly;
+    }
     if (std::fsetpos(m_file.get(), &place) != 0) {
         return kRewindFailed;
     }

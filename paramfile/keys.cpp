@@ -132,6 +132,8 @@ int machineClass(ModelBuilder& builder, const KeyValue& value, int /*argument*/)
     const bool isLathe = std::strstr(value.text, "LATHE_MACHINE") != nullptr;
     if (isLathe) {
         builder.SetLathe();
+        builder.Rules().isLathe = true;
+        builder.Status().GiveAxes(1U << AxisMapping::kY); // most have none
         attach(builder.Commands().Circles(),
                [](CircularMovement& circle) { circle.SetNormVector(0.0, -1.0, 0.0); });
     }

@@ -2,6 +2,7 @@
 
 #include "commands/Control.h"
 #include "commands/StateCommand.h"
+#include "driver/DialectRules.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
 #include "paramfile/readReals.h"
@@ -27,6 +28,7 @@ template<Plane Value>
 int plane(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     Control& control = builder.GetStages();
     control.computesArcs = true;
+    builder.Rules().computesArcs = true;
     return builder.AddCode<StateCommand>(value, ActionKind::kPlane, control,
                                          [](Control& c) { c.plane = Value; });
 }

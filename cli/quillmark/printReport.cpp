@@ -55,6 +55,17 @@ void printWarning(std::FILE* stream, const Warning& warning) noexcept {
     std::fputc('\n', stream);
 }
 
+void printOddities(std::FILE* stream, const ScanReport& report, bool areNotes) noexcept {
+    for (const OddityRow& row : kOddityRows) {
+        const Tally& tally = report.Of(row.oddity);
+        if (tally.count > 0 && row.isNote == areNotes) {
+            std::fprintf(stream, "quillmark: %s: %ld, the first in line ", row.text, tally.count);
+            printLine(stream, tally.firstLine, tally.firstFile);
+            std::fprintf(stream, "; %s\n", row.consequence);
+        }
+    }
+}
+
 } // namespace
 
 void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept {
@@ -62,12 +73,16 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
     std::fprintf(stream, "quillmark: blocks read: %ld\n", scan.CurrentBlock().GetPlace().number);
     const char* separator = "quillmark: statements: ";
     for (const StatementRow& row : kStatementRows) {
-        std::fprintf(stream, "%s%s %ld", separator, row.text, report.Statements().Of(row.kind));
-        separator = ", ";
+        const long count = report.Statements().Of(row.kind);
+        if (row.isAlwaysTold || count > 0) {
+            std::fprintf(stream, "%s%s %ld", separator, row.text, count);
+            separator = ", ";
+        }
     }
     const auto milliseconds = static_cast<long>(result.seconds * 1000.0);
     std::fprintf(stream, "\nquillmark: seconds: %ld.%03ld\n", milliseconds / 1000,
                  milliseconds % 1000);
+    printOddities(stream, report, true);
 }
 
 void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
@@ -82,14 +97,7 @@ void printReport(std::FILE* stream, NCScan& scan) noexcept {
     ScanReport& report = scan.Report();
     printUnrecognisedCount(stream, scan);
     printWords(stream, report.Words());
-    for (const OddityRow& row : kOddityRows) {
-        const Tally& tally = report.Of(row.oddity);
-        if (tally.count > 0) {
-            std::fprintf(stream, "quillmark: %s: %ld, the first in line ", row.text, tally.count);
-            printLine(stream, tally.firstLine, tally.firstFile);
-            std::fprintf(stream, "; %s\n", row.consequence);
-        }
-    }
+    printOddities(stream, report, false);
     const auto warnings = report.FirstWarnings();
     const auto shown = std::min(warnings.size(), kMostLines);
     for (const Warning& warning : warnings.first(shown)) {

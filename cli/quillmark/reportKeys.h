@@ -7,11 +7,13 @@
 
 /// The names under which the front end tells what a conversion reports.
 
-/// Statements of one kind; `text` names them in a sentence.
+/// Statements of one kind; `text` names them in a sentence. Those of which every summary tells come
+/// first.
 struct StatementRow {
     StatementKind kind;
     const char* key;
     const char* text;
+    bool isAlwaysTold = true; ///< else only when there are some
 };
 
 inline constexpr StatementRow kStatementRows[] = {
@@ -26,11 +28,11 @@ inline constexpr StatementRow kStatementRows[] = {
     {StatementKind::kMode, "modes", "modes"},
     {StatementKind::kProgramEnd, "program_ends", "program ends"},
     {StatementKind::kText, "texts", "texts"},
-    {StatementKind::kDelay, "delays", "delays"},
-    {StatementKind::kUnits, "units", "units"},
-    {StatementKind::kCompensation, "compensations", "compensations"},
-    {StatementKind::kStop, "stops", "stops"},
-    {StatementKind::kHome, "reference_points", "reference points"},
+    {StatementKind::kDelay, "delays", "delays", false},
+    {StatementKind::kUnits, "units", "units", false},
+    {StatementKind::kCompensation, "compensations", "compensations", false},
+    {StatementKind::kStop, "stops", "stops", false},
+    {StatementKind::kHome, "reference_points", "reference points", false},
 };
 
 // A dropped arc writes no statement: it is an oddity.
@@ -52,6 +54,7 @@ struct OddityRow {
     const char* key;
     const char* text;
     const char* consequence;
+    bool isNote = false; ///< common and mostly harmless: told with the figures only
 };
 
 inline constexpr OddityRow kOddityRows[] = {
@@ -68,6 +71,12 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kComputes, "computing_blocks",
      "warning: the program computes, and the APT does not follow it; such blocks",
      "a dialect that names their language with REV_PROGRAM_LANGUAGE runs them"},
+    {Oddity::kAxisNotGiven, "axes_not_given", "movements before every axis was given",
+     "0 was taken for the others", true},
+    {Oddity::kUnknownOrigin, "unknown_origins", "work offsets whose origin is unknown",
+     "the positions count from the zero of the first blocks", true},
+    {Oddity::kCompensation, "compensations", "blocks with radius compensation",
+     "the path is the programmed contour", true},
 };
 
 struct WarningRow {

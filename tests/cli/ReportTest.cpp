@@ -79,6 +79,9 @@ TEST_F(Report, SummaryIsPrintedAlways) {
                            "quillmark: statements: rapid moves 0, feed moves 1, arcs 0, tool axes "
                            "0, feed rates 0, spindle 0, coolant 0, tools 0, modes 0, program ends "
                            "0, texts 0\nquillmark: seconds: "));
+    EXPECT_THAT(run("--summary").err, EndsWith("quillmark: movements before every axis was given: "
+                                               "1, the first in line 1; 0 was taken for the "
+                                               "others\n"));
     EXPECT_THAT(run("-nc x.nc --summary").err, AllOf(StartsWith("quillmark: blocks read: 0\n"),
                                                      HasSubstr("\nquillmark: error 200: ")));
 }

@@ -58,6 +58,8 @@ void expectRows(const std::string& name) {
     }
 }
 
+TEST(Control, Arcs) { expectRows("arcs"); }
+
 TEST(Control, Technology) { expectRows("technology"); }
 
 } // namespace

@@ -51,6 +51,21 @@ public:
         return text;
     }
 
+    // The oddities that are mostly harmless.
+    std::string harmlessNotes() {
+        std::string text;
+        for (const auto& [name, oddity] :
+             {std::pair{"axis", Oddity::kAxisNotGiven}, std::pair{"origin", Oddity::kUnknownOrigin},
+              std::pair{"compensation", Oddity::kCompensation}}) {
+            const Tally& tally = m_controller.Report().Of(oddity);
+            if (tally.count > 0) {
+                text += name + " "s + std::to_string(tally.count) + "/" +
+                        std::to_string(tally.firstLine) + " ";
+            }
+        }
+        return text;
+    }
+
 private:
     Controller m_controller;
 };
@@ -109,6 +124,24 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
     EXPECT_EQ(Scan("; a\n", dialectOf({{"COMMENT_START", ";"}})).notes(), "");
 }
 
+TEST(ScanReport, CountsMovementsBeforeEveryAxisWasGiven) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"M8\nG0 X1 Y1 Z1\nX2", ""},
+        {"G0 X1\nY1\nZ1\nX2", "axis 2/1 "},
+        {"G0 X1 Y1\nM8\nG2 X3 I1 Z0\nG1 X5", "axis 1/1 "},
+        // What only adds to a place does not give one.
+        {"G91 G0 X1 Y1 Z1\nX1\nG90 X1 Y1\nZ1\nG91 X1", "axis 3/1 "},
+        {"G0 U1 Y1 Z1\nX1 W1\nU1 Z1", "axis 1/1 "},
+    };
+    for (const auto& [nc, notes] : rows) {
+        EXPECT_EQ(Scan(nc).harmlessNotes(), notes) << nc;
+    }
+    EXPECT_EQ(Scan("G0 X1\nZ1\nX2", lathe()).harmlessNotes(), "axis 1/1 ");
+    EXPECT_EQ(Scan("G0 X1\nY1", dialectOf({{"RAPID", "G0"}, {"1ST_COORDINATE", "X\n1\nM5.3"}}))
+                  .harmlessNotes(),
+              "");
+}
+
 TEST(LooksComputed, KnowsTheThreeFamiliesAndNoComments) {
     for (const char* const text :
          {"IF[#1 EQ 2]GOTO 100", "N5 while [", "DO1", "END 2", "M98 P1000", "G65 A1 P9", "P5 G66",
@@ -160,8 +193,9 @@ TEST(ScanReport, CountsStatementsByKind) {
     for (std::size_t kind = 0; kind < static_cast<std::size_t>(StatementKind::kCount); ++kind) {
         counts += std::to_string(scan->Statements().Of(static_cast<StatementKind>(kind))) + " ";
     }
-    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end, text.
-    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 0 ");
+    // Rapid, feed, arc, dropped, axis, feed rate, spindle, coolant, tool, mode, end, text,
+    // delay, units, compensation, stop, home.
+    EXPECT_EQ(counts, "1 2 1 1 1 1 1 2 1 1 1 0 0 0 0 0 0 ");
 }
 
 } // namespace

@@ -106,7 +106,9 @@ protected:
         m_folder.write("plain.pp", mill({{"MFG_CLASS_NAME", "MILLING_MACHINE"},
                                          {"REV_PROGRAM_FRAME", "%"},
                                          {"REV_NO_EFFECT", "G64"},
-                                         {"REV_TEXT_OUTPUT", "PPRINT"}}));
+                                         {"REV_TEXT_OUTPUT", "PPRINT"},
+                                         {"REV_PLANE_XY", "G17"},
+                                         {"REV_METRIC", "G21"}}));
     const std::string m_coded = m_folder.path("coded.pp");
     const std::string m_old = m_folder.path("old.pp");
 };
@@ -121,7 +123,7 @@ TEST(FactoryFaults, GiveNoWriterAndNoException) {
                  gives(&APTFactory::GetCoolanCom) || gives(&APTFactory::GetSpindlCom) ||
                  gives(&APTFactory::GetFeedRaCom) || gives(&APTFactory::GetMovTypCom) ||
                  gives(&APTFactory::GetRegulaCom) || gives(&APTFactory::GetEndCom) ||
-                 gives(&APTFactory::GetTextCom));
+                 gives(&APTFactory::GetTextCom) || gives(&APTFactory::GetControlCom));
 }
 
 TEST_F(Faults, OfEveryCallGiveACodeOrTheRightFiles) {

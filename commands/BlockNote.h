@@ -1,0 +1,10 @@
+#pragma once
+
+/// What a command notices of the block at hand and a report is to tell. It changes nothing else.
+enum class BlockNote : unsigned {
+    kAxisNotGiven,  ///< a movement of which an axis was never given: its place is taken to be 0
+    kUnknownOrigin, ///< a work offset of which nobody says where it lies
+    kCompensation,  ///< a radius compensation, of which the path is the programmed contour
+    kTwoMovements,  ///< the words of two movements: one of them acts
+    kCount
+};
