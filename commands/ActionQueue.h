@@ -21,14 +21,10 @@ public:
     void SetOrder(ExecutionOrder order) noexcept { m_order = order; }
     /// Whether commands have to wait here.
     [[nodiscard]] bool IsInUse() const noexcept { return m_order != ExecutionOrder::kAsRecognised; }
-    /// Whether what does this goes before all else of its block. It need not wait then, and must
-    /// not where the values of the block depend on it.
-    [[nodiscard]] bool IsFirst(ActionKind kind) const noexcept {
-        return m_order == ExecutionOrder::kOffLast &&
-               (kind == ActionKind::kPlane || kind == ActionKind::kUnits);
-    }
     [[nodiscard]] ExecutionOrder Order() const noexcept { return m_order; }
 
+    /// Whether another command waits that says something else of the same.
+    [[nodiscard]] bool HasRivalOf(const Command& command) const noexcept;
     /// Those of one kind act in the order in which they come. Throws std::bad_alloc.
     void Add(Command& command);
     /// Has all act and forgets them. Returns 0, or the first code that is not: no further command

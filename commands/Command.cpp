@@ -1,6 +1,6 @@
 #include "commands/Command.h"
 
-#include "commands/ActionQueue.h"
+#include "commands/Control.h"
 #include "commands/wordMatcher.h"
 
 Command::~Command() = default;
@@ -19,13 +19,7 @@ bool Command::Claims(const char* /*line*/) const { return true; }
 
 void Command::ClaimWords(char* /*line*/) {}
 
-int Command::perform() {
-    if (m_queue == nullptr || m_queue->IsFirst(m_actionKind)) {
-        return Act();
-    }
-    m_queue->Add(*this);
-    return 0;
-}
+int Command::perform() { return m_control == nullptr ? Act() : m_control->Perform(*this); }
 
 int Command::scanNC(char* line) {
     m_wasFound = false;

@@ -4,6 +4,8 @@
 #include "commands/TechnologyCommand.h"
 #include "commands/WithWriter.h"
 
+#include <optional>
+
 class Factory;
 
 /// The spindle mode: one instance each for stop (0), clockwise (1) and counter-clockwise (-1). Its
@@ -30,5 +32,6 @@ private:
     void keepValue(double value) noexcept override;
     [[nodiscard]] bool actsOnValueAlone() const noexcept override { return m_mode != 0; }
 
+    std::optional<double> m_newSpeed; // of the block at hand
     int m_mode = 0;
 };

@@ -28,14 +28,13 @@ template<Plane Value>
 int plane(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     Control& control = builder.GetStages();
     control.computesArcs = true;
-    builder.Rules().computesArcs = true;
     return builder.AddCode<StateCommand>(value, ActionKind::kPlane, control,
                                          [](Control& c) { c.plane = Value; });
 }
 
 template<bool IsAbsolute>
 int centreMode(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddCode<StateCommand>(value, ActionKind::kDistanceMode, builder.GetStages(),
+    return builder.AddCode<StateCommand>(value, ActionKind::kCentreMode, builder.GetStages(),
                                          [](Control& c) { c.centresAreAbsolute = IsAbsolute; });
 }
 

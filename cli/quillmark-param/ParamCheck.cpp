@@ -74,6 +74,15 @@ const void* targetOf(const RecordingScan::Entry& entry) noexcept {
     return entry.key->addsUp ? static_cast<const void*>(&entry) : entry.key;
 }
 
+// A code that leaves some blocks to another, or that a stop takes from an older key.
+bool mayShareCode(const RecordingScan::Entry& entry, const Command& other) noexcept {
+    const Command& command = *entry.command;
+    const bool isStop = entry.text == "REV_STOP" || entry.text == "REV_OPTIONAL_STOP";
+    return command.Rank() == CommandRank::kClaimsBlocks ||
+           other.Rank() == CommandRank::kClaimsBlocks ||
+           (isStop && dynamic_cast<const EndCommand*>(&other) != nullptr);
+}
+
 struct AbsentKey {
     const char* key;
     const char* alternative; // a key that does the same; null for none
