@@ -6,6 +6,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleMode.h"
 #include "commands/LengthUnits.h"
 #include "commands/PathWriter.h"
 #include "commands/Plane.h"
@@ -45,6 +46,7 @@ public:
     std::optional<bool> centresAreAbsolute; ///< none: as the words' own addresses say
     CoordinateSystem coordinates;
     LengthUnits units;
+    CycleMode cycles;
     bool isCuttingSpeed = false; ///< the number of the speed is m/min or ft/min, not rev/min
     /// Of threads whose pitch is the word of the feed, until that gives a feed again.
     std::optional<double> pitch;
@@ -53,6 +55,8 @@ public:
     bool hasDwell = false;
     bool speedWaits = false; ///< it or its mode is to be told, unless a spindle code does
 
+    /// Whether a cycle is the active movement.
+    [[nodiscard]] bool IsCycleActive() const;
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 

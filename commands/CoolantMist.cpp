@@ -2,10 +2,7 @@
 
 #include "apt/Factory.h"
 
-CoolantMist::CoolantMist(CommandGroup* group, Factory* factory)
-    : WithWriter(factory->GetCoolanCom()) {
-    InitModalSyntax(nullptr, -1, group);
-}
+CoolantMist::CoolantMist(Factory* factory) : WithWriter(factory->GetCoolanCom()) {}
 
 CoolantMist::~CoolantMist() = default;
 

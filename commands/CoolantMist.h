@@ -4,13 +4,12 @@
 #include "commands/TechnologyCommand.h"
 #include "commands/WithWriter.h"
 
-class CommandGroup;
 class Factory;
 
 /// The coolant as mist.
 class CoolantMist final : public WithWriter<TechnologyCommand, ResCoolant> {
 public:
-    CoolantMist(CommandGroup* group, Factory* factory);
+    explicit CoolantMist(Factory* factory);
     ~CoolantMist() override;
 
     int Act() override;

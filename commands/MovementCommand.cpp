@@ -26,9 +26,13 @@ bool MovementCommand::TakeWords(char* line) {
     return found;
 }
 
-void MovementCommand::resolveEndPoint(gmVector3& point) const {
+bool MovementCommand::isIncrementalMode() const {
     Command* const type = m_status->GetMovTypeCom()->GetActiveCommand();
-    const bool isIncrementalMode = type != nullptr && type->GetStatus() == 0;
+    return type != nullptr && type->GetStatus() == 0;
+}
+
+void MovementCommand::resolveEndPoint(gmVector3& point) const {
+    const bool isIncremental = isIncrementalMode();
     const gmVector3 start = m_status->GetEndPosition();
     unsigned given = 0;
     for (int axis = 0; axis < 3; ++axis) {
@@ -41,7 +45,7 @@ void MovementCommand::resolveEndPoint(gmVector3& point) const {
             if (word == nullptr || word->GetNCLineStatus() != TRUE) {
                 continue;
             }
-            if (isIncrementalMode) {
+            if (isIncremental) {
                 word->SetIncStatus(TRUE);
             }
             isGiven = word->GetIncStatus() != TRUE;

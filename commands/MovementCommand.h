@@ -32,7 +32,7 @@ public:
     void InitIncXParm(Parameter* word) noexcept { m_axes[0].incremental = word; }
     void InitIncYParm(Parameter* word) noexcept { m_axes[1].incremental = word; }
     void InitIncZParm(Parameter* word) noexcept { m_axes[2].incremental = word; }
-    /// Gives the command the coordinate words and the axis mapping of another.
+    /// Has the coordinate words and the axis mapping of another movement.
     void MoveLike(const MovementCommand& other) noexcept {
         m_axes = other.m_axes;
         m_mapping = other.m_mapping;
@@ -60,6 +60,9 @@ protected:
     /// Sets the end point in program coordinates: the last end position, changed by the words
     /// found, which are thereby consumed.
     void resolveEndPoint(gmVector3& point) const;
+
+    /// Whether words without a mark of their own count from the last position.
+    [[nodiscard]] bool isIncrementalMode() const;
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     /// Gives the movement the tool axis to be told ahead of it, when one is asked for; once.

@@ -7,9 +7,8 @@
 
 #include <string_view>
 
-ThreadMovement::ThreadMovement(MachineStatus* status, CommandGroup* group, Factory* factory)
+ThreadMovement::ThreadMovement(MachineStatus* status, Factory* factory)
     : PathMovement(status), m_feedWriter(factory->GetFeedRaCom()) {
-    InitMovementSyntax(nullptr, -1, group, status);
     writer().SetStraight(factory->GetLinearCom());
     setRank(CommandRank::kTakesWords);
 }

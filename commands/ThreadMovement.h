@@ -13,7 +13,7 @@ class Factory;
 /// feed, the last pitch holds on until a feed is given.
 class ThreadMovement final : public PathMovement {
 public:
-    ThreadMovement(MachineStatus* status, CommandGroup* group, Factory* factory);
+    ThreadMovement(MachineStatus* status, Factory* factory);
     ~ThreadMovement() override;
 
     /// False when the factory had no memory for a writer: the command must not act then.

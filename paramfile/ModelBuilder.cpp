@@ -10,6 +10,7 @@
 #include "commands/MovTypeCom.h"
 #include "commands/RegularCommand.h"
 #include "commands/Spindle.h"
+#include "commands/WordCode.h"
 #include "driver/NCScan.h"
 #include "driver/returnCodes.h"
 #include "paramfile/readReals.h"
@@ -121,12 +122,6 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     return registerCommand(std::move(command));
 }
 
-CommandGroup* ModelBuilder::groupOf(ModalGroup group) const noexcept {
-    return Status().GetGroup(group);
-}
-
-void ModelBuilder::join(CommandGroup& group, Command* command) { group.NewCommand(command); }
-
 int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
                           std::unique_ptr<Command> command) {
     const WordCode code(value.text);
@@ -137,6 +132,16 @@ int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
     command->SetActionKind(kind);
     m_configured = command.get();
     return registerCommand(std::move(command));
+}
+
+void ModelBuilder::joinGroup(ModalCommand& member, ModalGroup group) {
+    member.JoinGroup(Status().GetGroup(group));
+    Status().GetGroup(group)->NewCommand(&member);
+}
+
+void ModelBuilder::joinMovements(MovementCommand& movement) {
+    joinGroup(movement, ModalGroup::kMovement);
+    m_laterMovements.push_back(&movement);
 }
 
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
@@ -177,13 +182,15 @@ void ModelBuilder::finishWords() {
 }
 
 int ModelBuilder::finishControl(Control& control) {
+    for (MovementCommand* const movement : m_laterMovements) {
+        movement->MoveLike(*m_commands.rapid);
+    }
+    control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
+                              m_commands.spindleCounterClockwise};
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
     control.words.feed = m_commands.feedPerMinute->GetSpeedParm();
     control.words.speed = m_commands.spindleClockwise->GetSpeedParm();
-    for (MovementCommand* const movement : m_furtherMovements) {
-        movement->MoveLike(*m_commands.rapid);
-    }
     control.writer.reset(GetFactory()->GetControlCom());
     control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
     if (control.writer == nullptr || !control.path.HasWriters()) {
@@ -261,5 +268,3 @@ DialectRules& ModelBuilder::Rules() const noexcept { return m_ncscan.Rules(); }
 Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
 
 int ModelBuilder::outOfMemory() noexcept { return kMemoryExhausted; }
-
-int ModelBuilder::keyValueUnknown() noexcept { return kKeyValueUnknown; }

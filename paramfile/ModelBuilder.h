@@ -3,7 +3,6 @@
 #include "commands/ActionKind.h"
 #include "commands/Command.h"
 #include "commands/ModalGroup.h"
-#include "commands/WordCode.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
@@ -11,18 +10,17 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
 class CircularMovement;
-class CommandGroup;
 class Control;
 class Coolant;
 class Factory;
 class FeedRate;
 class LinearMovement;
 class MachineStatus;
+class ModalCommand;
 class MovTypeCom;
 class MovementCommand;
 class NCScan;
@@ -103,27 +101,36 @@ public:
     int AddCode(const KeyValue& value, ActionKind kind, Arguments&&... arguments) {
         return addCode(value, kind, std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
     }
-    /// The same for a member of a modal group with writers of its own: it gets the group and the
-    /// factory as its last arguments. A movement has the words and the axes of the others.
+    /// The same for a movement command, which joins the group and moves like the others.
+    template<class Kind, class... Arguments>
+    int AddMovement(const KeyValue& value, Arguments&&... arguments) {
+        auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+        if constexpr (requires { command->HasWriter(); }) {
+            if (!command->HasWriter()) {
+                return outOfMemory();
+            }
+        }
+        MovementCommand& movement = *command;
+        const int code = addCode(value, ActionKind::kMovement, std::move(command));
+        if (code == 0) {
+            joinMovements(movement);
+        }
+        return code;
+    }
+    /// The same for a member of another modal group.
     template<class Kind, class... Arguments>
     int AddMember(const KeyValue& value, ActionKind kind, ModalGroup group,
                   Arguments&&... arguments) {
-        CommandGroup* const members = groupOf(group);
-        auto made =
-            std::make_unique<Kind>(std::forward<Arguments>(arguments)..., members, GetFactory());
-        if (!made->HasWriter()) {
+        auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+        if (!command->HasWriter()) {
             return outOfMemory();
         }
-        Kind* const command = made.get();
-        const int code = addCode(value, kind, std::move(made));
-        if (code != 0) {
-            return code;
+        ModalCommand& member = *command;
+        const int code = addCode(value, kind, std::move(command));
+        if (code == 0) {
+            joinGroup(member, group);
         }
-        join(*members, command);
-        if constexpr (std::is_base_of_v<MovementCommand, Kind>) {
-            m_furtherMovements.push_back(command);
-        }
-        return 0;
+        return code;
     }
     /// The control of the dialect, which the first key that asks for it makes.
     [[nodiscard]] Control& GetControl() const;
@@ -147,10 +154,9 @@ public:
 
 private:
     [[nodiscard]] static int outOfMemory() noexcept;
-    [[nodiscard]] static int keyValueUnknown() noexcept;
-    [[nodiscard]] CommandGroup* groupOf(ModalGroup group) const noexcept;
-    static void join(CommandGroup& group, Command* command);
     int addCode(const KeyValue& value, ActionKind kind, std::unique_ptr<Command> command);
+    void joinMovements(MovementCommand& movement);
+    void joinGroup(ModalCommand& member, ModalGroup group);
     int registerCommand(std::unique_ptr<Command> command);
     void finishWords();
     int finishControl(Control& control);
@@ -162,8 +168,8 @@ private:
     DialectSettings m_settings;
     std::string m_linearTolerance; // empty: the default
     bool m_splitsCircle = false;
-    std::vector<MovementCommand*> m_furtherMovements; // owned by the command registry
     bool m_isLathe = false;
+    std::vector<MovementCommand*> m_laterMovements; // not owned
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;
 };

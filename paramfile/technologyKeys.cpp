@@ -41,13 +41,13 @@ void stopOptionally(Control& control) { control.writer->WriteStop(true); }
 void endCompensation(Control& control) { control.writer->WriteCompensationOff(); }
 
 int mist(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddMember<CoolantMist>(value, ActionKind::kCoolant, ModalGroup::kCoolant);
+    return builder.AddMember<CoolantMist>(value, ActionKind::kCoolant, ModalGroup::kCoolant,
+                                          builder.GetFactory());
 }
 
 int thread(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     (void)builder.GetControl();
-    return builder.AddMember<ThreadMovement>(value, ActionKind::kMovement, ModalGroup::kMovement,
-                                             &builder.Status());
+    return builder.AddMovement<ThreadMovement>(value, &builder.Status(), builder.GetFactory());
 }
 
 template<WordList ControlWords::*List>

@@ -62,6 +62,8 @@ TEST(Control, Arcs) { expectRows("arcs"); }
 
 TEST(Control, Order) { expectRows("order"); }
 
+TEST(Control, Cycles) { expectRows("cycles"); }
+
 TEST(Control, Technology) { expectRows("technology"); }
 
 } // namespace
