@@ -24,6 +24,8 @@ void Control::BeginBlock() noexcept {
     movesInMachine = false;
     polar.ForgetWords();
     m_hasMovementCommand = false;
+    hasDwell = false;
+    speedWaits = false;
 }
 
 int Control::Perform(Command& command) {
@@ -246,8 +248,16 @@ bool Control::isRound(const Sweep& sweep) {
 }
 
 void Control::SwitchUnits(bool isInch) {
+    const bool wasInch = units.IsInch();
     const double factor = units.Switch(isInch);
     if (factor != 1.0) {
+        if (isCuttingSpeed) {
+            m_status.InitSpindleSpeed(m_status.GetSpindleSpeed() *
+                                      LengthUnits::CuttingSpeedFactor(wasInch, isInch));
+        }
+        if (pitch) {
+            *pitch *= factor;
+        }
         const gmVector3 end = m_status.GetEndPosition() * factor;
         m_status.InitEndPosition(end[0], end[1], end[2]);
         m_status.InitFeedRateSpeed(m_status.GetFeedRateSpeed() * factor);
@@ -262,6 +272,14 @@ void Control::WriteUnits() {
     if (tellsUnits && isRunning && units.SettleOutput()) {
         writer->WriteUnits(units.IsOutputInch());
     }
+}
+
+int Control::LimitSpeed(double limit) {
+    if (!(limit > 0.0)) {
+        return Refuse(kBlockRefused, "a limit of the speed is not above 0");
+    }
+    writer->WriteSpeedLimit(limit);
+    return 0;
 }
 
 int Control::Refuse(int code, std::string reason) {

@@ -57,6 +57,13 @@ public:
     DiameterMode diameter;
     PolarCoordinates polar;
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
+    bool isCuttingSpeed = false; ///< the number of the speed is m/min or ft/min, not rev/min
+    /// Of threads whose pitch is the word of the feed, until that gives a feed again.
+    std::optional<double> pitch;
+
+    // Of the block at hand.
+    bool hasDwell = false;
+    bool speedWaits = false; ///< it or its mode is to be told, unless a spindle code does
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
@@ -74,8 +81,9 @@ public:
     int NoteMovementCommand();
     /// Whether a movement code moves though no word with it says where to.
     [[nodiscard]] bool MovesWithoutWords() const noexcept {
-        return !computesArcs && !m_axisWordsAreTaken;
+        return !computesArcs && !m_axisWordsAreTaken && !hasDwell;
     }
+    [[nodiscard]] bool HasMovementCommand() const noexcept { return m_hasMovementCommand; }
 
     /// A point of the program, as its words give it, as lengths without diameters.
     [[nodiscard]] gmVector3 ToLengths(const gmVector3& point, const AxisMapping& mapping) const;
@@ -134,6 +142,9 @@ public:
     void SwitchUnits(bool isInch);
     /// Tells the unit of the output, unless that was done.
     void WriteUnits();
+
+    /// Tells the highest speed of the spindle, rev/min. Returns 0 or the code of a refusal.
+    int LimitSpeed(double limit);
 
     /// Keeps the reason and returns the code.
     int Refuse(int code, std::string reason);

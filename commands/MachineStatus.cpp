@@ -8,6 +8,9 @@ MachineStatus::MachineStatus() noexcept = default;
 MachineStatus::~MachineStatus() = default;
 
 int MachineStatus::scanNC(char* line) {
+    if (m_control != nullptr) {
+        claimWords(line);
+    }
     if (const int code = computeGroups(0, kFirstOfTrimmedBlock, line); code != 0) {
         return code;
     }
@@ -23,6 +26,12 @@ Control& MachineStatus::MakeControl() {
         m_control = std::make_unique<Control>(*this);
     }
     return *m_control;
+}
+
+void MachineStatus::claimWords(char* line) {
+    if (Command* const movement = GetMovementCom()->GetActiveCommand()) {
+        movement->ClaimWords(line);
+    }
 }
 
 int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {
