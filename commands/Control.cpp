@@ -148,7 +148,7 @@ int Control::CheckKnown(const gmVector3& point) {
 }
 
 int Control::CheckFeed(const Movement& movement) {
-    return forgetsFeed && movement.rapid != TRUE && movement.needsFeed &&
+    return isStrict && movement.rapid != TRUE && movement.needsFeed &&
                    m_status.GetFeedRateSpeed() == 0.0
                ? Refuse(kBlockRefused, "a feed movement has no feed")
                : 0;

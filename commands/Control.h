@@ -35,7 +35,9 @@ public:
     ArcTolerance arcTolerance;
     bool computesArcs = false;   ///< as controls do, with planes; else as the block says
     bool centreIsRadius = false; ///< the centre word of a diameter axis is a radius
-    bool forgetsFeed = false;    ///< a change of the feed mode leaves no feed, and none is an error
+    /// Of the family whose order stops first: a code of the feed mode leaves no feed, none is an
+    /// error, and so are other blocks that further families forgive.
+    bool isStrict = false;
     bool hasStages = false;      ///< movements pass them; else they are written as described
     bool tellsUnits = false;     ///< the output says in which unit it is
     bool hasThousandths = false; ///< a factor of scaling without a decimal point counts them

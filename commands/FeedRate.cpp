@@ -20,7 +20,7 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
 // On some controls the feed ends with its mode, even where the same one begins.
 void FeedRate::InitStatus(char* line) {
     const Control* const control = status().GetControl();
-    if (control != nullptr && control->forgetsFeed) {
+    if (control != nullptr && control->isStrict) {
         status().InitFeedRateSpeed(0.0);
     }
     TechnologyCommand::InitStatus(line);

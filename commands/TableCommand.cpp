@@ -31,7 +31,7 @@ void TableCommand::takeWords(char* line) {
 
 int TableCommand::Act() {
     if (!m_kind) {
-        return 0;
+        return control().isStrict ? control().Refuse(kBlockRefused, "a table has no kind") : 0;
     }
     if (!isWhole(*m_kind)) {
         return control().Refuse(kBlockRefused, "the kind of a table is no whole number");

@@ -186,7 +186,7 @@ int ModelBuilder::finishControl(Control& control) {
     for (MovementCommand* const movement : m_laterMovements) {
         movement->MoveLike(*m_commands.rapid);
     }
-    if (m_areCyclesStrict.value_or(control.forgetsFeed)) {
+    if (m_areCyclesStrict.value_or(control.isStrict)) {
         beginWithoutMovement(control);
     }
     control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
