@@ -43,7 +43,9 @@ bool CircularMovement::TakeWords(char* line) {
 
 int CircularMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
-    resolveEndPoint(movement.end);
+    if (const int code = resolveEndPoint(movement.end); code != 0) {
+        return code;
+    }
     if (Control* const control = status().GetControl();
         control != nullptr && control->computesArcs) {
         movement.arc.reset();
@@ -62,6 +64,11 @@ int CircularMovement::makeMovement(Movement& movement) {
 
 // An arc is round in lengths: a diameter is no coordinate of it.
 int CircularMovement::makeSweep(Control& control, Movement& movement) const {
+    for (const gmVector3& point : {movement.start, movement.end}) {
+        if (const int code = control.CheckKnown(point); code != 0) {
+            return code;
+        }
+    }
     ArcRequest request{
         .start = control.ToLengths(movement.start, Mapping()),
         .end = control.ToLengths(movement.end, Mapping()),

@@ -21,6 +21,11 @@ struct ControlWords {
     WordList speedLimit;
     WordList compensationRegister;
     WordList threadPitch;
+    WordList tableKind;
+    WordList tableNumber;
+    WordList tableAngle;
+    WordList frameAngle;
+    WordList frameFactor;
 
     /// Takes the word of the speed out of the block, with its value.
     [[nodiscard]] std::optional<double> TakeSpeed(char* line, MachineStatus& status) const;

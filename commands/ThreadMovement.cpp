@@ -45,8 +45,7 @@ int ThreadMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
     movement.arc.reset();
     movement.needsFeed = false;
-    resolveEndPoint(movement.end);
-    return 0;
+    return resolveEndPoint(movement.end);
 }
 
 int ThreadMovement::Act() {

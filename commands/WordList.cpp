@@ -7,6 +7,11 @@ std::optional<double> WordList::Take(char* line, MachineStatus& status) const {
     return word == nullptr ? std::nullopt : std::optional(word->GetValue());
 }
 
+std::optional<AxisValue> WordList::TakeValue(char* line, MachineStatus& status) const {
+    Parameter* const word = TakeWord(line, status);
+    return word == nullptr ? std::nullopt : std::optional(valueOf(*word));
+}
+
 Parameter* WordList::TakeWord(char* line, MachineStatus& status) const {
     for (Parameter* const word : m_words) {
         if (word->scanNC(line, &status) == 1) {

@@ -222,6 +222,7 @@ int NCScan::runBlocks(BlockSource& source) {
             return code;
         }
         if (rules.endStops && hasEnded()) {
+            noteHeld();
             return 0;
         }
     }
@@ -229,7 +230,15 @@ int NCScan::runBlocks(BlockSource& source) {
         KeepFailure(source.LastFailure());
         return code;
     }
+    noteHeld();
     return 0;
+}
+
+void NCScan::noteHeld() noexcept {
+    const Control* const control = m_model->status.GetControl();
+    if (control != nullptr && control->HoldsRapid()) {
+        m_report.Note(Oddity::kHeldRapid, block());
+    }
 }
 
 void NCScan::keepRefusal() {
@@ -368,6 +377,7 @@ void NCScan::passNotes() {
     constexpr std::pair<BlockNote, Oddity> kNotes[] = {
         {BlockNote::kAxisNotGiven, Oddity::kAxisNotGiven},
         {BlockNote::kUnknownOrigin, Oddity::kUnknownOrigin},
+        {BlockNote::kUnknownPlace, Oddity::kUnknownPlace},
         {BlockNote::kCompensation, Oddity::kCompensation},
     };
     for (const auto& [note, oddity] : kNotes) {

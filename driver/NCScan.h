@@ -129,6 +129,7 @@ private:
     [[nodiscard]] RestContext restContext() const noexcept;
     void warnOfRest(const RestContext& context) noexcept;
     void passNotes();
+    void noteHeld() noexcept;
     void warnOfTwoMovements();
     void warnIfArcWithoutCentre() noexcept;
     void warnOfArcShape() noexcept;

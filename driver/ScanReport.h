@@ -24,6 +24,8 @@ enum class Oddity : std::size_t {
     kComputes,      ///< a block of a program that computes, read by a dialect that does not
     kAxisNotGiven,  ///< a movement before every axis was given: 0 is taken for the others
     kUnknownOrigin, ///< a work offset of which nobody says where it lies
+    kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
+    kHeldRapid,     ///< a rapid movement that was never written, since an axis is unknown
     kCompensation,  ///< a radius compensation: the path is the programmed contour
     kCount
 };
