@@ -13,11 +13,6 @@ struct ControlWords {
     WordList radius;
     WordList turnsBegun;
     WordList turnsMore;
-    WordList tableKind;
-    WordList tableNumber;
-    WordList tableAngle;
-    WordList frameAngle;
-    WordList frameFactor;
     Parameter* feed = nullptr;  ///< null where the dialect has none
     Parameter* speed = nullptr; ///< likewise
     WordList dwellSeconds;
@@ -26,6 +21,11 @@ struct ControlWords {
     WordList speedLimit;
     WordList compensationRegister;
     WordList threadPitch;
+    WordList tableKind;
+    WordList tableNumber;
+    WordList tableAngle;
+    WordList frameAngle;
+    WordList frameFactor;
 
     /// Takes the word of the speed out of the block, with its value.
     [[nodiscard]] std::optional<double> TakeSpeed(char* line, MachineStatus& status) const;
