@@ -17,6 +17,7 @@ constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
 void Control::BeginBlock() noexcept {
     actions.Clear();
     m_axisWordsAreTaken = false;
+    m_axisWordsAreTakenTwice = false;
     movesInMachine = false;
     polar.ForgetWords();
     m_hasMovementCommand = false;
@@ -32,7 +33,7 @@ int Control::Perform(Command& command) {
 
 // A movement code in front of the command may have found the words already.
 AxisValues Control::TakeAxisWords(char* line) {
-    m_axisWordsAreTaken = true;
+    m_axisWordsAreTakenTwice |= std::exchange(m_axisWordsAreTaken, true);
     for (const auto& [incremental, absolute] : words.axes) {
         for (Parameter* const word : {incremental, absolute}) {
             if (word != nullptr && word->GetNCLineStatus() != TRUE) {
@@ -43,10 +44,19 @@ AxisValues Control::TakeAxisWords(char* line) {
     return takeFound(words.axes);
 }
 
-int Control::NoteMovementCommand() {
-    return computesArcs && std::exchange(m_hasMovementCommand, true)
-               ? Refuse(kBlockRefused, "two movement codes stand in one block")
+int Control::CheckAxisWords() {
+    const bool areUsedTwice =
+        m_axisWordsAreTakenTwice || (m_axisWordsAreTaken && m_hasMovementCommand);
+    return areUsedTwice && actions.Order() == ExecutionOrder::kOffFirst
+               ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
                : 0;
+}
+
+int Control::NoteMovementCommand() {
+    if (std::exchange(m_hasMovementCommand, true) && computesArcs) {
+        return Refuse(kBlockRefused, "two movement codes stand in one block");
+    }
+    return CheckAxisWords();
 }
 
 double Control::lengthFactor(const AxisMapping& mapping, AxisMapping::Axis axis) const noexcept {

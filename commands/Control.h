@@ -65,6 +65,8 @@ public:
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
+    /// Refuses a block of which two codes use the axis words, where the control does.
+    int CheckAxisWords();
     [[nodiscard]] bool AreAxisWordsTaken() const noexcept { return m_axisWordsAreTaken; }
     /// The movement command of the block has a word; a second one in a block is refused.
     int NoteMovementCommand();
@@ -148,5 +150,6 @@ private:
     AxisKnowledge m_knowledge;
     std::string m_reason;
     bool m_axisWordsAreTaken = false;
+    bool m_axisWordsAreTakenTwice = false;
     bool m_hasMovementCommand = false;
 };

@@ -1,9 +1,12 @@
 #include "commands/ControlCommand.h"
 
+#include "commands/Control.h"
+
 ControlCommand::~ControlCommand() = default;
 
 void ControlCommand::InitStatus(char* line) {
     takeWords(line);
-    keepCode(perform());
+    const int code = m_control.CheckAxisWords();
+    keepCode(code != 0 ? code : perform());
     SetNCLineStatus(FALSE);
 }

@@ -85,12 +85,49 @@ REV_INCH
 G20
 REV_METRIC
 G21
-# Without effect on the path: no radius compensation, the first zero, how corners are taken, the end
+# Zero systems in their order, tables of them, and shifts over them.
+REV_ZERO_SYSTEM
+G54
+REV_ZERO_SYSTEM
+G55
+REV_ZERO_SYSTEM
+G56
+REV_ZERO_SYSTEM
+G57
+REV_ZERO_SYSTEM
+G58
+REV_ZERO_SYSTEM
+G59
+REV_ZERO_SYSTEM
+G59.1
+REV_ZERO_SYSTEM
+G59.2
+REV_ZERO_SYSTEM
+G59.3
+REV_TABLE
+G10
+REV_SHIFT_SET
+G92
+REV_SHIFT_LOCAL
+G52
+REV_SHIFT_CANCEL
+G92.1
+REV_SHIFT_SUSPEND
+G92.2
+REV_SHIFT_RESTORE
+G92.3
+# Coordinates of the machine, and its reference points. Say with REV_MACHINE_ZERO where machine zero
+# lies.
+REV_MACHINE_COORDINATES
+G53
+REV_REFERENCE_POINT
+G28
+REV_REFERENCE_POINT_2
+G30
+# Without effect on the path: no radius compensation, how corners are taken, the end
 # and the return height of cycles.
 REV_NO_EFFECT
 G40
-REV_NO_EFFECT
-G54
 REV_NO_EFFECT
 G61
 REV_NO_EFFECT
@@ -153,7 +190,7 @@ D
 REV_NO_EFFECT_WORD
 H
 # What changes the path, or what F and S mean, and is not followed: tilted planes, splines,
-# diameters, tables and origins,
+# diameters,
 REV_NOT_CONVERTED
 G17.1
 REV_NOT_CONVERTED
@@ -170,43 +207,9 @@ REV_NOT_CONVERTED
 G5.3
 REV_NOT_CONVERTED
 G7
-REV_NOT_CONVERTED
-G10
-REV_NOT_CONVERTED
-G52
-REV_NOT_CONVERTED
-G53
-REV_NOT_CONVERTED
-G55
-REV_NOT_CONVERTED
-G56
-REV_NOT_CONVERTED
-G57
-REV_NOT_CONVERTED
-G58
-REV_NOT_CONVERTED
-G59
-REV_NOT_CONVERTED
-G59.1
-REV_NOT_CONVERTED
-G59.2
-REV_NOT_CONVERTED
-G59.3
-REV_NOT_CONVERTED
-G92
-REV_NOT_CONVERTED
-G92.1
-REV_NOT_CONVERTED
-G92.2
-REV_NOT_CONVERTED
-G92.3
-# reference points, threads, contacts, compensations,
-REV_NOT_CONVERTED
-G28
+# where reference points lie, threads, contacts, compensations,
 REV_NOT_CONVERTED
 G28.1
-REV_NOT_CONVERTED
-G30
 REV_NOT_CONVERTED
 G30.1
 REV_NOT_CONVERTED
@@ -338,6 +341,19 @@ CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR
 T
+# Words of tables.
+REV_TABLE_KIND
+L
+1
+M5.5
+REV_TABLE_NUMBER
+P
+1
+M5.5
+REV_TABLE_ANGLE
+R
+1
+M5.5
 # Words of arcs.
 REV_CIRCLE_RADIUS
 R
