@@ -1,5 +1,6 @@
 #include "commands/Control.h"
 
+#include "commands/Command.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/withoutNoise.h"
@@ -16,6 +17,7 @@ constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
 
 void Control::BeginBlock() noexcept {
     actions.Clear();
+    beforeMovement.Clear();
     m_axisWordsAreTaken = false;
     m_axisWordsAreTakenTwice = false;
     movesInMachine = false;
@@ -42,6 +44,11 @@ AxisValues Control::TakeAxisWords(char* line) {
         }
     }
     return takeFound(words.axes);
+}
+
+bool Control::NeedsModes(const Command& command) const noexcept {
+    const ActionKind kind = command.GetActionKind();
+    return !actions.IsInUse() && (kind == ActionKind::kShift || kind == ActionKind::kZeroSystem);
 }
 
 int Control::CheckAxisWords() {

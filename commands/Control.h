@@ -48,6 +48,7 @@ public:
 
     // What the program changes.
     ActionQueue actions;
+    ActionQueue beforeMovement; ///< those that wait in a dialect without an order of acting
     Plane plane = Plane::kXY;
     std::optional<bool> centresAreAbsolute; ///< none: as the words' own addresses say
     CoordinateSystem coordinates;
@@ -65,6 +66,8 @@ public:
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
+    /// Whether the command has to wait for the modes of its block although nothing else waits.
+    [[nodiscard]] bool NeedsModes(const Command& command) const noexcept;
     /// Refuses a block of which two codes use the axis words, where the control does.
     int CheckAxisWords();
     [[nodiscard]] bool AreAxisWordsTaken() const noexcept { return m_axisWordsAreTaken; }

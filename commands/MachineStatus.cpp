@@ -8,6 +8,9 @@ MachineStatus::MachineStatus() noexcept = default;
 MachineStatus::~MachineStatus() = default;
 
 int MachineStatus::scanNC(char* line) {
+    if (const int code = m_control == nullptr ? 0 : m_control->beforeMovement.Run(); code != 0) {
+        return code;
+    }
     if (const int code = computeGroups(0, kFirstOfTrimmedBlock, line); code != 0) {
         return code;
     }
