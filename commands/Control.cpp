@@ -15,6 +15,10 @@ constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
 
 } // namespace
 
+bool Control::IsCycleActive() const {
+    return cycles.Has(m_status.GetMovementCom()->GetActiveCommand());
+}
+
 void Control::BeginBlock() noexcept {
     actions.Clear();
     beforeMovement.Clear();

@@ -7,6 +7,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleMode.h"
 #include "commands/DiameterMode.h"
 #include "commands/LengthUnits.h"
 #include "commands/PathWriter.h"
@@ -53,10 +54,13 @@ public:
     std::optional<bool> centresAreAbsolute; ///< none: as the words' own addresses say
     CoordinateSystem coordinates;
     LengthUnits units;
+    CycleMode cycles;
     DiameterMode diameter;
     PolarCoordinates polar;
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
 
+    /// Whether a cycle is the active movement.
+    [[nodiscard]] bool IsCycleActive() const;
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 

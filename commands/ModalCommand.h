@@ -16,6 +16,8 @@ public:
 
     /// InitSyntax, and remembers the group. Joining the group's list is the creator's business.
     void InitModalSyntax(const char* syntax, const int& number, CommandGroup* group) noexcept;
+    /// Remembers the group alone.
+    void JoinGroup(CommandGroup* group) noexcept { m_group = group; }
     /// Makes this command the active one of its group, if it has one.
     void InitActiveCommand() noexcept;
 

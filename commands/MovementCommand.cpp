@@ -45,9 +45,13 @@ int MovementCommand::resolveWith(Control& control, gmVector3& point) const {
     return control.ResolvePoint(values, point);
 }
 
-int MovementCommand::resolveEndPoint(gmVector3& point) const {
+bool MovementCommand::isIncrementalMode() const {
     Command* const type = m_status->GetMovTypeCom()->GetActiveCommand();
-    const bool isIncrementalMode = type != nullptr && type->GetStatus() == 0;
+    return type != nullptr && type->GetStatus() == 0;
+}
+
+int MovementCommand::resolveEndPoint(gmVector3& point) const {
+    const bool isIncremental = isIncrementalMode();
     const gmVector3 start = m_status->GetEndPosition();
     if (Control* const control = m_status->GetControl();
         control != nullptr && control->ReadsPoints()) {
@@ -65,7 +69,7 @@ int MovementCommand::resolveEndPoint(gmVector3& point) const {
             if (word == nullptr || word->GetNCLineStatus() != TRUE) {
                 continue;
             }
-            if (isIncrementalMode) {
+            if (isIncremental) {
                 word->SetIncStatus(TRUE);
             }
             isGiven = word->GetIncStatus() != TRUE;

@@ -33,6 +33,11 @@ public:
     void InitIncXParm(Parameter* word) noexcept { m_axes[0].incremental = word; }
     void InitIncYParm(Parameter* word) noexcept { m_axes[1].incremental = word; }
     void InitIncZParm(Parameter* word) noexcept { m_axes[2].incremental = word; }
+    /// Has the coordinate words and the axis mapping of another movement.
+    void MoveLike(const MovementCommand& other) noexcept {
+        m_axes = other.m_axes;
+        m_mapping = other.m_mapping;
+    }
     [[nodiscard]] const std::array<AxisWords, 3>& Axes() const noexcept { return m_axes; }
 
     /// Axis factor and assignment from a text of the parameter file; see AxisMapping::SetDivisor.
@@ -59,6 +64,9 @@ protected:
     [[nodiscard]] int resolveEndPoint(gmVector3& point) const;
     /// Whether the movement can be one in coordinates of the machine.
     [[nodiscard]] virtual bool canMoveInMachine() const noexcept { return false; }
+
+    /// Whether words without a mark of their own count from the last position.
+    [[nodiscard]] bool isIncrementalMode() const;
 
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     /// Gives the movement the tool axis to be told ahead of it, when one is asked for; once.

@@ -28,8 +28,9 @@ protected:
 
 private:
     /// What the words taken from the block ask for, in program coordinates; they are consumed.
-    /// Start, tool axis and feed are there. Returns 0 or the code of a refusal.
-    virtual int makeMovement(Movement& movement) = 0;
+    /// Start, tool axis and feed are there. Returns 0 or the code of a refusal. Not for a command
+    /// that makes several movements: it has an Act of its own.
+    virtual int makeMovement(Movement& /*movement*/) { return 0; }
     void passStages(Movement& movement) const;
     void begin();
     int write();

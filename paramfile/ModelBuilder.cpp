@@ -4,12 +4,14 @@
 #include "commands/CircularMovement.h"
 #include "commands/Control.h"
 #include "commands/Coolant.h"
+#include "commands/CycleEnd.h"
 #include "commands/EndCommand.h"
 #include "commands/FeedRate.h"
 #include "commands/LinearMovement.h"
 #include "commands/MovTypeCom.h"
 #include "commands/RegularCommand.h"
 #include "commands/Spindle.h"
+#include "commands/WordCode.h"
 #include "driver/NCScan.h"
 #include "driver/returnCodes.h"
 #include "paramfile/readReals.h"
@@ -121,6 +123,24 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
     return registerCommand(std::move(command));
 }
 
+int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
+                          std::unique_ptr<Command> command) {
+    const WordCode code(value.text);
+    if (!code.HasLetters()) {
+        return kKeyValueUnknown;
+    }
+    command->InitCode(code);
+    command->SetActionKind(kind);
+    m_configured = command.get();
+    return registerCommand(std::move(command));
+}
+
+void ModelBuilder::joinMovements(MovementCommand& movement) {
+    movement.JoinGroup(Status().GetMovementCom());
+    Status().GetMovementCom()->NewCommand(&movement);
+    m_laterMovements.push_back(&movement);
+}
+
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
     if (command->GetSyntaxString() == nullptr) {
         return kMemoryExhausted;
@@ -159,6 +179,14 @@ void ModelBuilder::finishWords() {
 }
 
 int ModelBuilder::finishControl(Control& control) {
+    for (MovementCommand* const movement : m_laterMovements) {
+        movement->MoveLike(*m_commands.rapid);
+    }
+    if (m_areCyclesStrict.value_or(control.forgetsFeed)) {
+        beginWithoutMovement(control);
+    }
+    control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
+                              m_commands.spindleCounterClockwise};
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
     control.axisMapping = &m_commands.rapid->Mapping();
@@ -188,6 +216,16 @@ int ModelBuilder::finishControl(Control& control) {
         control.path.SetArcNormal(MovementCommand::GetTLAXISdirection());
     }
     return control.computesArcs ? finishArcs(control) : 0;
+}
+
+// The command has no text, so that no block holds it.
+void ModelBuilder::beginWithoutMovement(Control& control) {
+    control.cycles.rules.isStrict = true;
+    auto none = std::make_unique<CycleEnd>(control, Status());
+    none->MarkAsBuiltIn();
+    none->MoveLike(*m_commands.rapid);
+    Status().GetMovementCom()->SetActiveCommand(none.get());
+    m_ncscan.Availablecommands().NewCommand(none.release());
 }
 
 int ModelBuilder::finishArcs(Control& control) {
@@ -260,5 +298,3 @@ DialectRules& ModelBuilder::Rules() const noexcept { return m_ncscan.Rules(); }
 Factory* ModelBuilder::GetFactory() const noexcept { return m_ncscan.GetOutputFactory(); }
 
 int ModelBuilder::outOfMemory() noexcept { return kMemoryExhausted; }
-
-int ModelBuilder::keyValueUnknown() noexcept { return kKeyValueUnknown; }

@@ -2,15 +2,16 @@
 
 #include "commands/ActionKind.h"
 #include "commands/Command.h"
-#include "commands/WordCode.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 class CircularMovement;
 class Control;
@@ -97,15 +98,18 @@ public:
     /// registers it. Returns 308 for a value that is no code.
     template<class Kind, class... Arguments>
     int AddCode(const KeyValue& value, ActionKind kind, Arguments&&... arguments) {
-        const WordCode code(value.text);
-        if (!code.HasLetters()) {
-            return keyValueUnknown();
-        }
+        return addCode(value, kind, std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
+    }
+    /// The same for a movement command, which joins the group and moves like the others.
+    template<class Kind, class... Arguments>
+    int AddMovement(const KeyValue& value, Arguments&&... arguments) {
         auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
-        command->InitCode(code);
-        command->SetActionKind(kind);
-        m_configured = command.get();
-        return registerCommand(std::move(command));
+        MovementCommand& movement = *command;
+        const int code = addCode(value, ActionKind::kMovement, std::move(command));
+        if (code == 0) {
+            joinMovements(movement);
+        }
+        return code;
     }
     /// The control of the dialect, which the first key that asks for it makes.
     [[nodiscard]] Control& GetControl() const;
@@ -113,6 +117,7 @@ public:
     [[nodiscard]] Control& GetStages() const;
     /// Kept until all keys are read.
     void SetLinearTolerance(std::string text) { m_linearTolerance = std::move(text); }
+    void SetStrictCycles(bool areStrict) noexcept { m_areCyclesStrict = areStrict; }
     void SetSplitCircle(bool splits) noexcept { m_splitsCircle = splits; }
     void SetHome(int axis, std::string text) {
         m_home.at(static_cast<std::size_t>(axis)) = std::move(text);
@@ -133,11 +138,13 @@ public:
 
 private:
     [[nodiscard]] static int outOfMemory() noexcept;
-    [[nodiscard]] static int keyValueUnknown() noexcept;
+    int addCode(const KeyValue& value, ActionKind kind, std::unique_ptr<Command> command);
+    void joinMovements(MovementCommand& movement);
     int registerCommand(std::unique_ptr<Command> command);
     void finishWords();
     int finishControl(Control& control);
     int finishArcs(Control& control);
+    void beginWithoutMovement(Control& control);
     int finishHome(Control& control);
 
     NCScan& m_ncscan;
@@ -148,7 +155,9 @@ private:
     std::array<std::string, 3> m_home; // empty: 0
     bool m_hasReferencePoints = false;
     bool m_splitsCircle = false;
+    std::optional<bool> m_areCyclesStrict; // none: as the order of acting says
     bool m_isLathe = false;
+    std::vector<MovementCommand*> m_laterMovements; // not owned
     const Command* m_configured = nullptr;
     Parameter* m_addedWord = nullptr;
 };

@@ -64,6 +64,8 @@ TEST(Control, Coordinates) { expectRows("coordinates"); }
 
 TEST(Control, Order) { expectRows("order"); }
 
+TEST(Control, Cycles) { expectRows("cycles"); }
+
 TEST(Control, Technology) { expectRows("technology"); }
 
 } // namespace

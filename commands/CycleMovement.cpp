@@ -1,0 +1,136 @@
+#include "commands/CycleMovement.h"
+
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double kMostPecks = 10'000'000.0; // of one block; more are a mistake
+
+} // namespace
+
+CycleMovement::CycleMovement(Control& control, MachineStatus& status) noexcept
+    : PathMovement(&status), m_control(control) {}
+
+CycleMovement::~CycleMovement() = default;
+
+int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbers,
+                                double repeats) {
+    if (!(numbers.clearance >= numbers.depth)) {
+        return m_control.Refuse(kBlockRefused, "the clearance of the cycle lies below its depth");
+    }
+    const double least = std::min(numbers.firstPeck, numbers.peck);
+    if (kind.hasPeck && !(least > 0.0)) {
+        return m_control.Refuse(kBlockRefused, "the cycle has no peck above 0");
+    }
+    const double pecks = kind.hasPeck ? (numbers.clearance - numbers.depth) / least + 1.0 : 1.0;
+    return pecks * repeats <= kMostPecks
+               ? 0
+               : m_control.Refuse(kBlockRefused, "the cycle has too many pecks or repeats");
+}
+
+int CycleMovement::walk(const CycleKind& kind, const CycleNumbers& numbers) {
+    for (const CycleStep next : kind.steps) {
+        if (const int code = step(next, kind, numbers); code != 0) {
+            return code;
+        }
+    }
+    return 0;
+}
+
+int CycleMovement::step(CycleStep step, const CycleKind& kind, const CycleNumbers& numbers) {
+    switch (step) {
+    case CycleStep::kFeedDown:
+        return toHeight(FALSE, numbers.depth);
+    case CycleStep::kPeckOut:
+        return peck(numbers, true);
+    case CycleStep::kPeckBack:
+        return peck(numbers, false);
+    case CycleStep::kDwell:
+        return dwell(numbers);
+    case CycleStep::kStop:
+        return turningSpindle() == nullptr ? 0 : m_control.cycles.spindle.stop->Act();
+    case CycleStep::kTurnBack:
+        return turn(kind.turning, true);
+    case CycleStep::kTurnAgain:
+        return turn(kind.turning, false);
+    case CycleStep::kShift:
+        return shift(numbers.shift);
+    case CycleStep::kShiftBack:
+        return shift(-numbers.shift);
+    case CycleStep::kFeedOut:
+        return toHeight(FALSE,
+                        m_control.cycles.rules.feedsToReturn ? numbers.back : numbers.clearance);
+    case CycleStep::kFeedToClearance:
+        return toHeight(FALSE, numbers.clearance);
+    case CycleStep::kReturn:
+        return toHeight(TRUE, numbers.back);
+    }
+    return 0;
+}
+
+// The depths are counted down one from the other, as controls do: where pecks end at the depth but
+// for noise, there may be one more.
+int CycleMovement::peck(const CycleNumbers& numbers, bool goesOut) {
+    double depth = numbers.clearance - numbers.firstPeck;
+    int code = 0;
+    for (; code == 0 && depth > numbers.depth; depth -= numbers.peck) {
+        code = toHeight(FALSE, depth);
+        code = code != 0 ? code : dwell(numbers);
+        code = code != 0 || !goesOut ? code : toHeight(TRUE, numbers.clearance);
+        code = code != 0 ? code : toHeight(TRUE, depth + numbers.lift);
+    }
+    code = code != 0 ? code : toHeight(FALSE, numbers.depth);
+    return code != 0 ? code : dwell(numbers);
+}
+
+int CycleMovement::dwell(const CycleNumbers& numbers) {
+    if (numbers.dwell) {
+        m_control.writer->WriteDelay(*numbers.dwell);
+    }
+    return 0;
+}
+
+int CycleMovement::shift(double length) {
+    const int axis = axesOf(m_control.plane).first;
+    return goAlong(TRUE, axis, status().GetEndPosition()[axis] + length);
+}
+
+int CycleMovement::turn(CycleTurning turning, bool isBack) {
+    const CycleSpindle& spindle = m_control.cycles.spindle;
+    Command* command = turningSpindle();
+    if (turning == CycleTurning::kClockwise) {
+        command = isBack ? spindle.counterClockwise : spindle.clockwise;
+    } else if (turning == CycleTurning::kCounterClockwise) {
+        command = isBack ? spindle.clockwise : spindle.counterClockwise;
+    }
+    return command == nullptr ? 0 : command->Act();
+}
+
+int CycleMovement::goTo(Boolean rapid, const gmVector3& point) {
+    const gmVector3 now = status().GetEndPosition();
+    const bool isThere = now[0] == point[0] && now[1] == point[1] && now[2] == point[2];
+    return isThere ? 0 : moveTo(rapid, point);
+}
+
+int CycleMovement::goAlong(Boolean rapid, int axis, double coordinate) {
+    gmVector3 point = status().GetEndPosition();
+    point[axis] = coordinate;
+    return goTo(rapid, point);
+}
+
+int CycleMovement::normalAxis() const noexcept { return axesOf(m_control.plane).normal; }
+
+double CycleMovement::fromMillimetres(double length, int axis) const noexcept {
+    const double unit = m_control.units.IsInch() ? LengthUnits::kMillimetresPerInch : 1.0;
+    return length / unit / Mapping().LengthFactor(static_cast<AxisMapping::Axis>(axis));
+}
+
+Command* CycleMovement::turningSpindle() const {
+    Command* const active = status().GetSpindleCom()->GetActiveCommand();
+    const CycleSpindle& spindle = m_control.cycles.spindle;
+    return active == spindle.clockwise || active == spindle.counterClockwise ? active : nullptr;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "commands/CycleNumbers.h"
+#include "commands/CycleStep.h"
+#include "commands/PathMovement.h"
+
+class Control;
+
+/// A command that is written as the several movements of a cycle, at the place where the tool
+/// stands.
+class CycleMovement : public PathMovement {
+public:
+    ~CycleMovement() override;
+
+protected:
+    /// Both must outlive the command.
+    CycleMovement(Control& control, MachineStatus& status) noexcept;
+
+    [[nodiscard]] Control& control() const noexcept { return m_control; }
+
+    // All of these return 0 or the code of a refusal.
+
+    /// What has to hold for all numbers of the kind.
+    int checkNumbers(const CycleKind& kind, const CycleNumbers& numbers, double repeats);
+    /// Walks the steps of the kind, from the clearance on.
+    int walk(const CycleKind& kind, const CycleNumbers& numbers);
+    /// Moves straight, unless the tool stands there.
+    int goTo(Boolean rapid, const gmVector3& point);
+    /// Moves along one axis.
+    int goAlong(Boolean rapid, int axis, double coordinate);
+
+    /// The axis along the normal of the plane.
+    [[nodiscard]] int normalAxis() const noexcept;
+    /// A length in mm as one in coordinates of the program along an axis.
+    [[nodiscard]] double fromMillimetres(double length, int axis) const noexcept;
+    /// The spindle command that is active, unless that is the stop; else null.
+    [[nodiscard]] Command* turningSpindle() const;
+
+private:
+    int step(CycleStep step, const CycleKind& kind, const CycleNumbers& numbers);
+    int toHeight(Boolean rapid, double height) { return goAlong(rapid, normalAxis(), height); }
+    int peck(const CycleNumbers& numbers, bool goesOut);
+    int dwell(const CycleNumbers& numbers);
+    int shift(double length);
+    int turn(CycleTurning turning, bool isBack);
+
+    Control& m_control;
+};
