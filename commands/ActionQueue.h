@@ -30,6 +30,7 @@ public:
     /// Has all act and forgets them. Returns 0, or the first code that is not: no further command
     /// acts then.
     int Run();
+    [[nodiscard]] bool Has(ActionKind kind) const noexcept;
     void Clear() noexcept { m_commands.clear(); }
 
 private:

@@ -1,5 +1,6 @@
 #include "commands/Control.h"
 
+#include "commands/Command.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/withoutNoise.h"
@@ -20,7 +21,9 @@ bool Control::IsCycleActive() const {
 
 void Control::BeginBlock() noexcept {
     actions.Clear();
+    beforeMovement.Clear();
     m_axisWordsAreTaken = false;
+    m_axisWordsAreTakenTwice = false;
     movesInMachine = false;
     polar.ForgetWords();
     m_hasMovementCommand = false;
@@ -38,7 +41,7 @@ int Control::Perform(Command& command) {
 
 // A movement code in front of the command may have found the words already.
 AxisValues Control::TakeAxisWords(char* line) {
-    m_axisWordsAreTaken = true;
+    m_axisWordsAreTakenTwice |= std::exchange(m_axisWordsAreTaken, true);
     for (const auto& [incremental, absolute] : words.axes) {
         for (Parameter* const word : {incremental, absolute}) {
             if (word != nullptr && word->GetNCLineStatus() != TRUE) {
@@ -49,10 +52,24 @@ AxisValues Control::TakeAxisWords(char* line) {
     return takeFound(words.axes);
 }
 
-int Control::NoteMovementCommand() {
-    return computesArcs && std::exchange(m_hasMovementCommand, true)
-               ? Refuse(kBlockRefused, "two movement codes stand in one block")
+bool Control::NeedsModes(const Command& command) const noexcept {
+    const ActionKind kind = command.GetActionKind();
+    return !actions.IsInUse() && (kind == ActionKind::kShift || kind == ActionKind::kZeroSystem);
+}
+
+int Control::CheckAxisWords() {
+    const bool areUsedTwice =
+        m_axisWordsAreTakenTwice || (m_axisWordsAreTaken && m_hasMovementCommand);
+    return areUsedTwice && actions.Order() == ExecutionOrder::kOffFirst
+               ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
                : 0;
+}
+
+int Control::NoteMovementCommand() {
+    if (std::exchange(m_hasMovementCommand, true) && computesArcs) {
+        return Refuse(kBlockRefused, "two movement codes stand in one block");
+    }
+    return CheckAxisWords();
 }
 
 double Control::lengthFactor(const AxisMapping& mapping, AxisMapping::Axis axis) const noexcept {

@@ -51,6 +51,7 @@ public:
 
     // What the program changes.
     ActionQueue actions;
+    ActionQueue beforeMovement; ///< those that wait in a dialect without an order of acting
     Plane plane = Plane::kXY;
     std::optional<bool> centresAreAbsolute; ///< none: as the words' own addresses say
     CoordinateSystem coordinates;
@@ -78,6 +79,10 @@ public:
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
+    /// Whether the command has to wait for the modes of its block although nothing else waits.
+    [[nodiscard]] bool NeedsModes(const Command& command) const noexcept;
+    /// Refuses a block of which two codes use the axis words, where the control does.
+    int CheckAxisWords();
     [[nodiscard]] bool AreAxisWordsTaken() const noexcept { return m_axisWordsAreTaken; }
     /// The movement command of the block has a word; a second one in a block is refused.
     int NoteMovementCommand();
@@ -165,5 +170,6 @@ private:
     AxisKnowledge m_knowledge;
     std::string m_reason;
     bool m_axisWordsAreTaken = false;
+    bool m_axisWordsAreTakenTwice = false;
     bool m_hasMovementCommand = false;
 };

@@ -5,7 +5,8 @@
 class Control;
 
 /// A code of a control that is no member of a modal group: it takes the words that belong to it
-/// when it is found, and acts in its turn.
+/// when it is found, and acts in its turn. Where the dialect has no order of acting, a zero system
+/// or a shift acts when all modes of its block are known.
 class ControlCommand : public NonModalCommand {
 public:
     /// `control` must outlive the command.

@@ -10,6 +10,9 @@ MachineStatus::~MachineStatus() = default;
 int MachineStatus::scanNC(char* line) {
     if (m_control != nullptr) {
         claimWords(line);
+        if (const int code = m_control->beforeMovement.Run(); code != 0) {
+            return code;
+        }
     }
     if (const int code = computeGroups(0, kFirstOfTrimmedBlock, line); code != 0) {
         return code;

@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <iterator>
 
 namespace {
 
 constexpr double kOrigins = 2.0;
 constexpr double kOriginsByPosition = 20.0;
+
+constexpr double kToolTables[] = {0.0, 1.0, 10.0, 11.0};
 
 bool isWhole(double value) noexcept {
     constexpr double kTolerance = 1e-4;
@@ -30,14 +32,17 @@ void TableCommand::takeWords(char* line) {
 }
 
 int TableCommand::Act() {
-    if (!m_kind) {
-        return control().isStrict ? control().Refuse(kBlockRefused, "a table has no kind") : 0;
-    }
-    if (!isWhole(*m_kind)) {
+    if (m_kind && !isWhole(*m_kind)) {
         return control().Refuse(kBlockRefused, "the kind of a table is no whole number");
     }
-    const double kind = std::round(*m_kind);
-    return kind == kOrigins || kind == kOriginsByPosition ? act() : 0;
+    const double kind = m_kind ? std::round(*m_kind) : 0.0;
+    if (kind == kOrigins || kind == kOriginsByPosition) {
+        return act();
+    }
+    const bool isTool = std::ranges::find(kToolTables, kind) != std::end(kToolTables);
+    return control().isStrict && !(m_kind && isTool)
+               ? control().Refuse(kBlockRefused, "there is no table of that kind")
+               : 0;
 }
 
 int TableCommand::act() {
@@ -66,38 +71,40 @@ int TableCommand::act() {
     return 0;
 }
 
-// Number 0 is the system in force.
+// Number 0 is the system in force; a fraction does not count.
 int TableCommand::findSystem(std::size_t& index) {
     const ZeroSystems& zeros = control().coordinates.zeros;
-    if (!m_number || !isWhole(*m_number) || !(*m_number > -0.5) ||
-        std::round(*m_number) > static_cast<double>(zeros.Count())) {
+    constexpr double kTolerance = 1e-4;
+    const double whole = m_number ? std::floor(*m_number + kTolerance) : -1.0;
+    if (!(whole >= 0.0) || whole > static_cast<double>(zeros.Count())) {
         return control().Refuse(kBlockRefused, "a table of origins has no such zero system");
     }
-    const auto number = static_cast<std::size_t>(std::round(*m_number));
+    const auto number = static_cast<std::size_t>(whole);
     index = number == 0 ? zeros.Current() : number - 1;
     return 0;
 }
 
-// A control leaves the shift out of this: when the system turns, a coordinate left out becomes that
-// of the point without its shift. What is programmed later counts from there.
+// Controls lose the tool when the system in force turns under a shift: an arc would begin elsewhere.
 int TableCommand::setOrigin(std::size_t index) {
     CoordinateSystem& coordinates = control().coordinates;
+    ZeroSystems& zeros = coordinates.zeros;
+    const bool isCurrent = index == zeros.Current();
+    if (isCurrent && m_angle && *m_angle != zeros.AngleOf(index) &&
+        coordinates.shift.Get().length() > 0.0) {
+        return control().Refuse(kWordNotConverted, "the zero system in force turns under a shift");
+    }
     const gmVector3 given = control().LengthsOf(m_values);
-    const ShiftRegister shift = std::exchange(coordinates.shift, {});
-    coordinates.Settle();
     control().Recoordinate([&] {
         for (int axis = 0; axis < 3; ++axis) {
             if (m_values[static_cast<std::size_t>(axis)]) {
-                coordinates.zeros.SetMachineOrigin(index, axis, given[axis]);
+                zeros.SetMachineOrigin(index, axis, given[axis]);
             }
         }
         if (m_angle) {
-            coordinates.zeros.SetAngle(index, *m_angle);
+            zeros.SetAngle(index, *m_angle);
         }
     });
-    coordinates.shift = shift;
-    coordinates.Settle();
-    if (index == coordinates.zeros.Current() && !coordinates.zeros.IsKnown(index)) {
+    if (isCurrent && !zeros.IsKnown(index)) {
         control().Status().Note(BlockNote::kUnknownOrigin);
     }
     return 0;

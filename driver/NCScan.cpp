@@ -200,8 +200,10 @@ int NCScan::passStartCodes() {
             return code;
         }
         if (Control* const control = m_model->status.GetControl()) {
-            if (const int code = control->actions.Run(); code != 0) {
-                return code;
+            for (ActionQueue* const queue : {&control->beforeMovement, &control->actions}) {
+                if (const int code = queue->Run(); code != 0) {
+                    return code;
+                }
             }
             control->BeginBlock();
         }

@@ -2,6 +2,7 @@
 
 #include "commands/Control.h"
 #include "commands/FrameCommand.h"
+#include "commands/MachineBlockCommand.h"
 #include "commands/MirrorCommand.h"
 #include "commands/PoleCommand.h"
 #include "commands/ReferencePointCommand.h"
@@ -61,6 +62,10 @@ int shift(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddCode<ShiftCommand>(value, ActionKind::kShift, builder.GetStages(), Kind);
 }
 
+int machineBlock(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddCode<MachineBlockCommand>(value, ActionKind::kShift, builder.GetStages());
+}
+
 int referencePoint(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     builder.SetReferencePoints();
     return builder.AddCode<ReferencePointCommand>(value, ActionKind::kShift, builder.GetStages(),
@@ -104,8 +109,6 @@ constexpr auto kSuspendShift = [](Control& control) {
 constexpr auto kRestoreShift = [](Control& control) {
     control.Recoordinate([&] { control.coordinates.shift.Restore(); });
 };
-
-constexpr auto kMachineCoordinates = [](Control& control) { control.movesInMachine = true; };
 
 constexpr auto kClearFrame = [](Control& control) {
     control.Recoordinate([&] { control.coordinates.frame.Clear(); });
@@ -164,8 +167,7 @@ constexpr Key kCoordinateKeys[] = {
     {"REV_SHIFT_CANCEL", kWhole, kText, shift<Shift::kCancel>, 0, true},
     {"REV_SHIFT_SUSPEND", kWhole, kText, change<ActionKind::kShift, kSuspendShift>, 0, true},
     {"REV_SHIFT_RESTORE", kWhole, kText, change<ActionKind::kShift, kRestoreShift>, 0, true},
-    {"REV_MACHINE_COORDINATES", kWhole, kText, change<ActionKind::kShift, kMachineCoordinates>, 0,
-     true},
+    {"REV_MACHINE_COORDINATES", kWhole, kText, machineBlock, 0, true},
     {"REV_MACHINE_ZERO", kWhole, kText, machineZero},
     {"REV_REFERENCE_POINT", kWhole, kText, referencePoint, 0, true},
     {"REV_REFERENCE_POINT_2", kWhole, kText, referencePoint, 0, true},
