@@ -43,6 +43,11 @@ bool ActionQueue::HasRivalOf(const Command& command) const noexcept {
            });
 }
 
+bool ActionQueue::HasKind(ActionKind kind) const noexcept {
+    return std::ranges::any_of(
+        m_commands, [kind](const Command* command) { return command->GetActionKind() == kind; });
+}
+
 void ActionQueue::Add(Command& command) {
     const auto isLater = [this, place = placeOf(command)](const Command* other) {
         return placeOf(*other) > place;

@@ -1,5 +1,6 @@
 #include "commands/Control.h"
 
+#include "commands/CycleCall.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/withoutNoise.h"
@@ -18,8 +19,17 @@ bool Control::IsCycleActive() const {
     return cycles.Has(m_status.GetMovementCom()->GetActiveCommand());
 }
 
+int Control::FinishBlock() {
+    const bool moves = m_status.GetMovement() != nullptr || actions.HasKind(ActionKind::kMovement);
+    if (Command* const call = calls.Due(moves)) {
+        actions.Add(*call);
+    }
+    return actions.Run();
+}
+
 void Control::BeginBlock() noexcept {
     actions.Clear();
+    calls.BeginBlock();
     m_axisWordsAreTaken = false;
     m_hasMovementCommand = false;
 }

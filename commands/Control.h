@@ -6,6 +6,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleCalls.h"
 #include "commands/CycleMode.h"
 #include "commands/LengthUnits.h"
 #include "commands/PathWriter.h"
@@ -47,12 +48,15 @@ public:
     CoordinateSystem coordinates;
     LengthUnits units;
     CycleMode cycles;
+    CycleCalls calls;
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 
+    /// The block has been read: has all act whose turn comes now. Returns 0 or a code.
+    int FinishBlock();
     /// Has the command act when its turn comes. Returns 0, or the code of a block that contradicts
     /// itself.
     int Perform(Command& command);

@@ -40,9 +40,12 @@ private:
     int step(CycleStep step, const CycleKind& kind, const CycleNumbers& numbers);
     int toHeight(Boolean rapid, double height) { return goAlong(rapid, normalAxis(), height); }
     int peck(const CycleNumbers& numbers, bool goesOut);
-    int dwell(const CycleNumbers& numbers);
+    int pause(const std::optional<double>& seconds);
+    int feedTo(double height, const std::optional<double>& feed);
+    int useFeed(double feed);
     int shift(double length);
     int turn(CycleTurning turning, bool isBack);
 
     Control& m_control;
+    double m_programmedFeed = 0.0; // while the steps are walked
 };
