@@ -17,6 +17,9 @@ struct ArcTolerance {
 
     /// The same in inches.
     [[nodiscard]] ArcTolerance InInches() const noexcept;
+    /// Whether the distances of start and end from the centre differ too much for an arc. Those
+    /// that are no numbers do.
+    [[nodiscard]] bool IsExceeded(double atStart, double atEnd) const noexcept;
 };
 
 /// What a block says of an arc, in lengths of the program's unit.

@@ -19,3 +19,14 @@ struct AxisValue {
     bool isAbsolute = false;    ///< by its mark, whatever the mode
 };
 using AxisValues = std::array<std::optional<AxisValue>, 3>;
+
+/// The value of a word that was found.
+[[nodiscard]] inline AxisValue valueOf(Parameter& word) noexcept {
+    return {.value = word.GetValue(),
+            .isIncremental = word.GetIncStatus() == TRUE,
+            .isAbsolute = word.IsExplicit() && word.GetIncStatus() != TRUE};
+}
+
+/// The words of the axes that were found and not used yet; they are consumed. The absolute word of
+/// an axis wins.
+[[nodiscard]] AxisValues takeFound(const std::array<AxisWords, 3>& axes) noexcept;

@@ -5,6 +5,7 @@ enum class BlockNote : unsigned {
     kAxisNotGiven,  ///< a movement of which an axis was never given: its place is taken to be 0
     kUnknownOrigin, ///< a work offset of which nobody says where it lies
     kCompensation,  ///< a radius compensation, of which the path is the programmed contour
+    kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
     kTwoMovements,  ///< the words of two movements: one of them acts
     kCount
 };

@@ -43,7 +43,9 @@ bool CircularMovement::TakeWords(char* line) {
 
 int CircularMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
-    resolveEndPoint(movement.end);
+    if (const int code = resolveEndPoint(movement.end); code != 0) {
+        return code;
+    }
     if (Control* const control = status().GetControl();
         control != nullptr && control->computesArcs) {
         movement.arc.reset();
@@ -59,6 +61,11 @@ int CircularMovement::makeMovement(Movement& movement) {
 
 // An arc is round in lengths: a diameter is no coordinate of it.
 int CircularMovement::makeSweep(Control& control, Movement& movement) const {
+    for (const gmVector3& point : {movement.start, movement.end}) {
+        if (const int code = control.CheckKnown(point); code != 0) {
+            return code;
+        }
+    }
     ArcRequest request{
         .start = control.ToLengths(movement.start, Mapping()),
         .end = control.ToLengths(movement.end, Mapping()),
@@ -91,13 +98,18 @@ int CircularMovement::makeSweep(Control& control, Movement& movement) const {
     return reason.empty() ? 0 : control.Refuse(kArcRefused, std::move(reason));
 }
 
-// Relative to the start point or absolute is the centre word's own matter; the movement type does
-// not count here. An omitted component equals the start point's.
+// Relative to the start point or absolute is the centre word's own matter, unless a code of the
+// program says it for all; the movement type does not count here. An omitted component equals the
+// start point's.
 void CircularMovement::resolveCentre(Arc& arc) const {
     for (int axis = 0; axis < 3; ++axis) {
         Parameter* const word = m_centreWords[static_cast<std::size_t>(axis)];
         if (word != nullptr && word->GetNCLineStatus() == TRUE) {
             arc.hasCentreWord = true;
+            if (const Control* const control = status().GetControl();
+                control != nullptr && control->centresAreAbsolute) {
+                word->SetIncStatus(*control->centresAreAbsolute ? FALSE : TRUE);
+            }
             word->ConvertIncremental(arc.centre[axis]);
             arc.centre[axis] = word->GetValue();
             word->SetNCLineStatus(FALSE);

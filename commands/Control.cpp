@@ -31,6 +31,8 @@ void Control::BeginBlock() noexcept {
     actions.Clear();
     calls.BeginBlock();
     m_axisWordsAreTaken = false;
+    movesInMachine = false;
+    polar.ForgetWords();
     m_hasMovementCommand = false;
 }
 
@@ -42,22 +44,17 @@ int Control::Perform(Command& command) {
     return 0;
 }
 
+// A movement code in front of the command may have found the words already.
 AxisValues Control::TakeAxisWords(char* line) {
     m_axisWordsAreTaken = true;
-    AxisValues values;
-    for (std::size_t axis = 0; axis < values.size(); ++axis) {
-        const auto& [incremental, absolute] = words.axes[axis];
+    for (const auto& [incremental, absolute] : words.axes) {
         for (Parameter* const word : {incremental, absolute}) {
-            if (word == nullptr || word->scanNC(line, &m_status) == 0) {
-                continue;
+            if (word != nullptr && word->GetNCLineStatus() != TRUE) {
+                (void)word->scanNC(line, &m_status);
             }
-            word->SetNCLineStatus(FALSE);
-            values[axis] = {.value = word->GetValue(),
-                            .isIncremental = word->GetIncStatus() == TRUE,
-                            .isAbsolute = word->IsExplicit() && word->GetIncStatus() != TRUE};
         }
     }
-    return values;
+    return takeFound(words.axes);
 }
 
 int Control::NoteMovementCommand() {
@@ -66,16 +63,96 @@ int Control::NoteMovementCommand() {
                : 0;
 }
 
+double Control::lengthFactor(const AxisMapping& mapping, AxisMapping::Axis axis) const noexcept {
+    const double factor = mapping.LengthFactor(axis);
+    return axis == AxisMapping::kX ? diameter.LengthFactor(factor) : factor;
+}
+
 gmVector3 Control::ToLengths(const gmVector3& point, const AxisMapping& mapping) const {
-    return {point[0] * mapping.LengthFactor(AxisMapping::kX),
-            point[1] * mapping.LengthFactor(AxisMapping::kY),
-            point[2] * mapping.LengthFactor(AxisMapping::kZ)};
+    return {point[0] * lengthFactor(mapping, AxisMapping::kX),
+            point[1] * lengthFactor(mapping, AxisMapping::kY),
+            point[2] * lengthFactor(mapping, AxisMapping::kZ)};
 }
 
 gmVector3 Control::FromLengths(const gmVector3& point, const AxisMapping& mapping) const {
-    return {point[0] / mapping.LengthFactor(AxisMapping::kX),
-            point[1] / mapping.LengthFactor(AxisMapping::kY),
-            point[2] / mapping.LengthFactor(AxisMapping::kZ)};
+    return {point[0] / lengthFactor(mapping, AxisMapping::kX),
+            point[1] / lengthFactor(mapping, AxisMapping::kY),
+            point[2] / lengthFactor(mapping, AxisMapping::kZ)};
+}
+
+gmVector3 Control::Position() const { return ToLengths(m_status.GetEndPosition()); }
+
+void Control::SetPosition(const gmVector3& point) {
+    const gmVector3 end = FromLengths(point);
+    m_status.InitEndPosition(end[0], end[1], end[2]);
+}
+
+gmVector3 Control::LengthsOf(const AxisValues& values) const {
+    gmVector3 point;
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto& value = values[static_cast<std::size_t>(axis)];
+        point[axis] = value ? value->value : 0.0;
+    }
+    return ToLengths(point);
+}
+
+bool Control::IsIncrementalMode() const {
+    Command* const type = m_status.GetMovTypeCom()->GetActiveCommand();
+    return type != nullptr && type->GetStatus() == 0;
+}
+
+int Control::ResolvePoint(AxisValues values, gmVector3& point) {
+    if (movesInMachine) {
+        return resolveInMachine(values, point);
+    }
+    if (polar.IsInUse()) {
+        if (polar.HasWords() && IsIncrementalMode()) {
+            return Refuse(kWordNotConverted, "a radius and an angle stand in a block with "
+                                             "incremental dimensions");
+        }
+        point = FromLengths(
+            polar.Resolve(values, plane, IsIncrementalMode(), ToLengths(point)));
+    }
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto& value = values[static_cast<std::size_t>(axis)];
+        if (!value) {
+            continue;
+        }
+        const bool isLength = axis == 0 && diameter.AreIncrementsLengths();
+        const double step =
+            isLength ? FromLengths({value->value, 0.0, 0.0})[0] : value->value;
+        point[axis] = IsIncremental(*value) ? point[axis] + step : value->value;
+    }
+    return 0;
+}
+
+int Control::resolveInMachine(const AxisValues& values, gmVector3& point) {
+    const std::optional<gmVector3> zero = coordinates.zeros.MachineZero();
+    gmVector3 place = coordinates.ToStart(ToLengths(point));
+    const gmVector3 given = LengthsOf(values);
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto& value = values[static_cast<std::size_t>(axis)];
+        if (!value) {
+            continue;
+        }
+        if (IsIncremental(*value)) {
+            return Refuse(kBlockRefused, "coordinates of the machine are not incremental");
+        }
+        place[axis] = zero ? given[axis] + (*zero)[axis] : AxisKnowledge::kUnknown;
+        if (!zero) {
+            m_status.Note(BlockNote::kUnknownPlace);
+        }
+    }
+    point = FromLengths(coordinates.FromStart(place));
+    return 0;
+}
+
+int Control::CheckKnown(const gmVector3& point) {
+    return AxisKnowledge::IsKnown(point)
+               ? 0
+               : Refuse(kAxisUnknown, "nobody knows where the tool is in " +
+                                          AxisKnowledge::NameUnknown(point) +
+                                          " since it went to a place of the machine");
 }
 
 int Control::CheckFeed(const Movement& movement) {
@@ -86,11 +163,15 @@ int Control::CheckFeed(const Movement& movement) {
 }
 
 int Control::Pass(Movement& movement, const AxisMapping& mapping) {
-    m_status.InitEndPosition(movement.end[0], movement.end[1], movement.end[2]);
+    const gmVector3 programmed = movement.end;
+    m_status.InitEndPosition(programmed[0], programmed[1], programmed[2]);
     toOutput(movement.start, mapping);
     toOutput(movement.end, mapping);
     if (movement.arc) {
         toOutput(movement.arc->centre, mapping);
+        if (turnArc(*movement.arc) != 0) {
+            return Refuse(kArcRefused, "the coordinates do not keep the arc one in its plane");
+        }
     }
     if (movement.sweep) {
         Sweep& sweep = *movement.sweep;
@@ -106,6 +187,14 @@ int Control::Pass(Movement& movement, const AxisMapping& mapping) {
             return Refuse(kArcRefused, "the arc is too long for its tolerance");
         }
     }
+    if (!AxisKnowledge::IsKnown(movement.end)) {
+        if (movement.rapid != TRUE) {
+            return CheckKnown(AxisKnowledge::IsKnown(programmed) ? movement.end : programmed);
+        }
+        m_knowledge.Hold(movement);
+        return 0;
+    }
+    m_knowledge.Release(movement);
     WriteUnits();
     m_status.InitBasicPosition(movement.end[0], movement.end[1], movement.end[2]);
     m_status.KeepMovement(&movement); // before an arc that has no direction ends the process
@@ -131,6 +220,32 @@ void Control::directionToOutput(gmVector3& direction, const AxisMapping& mapping
     mapping.Place(direction);
 }
 
+// An arc as described turns about the normal of its plane; coordinates may turn that round.
+int Control::turnArc(Arc& arc) const {
+    if (!coordinates.IsChanged()) {
+        return 0;
+    }
+    const gmVector3 aside = std::abs(arc.normal[2]) > 0.5 ? gmVector3(1.0, 0.0, 0.0)
+                                                           : gmVector3(0.0, 0.0, 1.0);
+    const gmVector3 from = cross(cross(arc.normal, aside), arc.normal);
+    const Sweep turned = {.centre = {},
+                          .from = coordinates.DirectionToStart(from),
+                          .across = coordinates.DirectionToStart(cross(arc.normal, from)),
+                          .rise = {}};
+    constexpr double kSameDirection = 1e-9;
+    const gmVector3 normal = cross(turned.from, turned.across);
+    const gmVector3 off = cross(normal, arc.normal);
+    if (!isRound(turned) || off.length() > kSameDirection * normal.length()) {
+        return kArcRefused;
+    }
+    const double along =
+        normal[0] * arc.normal[0] + normal[1] * arc.normal[1] + normal[2] * arc.normal[2];
+    if (along < 0.0) {
+        arc.clockwise = arc.clockwise == TRUE ? FALSE : TRUE;
+    }
+    return 0;
+}
+
 bool Control::isRound(const Sweep& sweep) {
     constexpr double kSame = 1e-9; // of the radius
     const auto& [a, b] = std::pair(sweep.from, sweep.across);
@@ -147,6 +262,8 @@ void Control::SwitchUnits(bool isInch) {
         m_status.InitEndPosition(end[0], end[1], end[2]);
         m_status.InitFeedRateSpeed(m_status.GetFeedRateSpeed() * factor);
         coordinates.Rescale(factor);
+        polar.Rescale(factor);
+        home *= factor;
     }
     WriteUnits();
 }

@@ -3,18 +3,22 @@
 #include "apt/ResControl.h"
 #include "commands/ActionQueue.h"
 #include "commands/ArcRequest.h"
+#include "commands/AxisKnowledge.h"
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
 #include "commands/CycleCalls.h"
 #include "commands/CycleMode.h"
+#include "commands/DiameterMode.h"
 #include "commands/LengthUnits.h"
 #include "commands/PathWriter.h"
 #include "commands/Plane.h"
+#include "commands/PolarCoordinates.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 class MachineStatus;
 struct Movement;
@@ -35,6 +39,9 @@ public:
     bool forgetsFeed = false;    ///< a change of the feed mode leaves no feed, and none is an error
     bool hasStages = false;      ///< movements pass them; else they are written as described
     bool tellsUnits = false;     ///< the output says in which unit it is
+    bool hasThousandths = false; ///< a factor of scaling without a decimal point counts them
+    gmVector3 home;              ///< the reference point in coordinates of the machine
+    const AxisMapping* axisMapping = nullptr; ///< of the rapid movement; not owned
     PathWriter path;
     std::unique_ptr<ResControl> writer;
 
@@ -49,6 +56,9 @@ public:
     LengthUnits units;
     CycleMode cycles;
     CycleCalls calls;
+    DiameterMode diameter;
+    PolarCoordinates polar;
+    bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
@@ -63,6 +73,7 @@ public:
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
+    [[nodiscard]] bool AreAxisWordsTaken() const noexcept { return m_axisWordsAreTaken; }
     /// The movement command of the block has a word; a second one in a block is refused.
     int NoteMovementCommand();
     /// Whether a movement code moves though no word with it says where to.
@@ -73,6 +84,45 @@ public:
     /// A point of the program, as its words give it, as lengths without diameters.
     [[nodiscard]] gmVector3 ToLengths(const gmVector3& point, const AxisMapping& mapping) const;
     [[nodiscard]] gmVector3 FromLengths(const gmVector3& point, const AxisMapping& mapping) const;
+    /// The same with the mapping of the dialect.
+    [[nodiscard]] gmVector3 ToLengths(const gmVector3& point) const {
+        return ToLengths(point, *axisMapping);
+    }
+    [[nodiscard]] gmVector3 FromLengths(const gmVector3& point) const {
+        return FromLengths(point, *axisMapping);
+    }
+    /// The place of the tool in lengths of the program.
+    [[nodiscard]] gmVector3 Position() const;
+    void SetPosition(const gmVector3& point);
+    /// What the words of some axes say in lengths; 0 for the others.
+    [[nodiscard]] gmVector3 LengthsOf(const AxisValues& values) const;
+
+    /// Whether points are more than the axis words added up.
+    [[nodiscard]] bool ReadsPoints() const noexcept {
+        return movesInMachine || polar.IsInUse() || diameter.AreIncrementsLengths();
+    }
+    /// The point of the program that the words of a block ask for, from `point` on. Returns 0 or
+    /// the code of a refusal.
+    int ResolvePoint(AxisValues values, gmVector3& point);
+    /// Changes what the coordinates of the program mean; the tool stays where it is.
+    template<class Change>
+    void Recoordinate(Change change) {
+        const gmVector3 place = coordinates.ToStart(Position());
+        change();
+        coordinates.Settle();
+        SetPosition(coordinates.FromStart(place));
+    }
+    [[nodiscard]] bool IsIncrementalMode() const;
+    /// Whether positions of the words count from the one before.
+    [[nodiscard]] bool IsIncremental(const AxisValue& value) const {
+        return value.isIncremental || (!value.isAbsolute && IsIncrementalMode());
+    }
+    /// Refuses what begins or ends where nobody knows.
+    int CheckKnown(const gmVector3& point);
+    /// Whether a rapid movement was never written, since nobody knows where it ends.
+    [[nodiscard]] bool HoldsRapid() const noexcept { return m_knowledge.IsHolding(); }
+    [[nodiscard]] MachineStatus& Status() const noexcept { return m_status; }
+
     /// The tolerance of arcs in the program's unit.
     [[nodiscard]] ArcTolerance Tolerance() const noexcept {
         return units.IsInch() ? arcTolerance.InInches() : arcTolerance;
@@ -94,11 +144,16 @@ public:
     [[nodiscard]] const std::string& Reason() const noexcept { return m_reason; }
 
 private:
+    int resolveInMachine(const AxisValues& values, gmVector3& point);
+    [[nodiscard]] double lengthFactor(const AxisMapping& mapping,
+                                      AxisMapping::Axis axis) const noexcept;
+    int turnArc(Arc& arc) const;
     void toOutput(gmVector3& point, const AxisMapping& mapping) const;
     void directionToOutput(gmVector3& direction, const AxisMapping& mapping) const;
     [[nodiscard]] static bool isRound(const Sweep& sweep);
 
     MachineStatus& m_status;
+    AxisKnowledge m_knowledge;
     std::string m_reason;
     bool m_axisWordsAreTaken = false;
     bool m_hasMovementCommand = false;

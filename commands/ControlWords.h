@@ -12,4 +12,9 @@ struct ControlWords {
     WordList radius;
     WordList turnsBegun;
     WordList turnsMore;
+    WordList tableKind;
+    WordList tableNumber;
+    WordList tableAngle;
+    WordList frameAngle;
+    WordList frameFactor;
 };

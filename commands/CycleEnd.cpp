@@ -22,6 +22,6 @@ void CycleEnd::InitStatus(char* /*line*/) {
 
 int CycleEnd::Compute(char* line) {
     return TakeWords(line) ? m_control.Refuse(kBlockRefused,
-                                              "a position behind the cycles has no movement code")
+                                              "a position has no movement code")
                            : 0;
 }

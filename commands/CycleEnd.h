@@ -5,7 +5,7 @@
 class Control;
 
 /// The end of cycles. The movement before them is the active one again; on strict controls there is
-/// none, and a position wants a movement code.
+/// none, as at the start of the program, and a position wants a movement code.
 class CycleEnd final : public MovementCommand {
 public:
     /// Both must outlive the command.

@@ -17,7 +17,9 @@ struct CycleRules {
     double lift = 0.254;        ///< mm, between pecks
     bool feedsToReturn = false; ///< the slow way out goes on to the return height
     bool goesStraight = false;  ///< the way to the place is straight, also in height
-    bool isStrict = false;      ///< a cycle's code wants its words anew, see CycleMode
+    /// A cycle's code wants its words anew, see CycleMode, and where no movement is active a position
+    /// wants a code.
+    bool isStrict = false;
     bool returnsToStart = true; ///< to the height at the start; else to the clearance
 };
 

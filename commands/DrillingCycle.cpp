@@ -176,7 +176,9 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     for (double pass = 0.0; pass < passes; ++pass) {
         m_position.Restore();
         gmVector3 place;
-        resolveEndPoint(place);
+        if (const int code = resolveEndPoint(place); code != 0) {
+            return code;
+        }
         if (const int code = approach(place, numbers); code != 0) {
             return code;
         }

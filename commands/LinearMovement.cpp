@@ -34,6 +34,5 @@ int LinearMovement::makeMovement(Movement& movement) {
         return status().GetControl()->Refuse(kArcRefused,
                                              "an arc has no direction: the movement is straight");
     }
-    resolveEndPoint(movement.end);
-    return 0;
+    return resolveEndPoint(movement.end);
 }

@@ -18,9 +18,13 @@ public:
 
     /// Takes the coordinate words and, where they mean something, the words of arcs.
     bool TakeWords(char* line) override;
+    /// Moves straight to a point of the program, for another command. Returns 0 or the code of a
+    /// refusal.
+    int MoveTo(const gmVector3& point) { return moveTo(m_rapid, point); }
 
 private:
     int makeMovement(Movement& movement) override;
+    [[nodiscard]] bool canMoveInMachine() const noexcept override { return true; }
 
     Boolean m_rapid = FALSE;
     bool m_hasArcWords = false;

@@ -89,6 +89,11 @@ public:
         }
     }
 
+    /// Whether a movement gave the axis a position.
+    [[nodiscard]] bool IsAxisGiven(int axis) const noexcept {
+        return (m_givenAxes >> static_cast<unsigned>(axis) & 1U) != 0;
+    }
+
     /// The last movement of the block at hand, which its command owns; null before there is one.
     void KeepMovement(const Movement* movement) noexcept { m_movement = movement; }
     [[nodiscard]] const Movement* GetMovement() const noexcept { return m_movement; }

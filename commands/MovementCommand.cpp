@@ -1,6 +1,8 @@
 #include "commands/MovementCommand.h"
 
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
 
 bool MovementCommand::m_insertTLAXIS = false;
 gmVector3 MovementCommand::m_TLAXISdirection(0.0, 0.0, 1.0);
@@ -23,7 +25,24 @@ bool MovementCommand::TakeWords(char* line) {
         found |= scanWord(words.incremental, line);
         found |= scanWord(words.absolute, line);
     }
+    if (Control* const control = m_status == nullptr ? nullptr : m_status->GetControl()) {
+        found |= control->polar.TakeWords(line, *m_status);
+    }
     return found;
+}
+
+int MovementCommand::resolveWith(Control& control, gmVector3& point) const {
+    const AxisValues values = takeFound(m_axes);
+    if (control.movesInMachine && !canMoveInMachine()) {
+        return control.Refuse(kBlockRefused,
+                              "only a straight movement can be one in coordinates of the machine");
+    }
+    unsigned given = 0;
+    for (std::size_t axis = 0; axis < values.size(); ++axis) {
+        given |= values[axis] && !control.IsIncremental(*values[axis]) ? 1U << axis : 0U;
+    }
+    m_status->GiveAxes(given);
+    return control.ResolvePoint(values, point);
 }
 
 bool MovementCommand::isIncrementalMode() const {
@@ -31,9 +50,14 @@ bool MovementCommand::isIncrementalMode() const {
     return type != nullptr && type->GetStatus() == 0;
 }
 
-void MovementCommand::resolveEndPoint(gmVector3& point) const {
+int MovementCommand::resolveEndPoint(gmVector3& point) const {
     const bool isIncremental = isIncrementalMode();
     const gmVector3 start = m_status->GetEndPosition();
+    if (Control* const control = m_status->GetControl();
+        control != nullptr && control->ReadsPoints()) {
+        point = start;
+        return resolveWith(*control, point);
+    }
     unsigned given = 0;
     for (int axis = 0; axis < 3; ++axis) {
         double value = start[axis];
@@ -57,4 +81,5 @@ void MovementCommand::resolveEndPoint(gmVector3& point) const {
         given |= isGiven ? 1U << axis : 0U;
     }
     m_status->GiveAxes(given);
+    return 0;
 }

@@ -9,6 +9,7 @@
 
 #include <array>
 
+class Control;
 class MachineStatus;
 
 /// What every movement has: the six coordinate words, the resolution of the end point, the axis
@@ -59,7 +60,10 @@ protected:
     bool scanWord(Parameter* word, char* line) const;
     /// Sets the end point in program coordinates: the last end position, changed by the words
     /// found, which are thereby consumed.
-    void resolveEndPoint(gmVector3& point) const;
+    /// Returns 0 or the code of a refusal.
+    [[nodiscard]] int resolveEndPoint(gmVector3& point) const;
+    /// Whether the movement can be one in coordinates of the machine.
+    [[nodiscard]] virtual bool canMoveInMachine() const noexcept { return false; }
 
     /// Whether words without a mark of their own count from the last position.
     [[nodiscard]] bool isIncrementalMode() const;
@@ -75,6 +79,8 @@ protected:
     }
 
 private:
+    [[nodiscard]] int resolveWith(Control& control, gmVector3& point) const;
+
     MachineStatus* m_status = nullptr;
     std::array<AxisWords, 3> m_axes;
     AxisMapping m_mapping;

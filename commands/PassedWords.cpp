@@ -2,6 +2,9 @@
 
 #include "commands/wordMatcher.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 std::optional<WordPlace> findCode(const PassedWords::List& list, char* rest,
@@ -60,4 +63,14 @@ void PassedWords::DropWithoutEffect(char* rest, char separator) const noexcept {
             cutOut(place->begin, place->end);
         }
     }
+}
+
+bool PassedWords::HasNoEffect(std::string_view word, char separator) const noexcept {
+    std::array<char, 64> copy;
+    if (noEffect.IsEmpty() || word.size() >= copy.size()) {
+        return false;
+    }
+    *std::ranges::copy(word, copy.data()).out = '\0';
+    DropWithoutEffect(copy.data(), separator);
+    return copy[0] == '\0';
 }

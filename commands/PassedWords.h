@@ -38,6 +38,9 @@ public:
     /// when all others have taken their words.
     void DropWithoutEffect(char* rest, char separator) const noexcept;
 
+    /// Whether `word`, with its number, is one without effect itself.
+    [[nodiscard]] bool HasNoEffect(std::string_view word, char separator) const noexcept;
+
 private:
     WordFilter m_filter; // of `own` and `notConverted`
 };

@@ -19,9 +19,11 @@ int PathMovement::Compute(char* line) {
         m_hasWords = TakeWords(line);
     }
     const Control* const control = status().GetControl();
+    const bool hasWords =
+        m_hasWords && !(wasFound && control != nullptr && control->AreAxisWordsTaken());
     const bool movesAnyway = wasFound && (control == nullptr || control->MovesWithoutWords());
     SetNCLineStatus(FALSE);
-    return m_hasWords || movesAnyway ? perform() : 0;
+    return hasWords || movesAnyway ? perform() : 0;
 }
 
 int PathMovement::Act() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/AxisWords.h"
+
 #include <optional>
 #include <vector>
 
@@ -15,6 +17,8 @@ public:
 
     /// Takes the first of them that stands in the block out of it, with its value.
     [[nodiscard]] std::optional<double> Take(char* line, MachineStatus& status) const;
+    /// The same with what the word says of the way it counts.
+    [[nodiscard]] std::optional<AxisValue> TakeValue(char* line, MachineStatus& status) const;
 
 private:
     std::vector<Parameter*> m_words;

@@ -81,10 +81,7 @@ std::string centreOfWords(const ArcRequest& request, const PlaneAxes& axes, Flat
     if (!(atStart > kSamePoint)) {
         return "the radius is 0: the centre is the start";
     }
-    const double difference = std::abs(atStart - atEnd);
-    const ArcTolerance& tolerance = request.tolerance;
-    if (!(difference <= tolerance.high) ||
-        (difference > tolerance.low && difference > tolerance.fraction * atStart)) {
+    if (request.tolerance.IsExceeded(atStart, atEnd)) {
         return "the radius is " + number(atStart) + " at the start and " + number(atEnd) +
                " at the end";
     }
@@ -135,6 +132,11 @@ std::string findCentre(const ArcRequest& request, const PlaneAxes& axes, Flat& c
 ArcTolerance ArcTolerance::InInches() const noexcept {
     constexpr double kMillimetresPerInch = 25.4;
     return {low / 10.0, fraction, high / 10.0, radius / kMillimetresPerInch};
+}
+
+bool ArcTolerance::IsExceeded(double atStart, double atEnd) const noexcept {
+    const double difference = std::abs(atStart - atEnd);
+    return !(difference <= high) || (difference > low && difference > fraction * atStart);
 }
 
 std::string resolveArc(const ArcRequest& request, Sweep& sweep) {

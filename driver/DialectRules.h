@@ -16,6 +16,5 @@ struct DialectRules {
     std::vector<const Command*> programEnds; ///< owned by the model
     bool printsTexts = false;                ///< comments and names go into the APT
     bool isLathe = false;                    ///< arcs lie in the plane ZX, else in XY
-    bool computesArcs = false;    ///< as controls do; else they are written as they stand
-    long mostBlocks = 10'000'000; ///< of a program that computes
+    long mostBlocks = 10'000'000;            ///< of a program that computes
 };

@@ -1,8 +1,10 @@
 #include "driver/NCScan.h"
 
 #include "apt/appendText.h"
+#include "commands/ArcRequest.h"
 #include "commands/Control.h"
 #include "commands/Movement.h"
+#include "commands/arcShape.h"
 #include "driver/LineSource.h"
 #include "driver/ModelView.h"
 #include "driver/ModelVocabulary.h"
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -219,6 +222,7 @@ int NCScan::runBlocks(BlockSource& source) {
             return code;
         }
         if (rules.endStops && hasEnded()) {
+            noteHeld();
             return 0;
         }
     }
@@ -226,7 +230,15 @@ int NCScan::runBlocks(BlockSource& source) {
         KeepFailure(source.LastFailure());
         return code;
     }
+    noteHeld();
     return 0;
+}
+
+void NCScan::noteHeld() noexcept {
+    const Control* const control = m_model->status.GetControl();
+    if (control != nullptr && control->HoldsRapid()) {
+        m_report.Note(Oddity::kHeldRapid, block());
+    }
 }
 
 void NCScan::keepRefusal() {
@@ -324,9 +336,10 @@ int NCScan::computeBlock() {
     statements.BeginBlock();
     int code = status.scanNC(status.GetBlock().Rest());
     if (*block.Rest() != '\0') {
-        m_model->rules.passed.DropWithoutEffect(status.GetBlock().Rest(),
-                                                *status.GetDecimalSeparator());
-        m_report.NoteRest(block, *status.GetDecimalSeparator(), statements.BlockMoves());
+        const RestContext context = restContext();
+        warnOfRest(context);
+        context.passed.DropWithoutEffect(status.GetBlock().Rest(), context.separator);
+        m_report.NoteRest(block, context);
     }
     if (status.HasNotes()) {
         passNotes();
@@ -334,6 +347,9 @@ int NCScan::computeBlock() {
     if (statements.BlockHas(StatementKind::kDroppedArc)) {
         m_report.Note(Oddity::kDroppedArc, block);
         warnIfArcWithoutCentre();
+        warnOfArcShape();
+    } else if (statements.BlockHas(StatementKind::kArc)) {
+        warnOfArcShape();
     }
     if (code == 0 && m_outputState != nullptr && m_outputState->hasLostStatement) {
         code = kInternalError;
@@ -341,10 +357,27 @@ int NCScan::computeBlock() {
     return code;
 }
 
-void NCScan::passNotes() noexcept {
+RestContext NCScan::restContext() const noexcept {
+    const DialectRules& rules = m_model->rules;
+    return {rules.passed, *m_model->status.GetDecimalSeparator(), rules.isLathe,
+            m_report.Statements().BlockMoves()};
+}
+
+void NCScan::warnOfRest(const RestContext& context) noexcept {
+    const RestScan scan(block(), context);
+    m_report.WarnOfRest(block(), scan);
+    for (const BlockNote note : {BlockNote::kUnknownOrigin, BlockNote::kCompensation}) {
+        if (scan.Has(note)) {
+            m_model->status.Note(note);
+        }
+    }
+}
+
+void NCScan::passNotes() {
     constexpr std::pair<BlockNote, Oddity> kNotes[] = {
         {BlockNote::kAxisNotGiven, Oddity::kAxisNotGiven},
         {BlockNote::kUnknownOrigin, Oddity::kUnknownOrigin},
+        {BlockNote::kUnknownPlace, Oddity::kUnknownPlace},
         {BlockNote::kCompensation, Oddity::kCompensation},
     };
     for (const auto& [note, oddity] : kNotes) {
@@ -352,6 +385,18 @@ void NCScan::passNotes() noexcept {
             m_report.Note(oddity, block());
         }
     }
+    if (m_model->status.HasNote(BlockNote::kTwoMovements)) {
+        warnOfTwoMovements();
+    }
+}
+
+void NCScan::warnOfTwoMovements() {
+    const CommandWord& word = m_model->status.GetMovementWord()->Word();
+    std::string spelling = word.Text().get();
+    if (word.Number() >= 0) {
+        spelling += std::to_string(word.Number());
+    }
+    m_report.Warn(Warning::Kind::kTwoMovements, block(), spelling);
 }
 
 // The centre of such an arc is its start, so the arc is dropped or ends the process: no other block
@@ -359,7 +404,25 @@ void NCScan::passNotes() noexcept {
 void NCScan::warnIfArcWithoutCentre() noexcept {
     const Movement* const movement = m_model->status.GetMovement();
     if (movement != nullptr && movement->arc && !movement->arc->hasCentreWord) {
-        m_report.WarnOfArc(block());
+        m_report.Warn(Warning::Kind::kArcWithoutCentre, block(), "");
+    }
+}
+
+// An arc that was computed is none of these.
+void NCScan::warnOfArcShape() noexcept {
+    const Movement* const movement = m_model->status.GetMovement();
+    if (movement == nullptr || !movement->arc) {
+        return;
+    }
+    const ArcShape shape = arcShapeOf(*movement);
+    if (movement->arc->hasCentreWord &&
+        ArcTolerance().IsExceeded(shape.startRadius, shape.endRadius)) {
+        m_report.Warn(Warning::Kind::kRadiiDiffer, block(), "");
+    }
+    // Less than the decimals of the output show.
+    constexpr double kSameHeight = 0.000005;
+    if (std::abs(shape.height) > kSameHeight) {
+        m_report.Warn(Warning::Kind::kHelix, block(), "");
     }
 }
 
@@ -367,6 +430,9 @@ void NCScan::ReportFatalArc() noexcept {
     if (block().GetPlace().number == 0) {
         return;
     }
+    RestContext context = restContext();
+    context.hasMoved = true;
     warnIfArcWithoutCentre();
-    m_report.WarnOfGWord(block(), *m_model->status.GetDecimalSeparator());
+    warnOfRest(context);
+    m_report.WarnOfGWord(block(), context);
 }

@@ -126,8 +126,13 @@ private:
     void keepRefusal();
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }
-    void passNotes() noexcept;
+    [[nodiscard]] RestContext restContext() const noexcept;
+    void warnOfRest(const RestContext& context) noexcept;
+    void passNotes();
+    void noteHeld() noexcept;
+    void warnOfTwoMovements();
     void warnIfArcWithoutCentre() noexcept;
+    void warnOfArcShape() noexcept;
 
     TextCopy m_ncFileName;
     FileOwner m_ncFile;

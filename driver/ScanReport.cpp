@@ -2,6 +2,7 @@
 
 #include "driver/looksComputed.h"
 #include "driver/takeWord.h"
+#include "driver/usualCodes.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
 #include <new>
@@ -46,7 +47,8 @@ void ScanReport::NotePlace(const Block& block) noexcept {
     }
 }
 
-void ScanReport::NoteRest(const Block& block, char separator, bool hasMoved) noexcept {
+void ScanReport::NoteRest(const Block& block, const RestContext& context) noexcept {
+    const char separator = context.separator;
     const std::string_view rest = block.Rest();
     std::string_view words = rest;
     std::string_view word = takeWord(words, separator);
@@ -65,30 +67,35 @@ void ScanReport::NoteRest(const Block& block, char separator, bool hasMoved) noe
     if (looksComputed(rest)) {
         Note(Oddity::kComputes, block);
     }
-    if (hasMoved) {
-        WarnOfGWord(block, separator);
+    if (context.hasMoved) {
+        WarnOfGWord(block, context);
     }
 }
 
-void ScanReport::WarnOfGWord(const Block& block, char separator) noexcept {
+void ScanReport::WarnOfRest(const Block& block, const RestScan& scan) noexcept {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(Warning::Kind::kCount); ++i) {
+        const auto kind = static_cast<Warning::Kind>(i);
+        if (const std::string_view word = scan.WordOf(kind); !word.empty()) {
+            Warn(kind, block, word);
+        }
+    }
+}
+
+void ScanReport::WarnOfGWord(const Block& block, const RestContext& context) noexcept {
     std::string_view rest = block.Rest();
     while (true) {
-        const std::string_view word = takeWord(rest, separator);
+        const std::string_view word = takeWord(rest, context.separator);
         if (word.empty()) {
             return;
         }
-        if (isGWord(word)) {
-            warn(Warning::Kind::kUnknownGWord, block, word);
+        if (isGWord(word) && !usualDangerOf(word, context.isLathe)) {
+            Warn(Warning::Kind::kUnknownGWord, block, word);
             return;
         }
     }
 }
 
-void ScanReport::WarnOfArc(const Block& block) noexcept {
-    warn(Warning::Kind::kArcWithoutCentre, block, "");
-}
-
-void ScanReport::warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
+void ScanReport::Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
     ++m_warningCount;
     keepFirst(m_firstWarnings, kMaxWarnings, [&] {
         return Warning{kind, blockAt(block.GetPlace(), std::string(block.Text())),

@@ -2,6 +2,8 @@
 
 #include "apt/StatementCounts.h"
 #include "commands/Block.h"
+#include "driver/RestScan.h"
+#include "driver/Warning.h"
 #include "driver/WordTally.h"
 
 #include <array>
@@ -10,25 +12,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-/// A block that the report keeps: its place, and of its text what matters.
-struct ReportedBlock {
-    long line = 0;
-    std::string text;
-    std::string file = {}; ///< in which the line stands; empty for the main program
-};
-
-/// Something that a control may mean differently than the APT says.
-struct Warning {
-    enum class Kind {
-        kUnknownGWord,    ///< the block holds a G word that was not recognised, yet it moved
-        kArcWithoutCentre ///< the arc has no centre word, so its centre is taken to be its start
-    };
-
-    Kind kind = Kind::kUnknownGWord;
-    ReportedBlock block; ///< with its whole text
-    std::string word;    ///< the first such G word, or empty
-};
 
 /// What is noticed once and counted, without a list.
 enum class Oddity : std::size_t {
@@ -41,6 +24,8 @@ enum class Oddity : std::size_t {
     kComputes,      ///< a block of a program that computes, read by a dialect that does not
     kAxisNotGiven,  ///< a movement before every axis was given: 0 is taken for the others
     kUnknownOrigin, ///< a work offset of which nobody says where it lies
+    kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
+    kHeldRapid,     ///< a rapid movement that was never written, since an axis is unknown
     kCompensation,  ///< a radius compensation: the path is the programmed contour
     kCount
 };
@@ -56,11 +41,12 @@ public:
     /// A block whose source says something of it: a NUL byte, a line too long, a restart.
     void NotePlace(const Block& block) noexcept;
     /// A block of which a rest was left when all recognisers had run. A rest of blanks is none.
-    /// `separator` is the dialect's decimal one.
-    void NoteRest(const Block& block, char separator, bool hasMoved) noexcept;
-    /// The first G word of the rest, if there is one, becomes a warning.
-    void WarnOfGWord(const Block& block, char separator) noexcept;
-    void WarnOfArc(const Block& block) noexcept;
+    void NoteRest(const Block& block, const RestContext& context) noexcept;
+    /// The dangers of that rest become warnings; to be told before words without effect are gone.
+    void WarnOfRest(const Block& block, const RestScan& scan) noexcept;
+    /// The first G word of the rest becomes a warning, if it is none already.
+    void WarnOfGWord(const Block& block, const RestContext& context) noexcept;
+    void Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
     void Note(Oddity oddity, const Block& block) noexcept {
         m_oddities[static_cast<std::size_t>(oddity)].Add(block.GetPlace());
     }
@@ -83,8 +69,6 @@ public:
     }
 
 private:
-    void warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
-
     StatementCounts m_statements;
     std::array<Tally, static_cast<std::size_t>(Oddity::kCount)> m_oddities;
     long m_lastLongLine = 0;

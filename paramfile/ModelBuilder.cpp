@@ -4,6 +4,7 @@
 #include "commands/CircularMovement.h"
 #include "commands/Control.h"
 #include "commands/Coolant.h"
+#include "commands/CycleEnd.h"
 #include "commands/EndCommand.h"
 #include "commands/FeedRate.h"
 #include "commands/LinearMovement.h"
@@ -181,10 +182,14 @@ int ModelBuilder::finishControl(Control& control) {
     for (MovementCommand* const movement : m_laterMovements) {
         movement->MoveLike(*m_commands.rapid);
     }
+    if (m_areCyclesStrict.value_or(control.forgetsFeed)) {
+        beginWithoutMovement(control);
+    }
     control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
                               m_commands.spindleCounterClockwise};
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
+    control.axisMapping = &m_commands.rapid->Mapping();
     control.writer.reset(GetFactory()->GetControlCom());
     control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
     if (control.writer == nullptr || !control.path.HasWriters()) {
@@ -195,6 +200,10 @@ int ModelBuilder::finishControl(Control& control) {
         for (int i = 0; i < commands.GetCommandCount(); ++i) {
             commands.GetCommand(i)->SetControl(&control);
         }
+    }
+    control.coordinates.Settle();
+    if (const int code = m_hasReferencePoints ? finishHome(control) : 0; code != 0) {
+        return code;
     }
     if (m_isLathe) {
         control.plane = Plane::kZX;
@@ -207,6 +216,16 @@ int ModelBuilder::finishControl(Control& control) {
         control.path.SetArcNormal(MovementCommand::GetTLAXISdirection());
     }
     return control.computesArcs ? finishArcs(control) : 0;
+}
+
+// The command has no text, so that no block holds it.
+void ModelBuilder::beginWithoutMovement(Control& control) {
+    control.cycles.rules.isStrict = true;
+    auto none = std::make_unique<CycleEnd>(control, Status());
+    none->MarkAsBuiltIn();
+    none->MoveLike(*m_commands.rapid);
+    Status().GetMovementCom()->SetActiveCommand(none.get());
+    m_ncscan.Availablecommands().NewCommand(none.release());
 }
 
 int ModelBuilder::finishArcs(Control& control) {
@@ -222,6 +241,23 @@ int ModelBuilder::finishArcs(Control& control) {
         return kKeyValueUnknown;
     }
     control.path.SetTolerance(*tolerance);
+    return 0;
+}
+
+int ModelBuilder::finishHome(Control& control) {
+    constexpr std::array<const char*, 3> kKeys = {"MFG_X_HOME_POS", "MFG_Y_HOME_POS",
+                                                  "MFG_Z_HOME_POS"};
+    for (std::size_t axis = 0; axis < kKeys.size(); ++axis) {
+        if (m_home[axis].empty()) {
+            continue;
+        }
+        const std::optional<double> place = readOneReal(m_home[axis]);
+        if (!place) {
+            KeepBadValue(kKeys[axis], m_home[axis].c_str());
+            return kKeyValueUnknown;
+        }
+        control.home[static_cast<int>(axis)] = *place;
+    }
     return 0;
 }
 

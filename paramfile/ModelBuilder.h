@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -116,7 +117,12 @@ public:
     [[nodiscard]] Control& GetStages() const;
     /// Kept until all keys are read.
     void SetLinearTolerance(std::string text) { m_linearTolerance = std::move(text); }
+    void SetStrictCycles(bool areStrict) noexcept { m_areCyclesStrict = areStrict; }
     void SetSplitCircle(bool splits) noexcept { m_splitsCircle = splits; }
+    void SetHome(int axis, std::string text) {
+        m_home.at(static_cast<std::size_t>(axis)) = std::move(text);
+    }
+    void SetReferencePoints() noexcept { m_hasReferencePoints = true; }
     /// Says why the value of a key is not understood.
     void KeepBadValue(const char* key, const char* value);
 
@@ -138,13 +144,18 @@ private:
     void finishWords();
     int finishControl(Control& control);
     int finishArcs(Control& control);
+    void beginWithoutMovement(Control& control);
+    int finishHome(Control& control);
 
     NCScan& m_ncscan;
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
     std::string m_linearTolerance; // empty: the default
+    std::array<std::string, 3> m_home; // empty: 0
+    bool m_hasReferencePoints = false;
     bool m_splitsCircle = false;
+    std::optional<bool> m_areCyclesStrict; // none: as the order of acting says
     bool m_isLathe = false;
     std::vector<MovementCommand*> m_laterMovements; // not owned
     const Command* m_configured = nullptr;

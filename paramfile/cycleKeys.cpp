@@ -69,6 +69,13 @@ int rule(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return text == "1" || text == "0" ? 0 : int{kKeyValueUnknown};
 }
 
+int strictness(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    (void)builder.GetStages();
+    const std::string_view text = value.text;
+    builder.SetStrictCycles(text == "1");
+    return text == "1" || text == "0" ? 0 : int{kKeyValueUnknown};
+}
+
 int lift(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     const std::optional<double> number = readOneReal(value.text);
     if (!number || *number < 0.0) {
@@ -107,7 +114,7 @@ constexpr Key kCycleKeys[] = {
     {"REV_CYCLE_LIFT", kWhole, kText, lift},
     {"REV_CYCLE_FEED_TO_RETURN", kWhole, kText, rule<&Rules::feedsToReturn>},
     {"REV_CYCLE_STRAIGHT", kWhole, kText, rule<&Rules::goesStraight>},
-    {"REV_CYCLE_STRICT", kWhole, kText, rule<&Rules::isStrict>},
+    {"REV_CYCLE_STRICT", kWhole, kText, strictness},
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 /// The names under which the front end tells what a conversion reports.
 
@@ -75,6 +76,11 @@ inline constexpr OddityRow kOddityRows[] = {
      "0 was taken for the others", true},
     {Oddity::kUnknownOrigin, "unknown_origins", "work offsets whose origin is unknown",
      "the positions count from the zero of the first blocks", true},
+    {Oddity::kUnknownPlace, "unknown_machine_places",
+     "warning: ways to places of the machine, of which the file does not say where they lie,",
+     "REV_MACHINE_ZERO says where machine zero lies"},
+    {Oddity::kHeldRapid, "held_rapids", "rapid movements at the end to an axis that is unknown",
+     "nothing was written for them"},
     {Oddity::kCompensation, "compensations", "blocks with radius compensation",
      "the path is the programmed contour", true},
 };
@@ -89,8 +95,30 @@ inline constexpr WarningRow kWarningRows[] = {
     {Warning::Kind::kUnknownGWord, "unrecognised_g_word",
      "not recognised, in a block that moves the tool"},
     {Warning::Kind::kArcWithoutCentre, "arc_without_centre", "arc without a centre word"},
+    {Warning::Kind::kHelix, "helix", "helix, but the APT has an arc that ends at another height"},
+    {Warning::Kind::kRadiiDiffer, "radii_differ", "the end of the arc is not on its circle"},
+    {Warning::Kind::kTwoMovements, "two_movement_codes",
+     "is one of two movement codes and acts alone; coordinates of the block can be lost"},
+    {Warning::Kind::kFractionBehindCode, "fraction_behind_code",
+     "taken for the code without its fraction"},
+    {Warning::Kind::kTextBehindNumber, "text_behind_number", "read up to its first number only"},
+    {Warning::Kind::kUnreadAxis, "unread_axis", "not read, and the block moves without that word"},
+    {Warning::Kind::kPlane, "plane",
+     "not recognised, may be another plane: the arcs behind it lie wrong"},
+    {Warning::Kind::kInch, "inch", "not recognised, may mean inches: coordinates are taken as mm"},
+    {Warning::Kind::kCycle, "cycle",
+     "not recognised, may be a cycle: its holes or passes are missing"},
 };
 
+static_assert([] {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(Warning::Kind::kCount); ++i) {
+        if (kWarningRows[i].kind != static_cast<Warning::Kind>(i)) {
+            return false;
+        }
+    }
+    return std::size(kWarningRows) == static_cast<std::size_t>(Warning::Kind::kCount);
+}());
+
 [[nodiscard]] constexpr const WarningRow& rowOf(Warning::Kind kind) noexcept {
-    return kWarningRows[kind == Warning::Kind::kUnknownGWord ? 0 : 1];
+    return kWarningRows[static_cast<std::size_t>(kind)];
 }

@@ -1,3 +1,4 @@
+#include "commands/ArcRequest.h"
 #include "tests/support/convert.h"
 #include "tests/support/dialects.h"
 
@@ -134,6 +135,22 @@ TEST(CircularMovement, DropsAnArcWithoutRadiusAndMovesOn) {
                   "\nG2 X0 I-10.00000000009\nCircle with radius 0 not allowed! Continuing!\n"
                   "\nG1 Z5\n" +
                   goTo(0, 0, 5));
+}
+
+// A limit itself is tried on values that a double holds exactly.
+TEST(ArcTolerance, IsAShareOfTheRadiusBetweenTwoLimits) {
+    EXPECT_FALSE(ArcTolerance().IsExceeded(5, 5.0282));
+    EXPECT_FALSE(ArcTolerance().IsExceeded(5.0282, 5));
+    EXPECT_TRUE(ArcTolerance().IsExceeded(5, 5.0284));
+    EXPECT_TRUE(ArcTolerance().IsExceeded(5.0284, 5));
+    EXPECT_FALSE(ArcTolerance().IsExceeded(999, 999.9999));
+    EXPECT_TRUE(ArcTolerance().IsExceeded(999, 1000.001));
+    EXPECT_FALSE(ArcTolerance().IsExceeded(10'000, 10'002.829));
+    EXPECT_TRUE(ArcTolerance().IsExceeded(10'000, 10'002.831));
+    const ArcTolerance tolerance{.low = 0.25, .fraction = 0.0625, .high = 2.0};
+    EXPECT_FALSE(tolerance.IsExceeded(1.0, 1.25));
+    EXPECT_FALSE(tolerance.IsExceeded(16.0, 15.0));
+    EXPECT_FALSE(tolerance.IsExceeded(64.0, 62.0));
 }
 
 } // namespace

@@ -60,6 +60,8 @@ void expectRows(const std::string& name) {
 
 TEST(Control, Arcs) { expectRows("arcs"); }
 
+TEST(Control, Order) { expectRows("order"); }
+
 TEST(Control, Cycles) { expectRows("cycles"); }
 
 TEST(Control, Technology) { expectRows("technology"); }

@@ -1,3 +1,4 @@
+#include "cli/quillmark/reportKeys.h"
 #include "driver/Controller.h"
 #include "driver/looksComputed.h"
 #include "driver/takeWord.h"
@@ -51,6 +52,15 @@ public:
         return text;
     }
 
+    // Each with line and word: "cycle 1 G81, ".
+    std::string warnings() {
+        std::string text;
+        for (const auto& [kind, block, word] : m_controller.Report().FirstWarnings()) {
+            text += rowOf(kind).key + " "s + std::to_string(block.line);
+            text += (word.empty() ? "" : " " + word) + ", ";
+        }
+        return text;
+    }
     // The oddities that are mostly harmless.
     std::string harmlessNotes() {
         std::string text;
@@ -140,6 +150,78 @@ TEST(ScanReport, CountsMovementsBeforeEveryAxisWasGiven) {
     EXPECT_EQ(Scan("G0 X1\nY1", dialectOf({{"RAPID", "G0"}, {"1ST_COORDINATE", "X\n1\nM5.3"}}))
                   .harmlessNotes(),
               "");
+}
+
+TEST(ScanReport, WarnsOfWhatAControlWouldObey) {
+    const std::pair<std::string, std::string> rows[] = {
+        // Fractions.
+        {"G0.1 X5\nM3.1\ng1 M5.\nG91.1X1", "fraction_behind_code 1 G0.1, "
+                                           "fraction_behind_code 2 M3.1, "
+                                           "fraction_behind_code 4 G91.1, "},
+        {"N10.5 M8\nG0 .1\nM30. X1\nM30 .1", ""},
+        // Text behind a number that was read.
+        {"G1 X10+5\nX1,5 F1.5.2\nX1Y2-3Z4\nX-1.*2\nX=1/[2]\nS1=300 X1",
+         "text_behind_number 1 X10+5, text_behind_number 2 X1,5, text_behind_number 3 Y2-3, "
+         "text_behind_number 4 X-1.*2, text_behind_number 5 X=1/[, text_behind_number 6 S1=300, "},
+        {"X1\nQ10+5 X10\nX1*\nX1 +5\nM8;\nN5/Q1\nX1(a)\nX10 Q20Y5+5\n",
+         "text_behind_number 8 Y5+5, "},
+        // Axis words.
+        {"G1 X1 X2\nA90 X3 Z#5\nX#1 Y2 C0\nU1 X=R5", "unread_axis 1 X2, unread_axis 2 A90, "
+                                                     "unread_axis 3 X#1, unread_axis 4 X=R5, "},
+        {"A90\nM8 X#1\nG1 X1 CR=5 AB1 ,C2 C E5", ""},
+        // Movement codes.
+        {"G0 X1\nX5 G2 G1\nG1 X1\nG91 G1 X1\nM8 G0", "two_movement_codes 2 G1, "},
+        // Usual codes.
+        {"G17\nG18 G19\nG018\nX1 g19 G54", "plane 2 G18, plane 3 G018, plane 4 g19, "
+                                           "unrecognised_g_word 4 G54, "},
+        {"G20\nG21\nG70", "inch 1 G20, inch 3 G70, "},
+        {"G72 G73\nG76\nG77 G80 G89\nG90.5 CYCLE83(1)\nCYCLE90 ACYCLE81 G181 G81.5",
+         "cycle 1 G73, cycle 2 G76, cycle 3 G89, fraction_behind_code 4 G90.5, cycle 4 CYCLE83, "},
+        {"G1 X1 G17 G81", "cycle 1 G81, unrecognised_g_word 1 G17, "},
+    };
+    for (const auto& [nc, warnings] : rows) {
+        EXPECT_EQ(Scan(nc).warnings(), warnings) << nc;
+    }
+    EXPECT_EQ(Scan("G17\nG18\nG19", lathe()).warnings(), "plane 1 G17, plane 3 G19, ");
+    // Numbers without a point: behind one, nothing is read.
+    EXPECT_EQ(Scan("G1 X1000\nX1.",
+                   dialectOf({{"LINEAR_INTERPOLATION", "G1"}, {"1ST_COORDINATE", "X\n1\nM5.3"}}))
+                  .warnings(),
+              "text_behind_number 2 X1., ");
+    // What the dialect has as words without effect is no danger, what such a code takes along is.
+    EXPECT_EQ(Scan("G54 X1 X2\nG18 X1 A5\nG19", mill({{"REV_NO_EFFECT", "G54"},
+                                                      {"REV_NO_EFFECT", "G18"},
+                                                      {"REV_NO_EFFECT_WORD", "A"}}))
+                  .warnings(),
+              "unread_axis 1 X2, plane 3 G19, ");
+}
+
+TEST(ScanReport, WarnsOfArcsThatAreNone) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"G2 X2 I1 Z0.00001\nG3 X4 I1\nX4 I1 Z5", "helix 1, helix 3, "},
+        {"G91 G2 X2 I1 Z0.000004\nG2 I1\nG2 X2 I1 Z-0.000006", "helix 3, "},
+        {"G2 X2.028 I1\n", ""},
+        {"G2 X2.029 I1\nG1 X0\nG2 X2 I1.1 Z5", "radii_differ 1, radii_differ 3, helix 3, "},
+        // The radius is the one in the plane.
+        {"G91 G2 X2 I1 K7\n", ""},
+        {"G1 X5\nG2 X7 I2", "radii_differ 2, "},
+    };
+    for (const auto& [nc, warnings] : rows) {
+        EXPECT_EQ(Scan(nc).warnings(), warnings) << nc;
+    }
+    EXPECT_EQ(Scan("G1 Z0\nG2 Z2 K1\nG2 Z4 K1 Y1", lathe()).warnings(), "helix 3, ");
+}
+
+TEST(ScanReport, NotesOffsetsAndCompensation) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"G53 G53.1 G60 G500\nG40", ""},
+        {"G54 G59\nG54.1 P5\nG505\nG41 D1\nM8 G042", "origin 3/1 compensation 2/4 "},
+    };
+    for (const auto& [nc, notes] : rows) {
+        EXPECT_EQ(Scan(nc).harmlessNotes(), notes) << nc;
+    }
+    EXPECT_EQ(Scan("M8 G54 G41", mill({{"REV_NO_EFFECT", "G54"}})).harmlessNotes(),
+              "origin 1/1 compensation 1/1 ");
 }
 
 TEST(LooksComputed, KnowsTheThreeFamiliesAndNoComments) {

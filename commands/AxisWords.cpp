@@ -1,0 +1,14 @@
+#include "commands/AxisWords.h"
+
+AxisValues takeFound(const std::array<AxisWords, 3>& axes) noexcept {
+    AxisValues values;
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        for (Parameter* const word : {axes[axis].incremental, axes[axis].absolute}) {
+            if (word != nullptr && word->GetNCLineStatus() == TRUE) {
+                word->SetNCLineStatus(FALSE);
+                values[axis] = valueOf(*word);
+            }
+        }
+    }
+    return values;
+}

@@ -1,0 +1,98 @@
+#include "commands/ShiftCommand.h"
+
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
+
+#include <algorithm>
+#include <cmath>
+
+ShiftCommand::~ShiftCommand() = default;
+
+void ShiftCommand::takeWords(char* line) {
+    m_values = {};
+    const bool movesByWords =
+        m_kind == Kind::kCancel && control().actions.Order() == ExecutionOrder::kOffFirst;
+    if (!movesByWords) {
+        m_values = control().TakeAxisWords(line);
+    }
+}
+
+int ShiftCommand::Act() {
+    const bool hasWords = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    if (m_kind == Kind::kCancel) {
+        cancel();
+        return 0;
+    }
+    if (!hasWords) {
+        return control().actions.Order() == ExecutionOrder::kOffFirst
+                   ? control().Refuse(kBlockRefused, "a shift names no axis")
+                   : 0;
+    }
+    if (m_kind == Kind::kSet) {
+        return setPresent();
+    }
+    setLocal();
+    return 0;
+}
+
+int ShiftCommand::setPresent() {
+    CoordinateSystem& coordinates = control().coordinates;
+    const gmVector3 present = control().Position();
+    const gmVector3 given = control().LengthsOf(m_values);
+    gmVector3 named = present;
+    for (int axis = 0; axis < 3; ++axis) {
+        if (const auto& value = m_values[static_cast<std::size_t>(axis)]) {
+            named[axis] = value->isIncremental ? present[axis] + given[axis] : given[axis];
+        }
+    }
+    const auto framed = [&](const gmVector3& point) {
+        return coordinates.frame.IsEmpty() ? point : coordinates.frame.Apply(point);
+    };
+    gmVector3 shift = coordinates.shift.Get() + framed(present) - framed(named);
+    const ZeroSystems& zeros = coordinates.zeros;
+    const bool isTurned = !coordinates.frame.IsEmpty() || zeros.AngleOf(zeros.Current()) != 0.0;
+    for (int axis = 0; axis < 3; ++axis) {
+        const bool isNamed = m_values[static_cast<std::size_t>(axis)].has_value();
+        if (isNamed && !control().Status().IsAxisGiven(axis)) {
+            control().Status().Note(BlockNote::kUnknownOrigin);
+        }
+        if (!std::isnan(shift[axis])) {
+            continue;
+        }
+        if (isTurned) {
+            return control().CheckKnown(present);
+        }
+        // Nobody knows where the tool is, nor where the zero then lies: it counts as the start's.
+        shift[axis] = isNamed ? -coordinates.zeros.OriginOf(zeros.Current())[axis]
+                              : coordinates.shift.Get()[axis];
+        control().Status().Note(BlockNote::kUnknownOrigin);
+    }
+    coordinates.shift.Set(shift);
+    coordinates.Settle();
+    control().SetPosition(named);
+    return 0;
+}
+
+void ShiftCommand::setLocal() {
+    CoordinateSystem& coordinates = control().coordinates;
+    const gmVector3 given = control().LengthsOf(m_values);
+    gmVector3 shift = coordinates.shift.Get();
+    for (int axis = 0; axis < 3; ++axis) {
+        if (m_values[static_cast<std::size_t>(axis)]) {
+            shift[axis] = given[axis];
+        }
+    }
+    control().Recoordinate([&] { coordinates.shift.Set(shift); });
+}
+
+void ShiftCommand::cancel() {
+    CoordinateSystem& coordinates = control().coordinates;
+    const bool namesAxes = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    gmVector3 shift;
+    for (int axis = 0; axis < 3; ++axis) {
+        const bool stays = namesAxes && !m_values[static_cast<std::size_t>(axis)];
+        shift[axis] = stays ? coordinates.shift.Get()[axis] : 0.0;
+    }
+    control().Recoordinate([&] { coordinates.shift.Set(shift); });
+}

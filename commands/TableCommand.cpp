@@ -1,0 +1,127 @@
+#include "commands/TableCommand.h"
+
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double kOrigins = 2.0;
+constexpr double kOriginsByPosition = 20.0;
+
+bool isWhole(double value) noexcept {
+    constexpr double kTolerance = 1e-4;
+    return std::abs(value - std::round(value)) <= kTolerance;
+}
+
+} // namespace
+
+TableCommand::~TableCommand() = default;
+
+void TableCommand::takeWords(char* line) {
+    m_values = control().TakeAxisWords(line);
+    m_kind = control().words.tableKind.Take(line, control().Status());
+    m_number = control().words.tableNumber.Take(line, control().Status());
+    m_angle = control().words.tableAngle.Take(line, control().Status());
+}
+
+int TableCommand::Act() {
+    if (!m_kind) {
+        return 0;
+    }
+    if (!isWhole(*m_kind)) {
+        return control().Refuse(kBlockRefused, "the kind of a table is no whole number");
+    }
+    const double kind = std::round(*m_kind);
+    return kind == kOrigins || kind == kOriginsByPosition ? act() : 0;
+}
+
+int TableCommand::act() {
+    std::size_t index = 0;
+    if (const int code = findSystem(index); code != 0) {
+        return code;
+    }
+    const bool countsUp =
+        control().actions.Order() != ExecutionOrder::kOffFirst && control().IsIncrementalMode();
+    if (countsUp || std::ranges::any_of(m_values, [](const auto& value) {
+            return value && value->isIncremental;
+        })) {
+        return control().Refuse(kBlockRefused, "an origin is given in incremental dimensions");
+    }
+    ZeroSystems& zeros = control().coordinates.zeros;
+    if (std::round(*m_kind) == kOrigins) {
+        return setOrigin(index);
+    }
+    if (m_angle) {
+        return control().Refuse(kBlockRefused, "an angle stands in a table by positions");
+    }
+    setByPosition(index);
+    if (index == zeros.Current() && !zeros.IsKnown(index)) {
+        control().Status().Note(BlockNote::kUnknownOrigin);
+    }
+    return 0;
+}
+
+// Number 0 is the system in force.
+int TableCommand::findSystem(std::size_t& index) {
+    const ZeroSystems& zeros = control().coordinates.zeros;
+    if (!m_number || !isWhole(*m_number) || !(*m_number > -0.5) ||
+        std::round(*m_number) > static_cast<double>(zeros.Count())) {
+        return control().Refuse(kBlockRefused, "a table of origins has no such zero system");
+    }
+    const auto number = static_cast<std::size_t>(std::round(*m_number));
+    index = number == 0 ? zeros.Current() : number - 1;
+    return 0;
+}
+
+// A control leaves the shift out of this: when the system turns, a coordinate left out becomes that
+// of the point without its shift. What is programmed later counts from there.
+int TableCommand::setOrigin(std::size_t index) {
+    CoordinateSystem& coordinates = control().coordinates;
+    const gmVector3 given = control().LengthsOf(m_values);
+    const ShiftRegister shift = std::exchange(coordinates.shift, {});
+    coordinates.Settle();
+    control().Recoordinate([&] {
+        for (int axis = 0; axis < 3; ++axis) {
+            if (m_values[static_cast<std::size_t>(axis)]) {
+                coordinates.zeros.SetMachineOrigin(index, axis, given[axis]);
+            }
+        }
+        if (m_angle) {
+            coordinates.zeros.SetAngle(index, *m_angle);
+        }
+    });
+    coordinates.shift = shift;
+    coordinates.Settle();
+    if (index == coordinates.zeros.Current() && !coordinates.zeros.IsKnown(index)) {
+        control().Status().Note(BlockNote::kUnknownOrigin);
+    }
+    return 0;
+}
+
+// The coordinates are those behind frame and shift, as the tool has them in that system.
+void TableCommand::setByPosition(std::size_t index) {
+    CoordinateSystem& coordinates = control().coordinates;
+    const gmVector3 place = coordinates.ToStart(control().Position());
+    ZeroSystems& zeros = coordinates.zeros;
+    const double angle = zeros.AngleOf(index);
+    const gmVector3 origin = zeros.OriginOf(index);
+    const gmVector3 present = CoordinateSystem::Turned(place - origin, -angle);
+    const gmVector3 given = control().LengthsOf(m_values) + coordinates.shift.Get();
+    gmVector3 step;
+    for (int axis = 0; axis < 3; ++axis) {
+        step[axis] = m_values[static_cast<std::size_t>(axis)] ? present[axis] - given[axis] : 0.0;
+    }
+    const gmVector3 moved = origin + CoordinateSystem::Turned(step, angle);
+    control().Recoordinate([&] {
+        for (int axis = 0; axis < 3; ++axis) {
+            if (m_values[static_cast<std::size_t>(axis)] || moved[axis] != origin[axis]) {
+                zeros.SetOrigin(index, axis, moved[axis]);
+            }
+        }
+    });
+}

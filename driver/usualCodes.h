@@ -1,0 +1,17 @@
+#pragma once
+
+#include "commands/BlockNote.h"
+#include "driver/Warning.h"
+
+#include <optional>
+#include <string_view>
+
+/// What a word that no recogniser took means on most controls, by its number alone. For hints: it
+/// knows no dialect.
+
+/// The danger of leaving it out: a plane that is not the machine's usual one, inches, a cycle.
+[[nodiscard]] std::optional<Warning::Kind> usualDangerOf(std::string_view word,
+                                                         bool isLathe) noexcept;
+
+/// What is worth a note: a work offset, a compensation.
+[[nodiscard]] std::optional<BlockNote> usualNoteOf(std::string_view word) noexcept;
