@@ -133,7 +133,7 @@ int CycleCall::settlePecks(double reference, CycleNumbers& numbers) const {
     }
     numbers.firstPeck = numbers.clearance - *first;
     numbers.peck = reference - *first;
-    numbers.lift = fromMillimetres(control().cycles.rules.lift, normalAxis());
+    numbers.lift = liftAlong(normalAxis());
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "driver/returnCodes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -19,6 +20,9 @@ CycleMovement::~CycleMovement() = default;
 
 int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbers,
                                 double repeats) {
+    if (std::isnan(numbers.clearance)) {
+        return m_control.Refuse(kAxisUnknown, "the height at the start of a cycle is not known");
+    }
     if (!(numbers.clearance >= numbers.depth)) {
         return m_control.Refuse(kBlockRefused, "the clearance of the cycle lies below its depth");
     }
@@ -145,9 +149,15 @@ int CycleMovement::goAlong(Boolean rapid, int axis, double coordinate) {
 
 int CycleMovement::normalAxis() const noexcept { return axesOf(m_control.plane).normal; }
 
-double CycleMovement::fromMillimetres(double length, int axis) const noexcept {
+double CycleMovement::alongAxis(double length, int axis) const {
+    gmVector3 point;
+    point[axis] = length;
+    return m_control.FromLengths(point, Mapping())[axis];
+}
+
+double CycleMovement::liftAlong(int axis) const {
     const double unit = m_control.units.IsInch() ? LengthUnits::kMillimetresPerInch : 1.0;
-    return length / unit / Mapping().LengthFactor(static_cast<AxisMapping::Axis>(axis));
+    return alongAxis(m_control.cycles.rules.lift / unit, axis);
 }
 
 Command* CycleMovement::turningSpindle() const {

@@ -31,8 +31,10 @@ protected:
 
     /// The axis along the normal of the plane.
     [[nodiscard]] int normalAxis() const noexcept;
-    /// A length in mm as one in coordinates of the program along an axis.
-    [[nodiscard]] double fromMillimetres(double length, int axis) const noexcept;
+    /// A length as one in coordinates along an axis, which may be diameters.
+    [[nodiscard]] double alongAxis(double length, int axis) const;
+    /// The lift between pecks, likewise.
+    [[nodiscard]] double liftAlong(int axis) const;
     /// The spindle command that is active, unless that is the stop; else null.
     [[nodiscard]] Command* turningSpindle() const;
 

@@ -151,7 +151,7 @@ private:
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
-    std::string m_linearTolerance; // empty: the default
+    std::string m_linearTolerance;     // empty: the default
     std::array<std::string, 3> m_home; // empty: 0
     bool m_hasReferencePoints = false;
     bool m_splitsCircle = false;

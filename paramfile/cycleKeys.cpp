@@ -4,6 +4,7 @@
 #include "commands/CycleCall.h"
 #include "commands/CycleEnd.h"
 #include "commands/DrillingCycle.h"
+#include "commands/LathePass.h"
 #include "commands/MachineStatus.h"
 #include "commands/ModalCycle.h"
 #include "commands/StateCommand.h"
@@ -25,6 +26,11 @@ int cycle(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
         control.cycles.Join(*builder.ConfiguredCommand());
     }
     return code;
+}
+
+template<LathePassKind Kind>
+int pass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddMovement<LathePass>(value, builder.GetStages(), builder.Status(), Kind);
 }
 
 int cycleEnd(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
@@ -111,6 +117,9 @@ constexpr Key kCycleKeys[] = {
     {"REV_CYCLE_REPEAT", kWhole, kAddress, address<&Words::repeat>, 0, true},
     {"REV_CYCLE_CALL", kWhole, kText, cycleCall, 0, true},
     {"REV_CYCLE_MODAL", kWhole, kText, modalCycle, 0, true},
+    {"REV_LATHE_TURN", kWhole, kText, pass<LathePassKind::kTurn>, 0, true},
+    {"REV_LATHE_FACE", kWhole, kText, pass<LathePassKind::kFace>, 0, true},
+    {"REV_LATHE_TAPER", kWhole, kAddress, address<&Words::taper>, 0, true},
     {"REV_CYCLE_LIFT", kWhole, kText, lift},
     {"REV_CYCLE_FEED_TO_RETURN", kWhole, kText, rule<&Rules::feedsToReturn>},
     {"REV_CYCLE_STRAIGHT", kWhole, kText, rule<&Rules::goesStraight>},
