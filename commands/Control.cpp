@@ -1,6 +1,7 @@
 #include "commands/Control.h"
 
 #include "commands/Command.h"
+#include "commands/CycleCall.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/withoutNoise.h"
@@ -19,9 +20,18 @@ bool Control::IsCycleActive() const {
     return cycles.Has(m_status.GetMovementCom()->GetActiveCommand());
 }
 
+int Control::FinishBlock() {
+    const bool moves = m_status.GetMovement() != nullptr || actions.Has(ActionKind::kMovement);
+    if (Command* const call = calls.Due(moves)) {
+        actions.Add(*call);
+    }
+    return actions.Run();
+}
+
 void Control::BeginBlock() noexcept {
     actions.Clear();
     beforeMovement.Clear();
+    calls.BeginBlock();
     m_axisWordsAreTaken = false;
     m_axisWordsAreTakenTwice = false;
     movesInMachine = false;

@@ -7,6 +7,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleCalls.h"
 #include "commands/CycleMode.h"
 #include "commands/DiameterMode.h"
 #include "commands/LengthUnits.h"
@@ -57,6 +58,7 @@ public:
     CoordinateSystem coordinates;
     LengthUnits units;
     CycleMode cycles;
+    CycleCalls calls;
     DiameterMode diameter;
     PolarCoordinates polar;
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
@@ -73,6 +75,8 @@ public:
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 
+    /// The block has been read: has all act whose turn comes now. Returns 0 or a code.
+    int FinishBlock();
     /// Has the command act when its turn comes. Returns 0, or the code of a block that contradicts
     /// itself.
     int Perform(Command& command);

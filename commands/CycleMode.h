@@ -30,6 +30,7 @@ struct CycleWords {
     WordList pause; ///< seconds
     WordList pauseMilliseconds;
     WordList repeat;
+    WordList taper; ///< of the passes of lathes
 };
 
 /// The spindle as cycles turn it; none is owned, null where the dialect has none.

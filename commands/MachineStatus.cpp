@@ -21,7 +21,7 @@ int MachineStatus::scanNC(char* line) {
     if (const int code = computeGroups(kFirstOfTrimmedBlock, kModalGroupCount, line); code != 0) {
         return code;
     }
-    return m_control == nullptr ? 0 : m_control->actions.Run();
+    return m_control == nullptr ? 0 : m_control->FinishBlock();
 }
 
 Control& MachineStatus::MakeControl() {
