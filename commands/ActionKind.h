@@ -15,7 +15,8 @@ enum class ActionKind : std::size_t {
     kUnits,
     kCompensation,
     kZeroSystem,
-    kDistanceMode, ///< absolute or incremental, of positions and of centres
+    kDistanceMode, ///< absolute or incremental positions
+    kCentreMode,   ///< absolute or relative centres
     kReturnMode,
     kShift, ///< shifts, tables, frames and reference points
     kMovement,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace {
 
@@ -11,16 +12,20 @@ using enum ActionKind;
 using Kinds = std::array<ActionKind, kActionKindCount>;
 
 constexpr Kinds kOffFirstKinds = {
-    kFeed,         kSpeed,      kTool,  kSpindleOff, kSpindle,      kCoolantOff,
-    kCoolant,      kDwell,      kPlane, kUnits,      kCompensation, kZeroSystem,
-    kDistanceMode, kReturnMode, kShift, kMovement,   kEnd,
+    kFeed,         kSpeed,      kTool,       kSpindleOff, kSpindle,      kCoolantOff,
+    kCoolant,      kDwell,      kPlane,      kUnits,      kCompensation, kZeroSystem,
+    kDistanceMode, kCentreMode, kReturnMode, kShift,      kMovement,     kEnd,
 };
 
 constexpr Kinds kOffLastKinds = {
-    kPlane,   kUnits,    kFeed,         kSpeed,      kTool,         kSpindle,
-    kCoolant, kDwell,    kCompensation, kZeroSystem, kDistanceMode, kReturnMode,
-    kShift,   kMovement, kSpindleOff,   kCoolantOff, kEnd,
+    kPlane,      kUnits, kFeed,         kSpeed,      kTool,         kSpindle,
+    kCoolant,    kDwell, kCompensation, kZeroSystem, kDistanceMode, kCentreMode,
+    kReturnMode, kShift, kMovement,     kSpindleOff, kCoolantOff,   kEnd,
 };
+
+// A block with two commands of one of these contradicts itself.
+constexpr ActionKind kExclusiveKinds[] = {kFeed,       kPlane,        kUnits,      kCompensation,
+                                          kZeroSystem, kDistanceMode, kCentreMode, kReturnMode};
 
 } // namespace
 
@@ -28,6 +33,14 @@ std::size_t ActionQueue::placeOf(const Command& command) const noexcept {
     const Kinds& kinds = m_order == ExecutionOrder::kOffLast ? kOffLastKinds : kOffFirstKinds;
     return static_cast<std::size_t>(std::ranges::find(kinds, command.GetActionKind()) -
                                     kinds.begin());
+}
+
+bool ActionQueue::HasRivalOf(const Command& command) const noexcept {
+    const ActionKind kind = command.GetActionKind();
+    return std::ranges::find(kExclusiveKinds, kind) != std::end(kExclusiveKinds) &&
+           std::ranges::any_of(m_commands, [&](const Command* other) {
+               return other != &command && other->GetActionKind() == kind;
+           });
 }
 
 void ActionQueue::Add(Command& command) {

@@ -91,13 +91,18 @@ int CircularMovement::makeSweep(Control& control, Movement& movement) const {
     return reason.empty() ? 0 : control.Refuse(kArcRefused, std::move(reason));
 }
 
-// Relative to the start point or absolute is the centre word's own matter; the movement type does
-// not count here. An omitted component equals the start point's.
+// Relative to the start point or absolute is the centre word's own matter, unless a code of the
+// program says it for all; the movement type does not count here. An omitted component equals the
+// start point's.
 void CircularMovement::resolveCentre(Arc& arc) const {
     for (int axis = 0; axis < 3; ++axis) {
         Parameter* const word = m_centreWords[static_cast<std::size_t>(axis)];
         if (word != nullptr && word->GetNCLineStatus() == TRUE) {
             arc.hasCentreWord = true;
+            if (const Control* const control = status().GetControl();
+                control != nullptr && control->centresAreAbsolute) {
+                word->SetIncStatus(*control->centresAreAbsolute ? FALSE : TRUE);
+            }
             word->ConvertIncremental(arc.centre[axis]);
             arc.centre[axis] = word->GetValue();
             word->SetNCLineStatus(FALSE);

@@ -1,6 +1,6 @@
 #include "commands/Command.h"
 
-#include "commands/ActionQueue.h"
+#include "commands/Control.h"
 #include "commands/wordMatcher.h"
 
 Command::~Command() = default;
@@ -15,13 +15,7 @@ char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 
 int Command::Act() { return 0; }
 
-int Command::perform() {
-    if (m_queue == nullptr) {
-        return Act();
-    }
-    m_queue->Add(*this);
-    return 0;
-}
+int Command::perform() { return m_control == nullptr ? Act() : m_control->Perform(*this); }
 
 int Command::scanNC(char* line) {
     m_wasFound = false;

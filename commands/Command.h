@@ -4,7 +4,7 @@
 #include "commands/CommandWord.h"
 #include "softCommon/Boolean.h"
 
-class ActionQueue;
+class Control;
 
 /// Recognises one command word of a block: an address text and, mostly, a number ("G01", "M30").
 /// scanNC cuts the word out and lets the concrete command take its values from the rest; the
@@ -12,7 +12,7 @@ class ActionQueue;
 ///
 /// A command recognises (takes its word and its values out of the block) and acts (changes the
 /// machine and writes). The commands of this house keep the two apart, and all of them act through
-/// perform: where the dialect has an order of acting of its own, they wait there in a queue.
+/// perform: where the dialect has an order of acting of its own, they wait for their turn.
 class Command {
 public:
     Command() noexcept = default;
@@ -48,8 +48,8 @@ public:
     /// What the command does, where the order of acting matters; kEnd at first.
     void SetActionKind(ActionKind kind) noexcept { m_actionKind = kind; }
     [[nodiscard]] ActionKind GetActionKind() const noexcept { return m_actionKind; }
-    /// Has the command wait there instead of acting at once; null: it acts at once. Not owned.
-    void SetActionQueue(ActionQueue* queue) noexcept { m_queue = queue; }
+    /// Has the control say when the command acts; null: at once. Not owned.
+    void SetControl(Control* control) noexcept { m_control = control; }
 
     /// How the word is told from other text of a block; WordRule::kPlain at first.
     void SetWordRule(WordRule rule) noexcept { m_word.SetRule(rule); }
@@ -81,7 +81,7 @@ protected:
 
 private:
     CommandWord m_word;
-    ActionQueue* m_queue = nullptr;
+    Control* m_control = nullptr;
     Boolean m_ncLineStatus = FALSE;
     bool m_isBuiltIn = false;
     bool m_isIdle = false;

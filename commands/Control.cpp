@@ -20,6 +20,14 @@ void Control::BeginBlock() noexcept {
     m_hasMovementCommand = false;
 }
 
+int Control::Perform(Command& command) {
+    if (actions.HasRivalOf(command)) {
+        return Refuse(kBlockRefused, "two codes of one modal group stand in one block");
+    }
+    actions.Add(command);
+    return 0;
+}
+
 AxisValues Control::TakeAxisWords(char* line) {
     m_axisWordsAreTaken = true;
     AxisValues values;

@@ -49,6 +49,9 @@ public:
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 
+    /// Has the command act when its turn comes. Returns 0, or the code of a block that contradicts
+    /// itself.
+    int Perform(Command& command);
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);

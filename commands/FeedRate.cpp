@@ -17,19 +17,23 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
     m_perMinute = perMinute;
 }
 
-// On some controls a feed belongs to its mode.
+// On some controls the feed ends with its mode, even where the same one begins.
 void FeedRate::InitStatus(char* line) {
     const Control* const control = status().GetControl();
-    if (control != nullptr && control->forgetsFeed &&
-        status().GetFeedRateCom()->GetActiveCommand() != this) {
+    if (control != nullptr && control->forgetsFeed) {
         status().InitFeedRateSpeed(0.0);
     }
     TechnologyCommand::InitStatus(line);
 }
 
-void FeedRate::keepValue(double value) noexcept { status().InitFeedRateSpeed(value); }
+// The unit in which it counts may change before the command acts.
+void FeedRate::keepValue(double value) noexcept { m_newFeed = value; }
 
 int FeedRate::Act() {
+    if (m_newFeed) {
+        status().InitFeedRateSpeed(*m_newFeed);
+        m_newFeed.reset();
+    }
     const double feed = status().GetFeedRateSpeed();
     const Control* const control = status().GetControl();
     if (control != nullptr && control->units.IsOutputInch()) {

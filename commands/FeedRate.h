@@ -4,6 +4,8 @@
 #include "commands/TechnologyCommand.h"
 #include "commands/WithWriter.h"
 
+#include <optional>
+
 class Factory;
 
 /// The feed mode: one instance per minute, one per revolution. Its word and, while it is active, a
@@ -26,5 +28,6 @@ private:
     void keepValue(double value) noexcept override;
     [[nodiscard]] bool actsOnValueAlone() const noexcept override { return true; }
 
+    std::optional<double> m_newFeed; // of the block at hand
     Boolean m_perMinute = TRUE;
 };

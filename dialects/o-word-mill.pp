@@ -24,6 +24,11 @@ N
 DECIMAL_POINT_REPRESENTATION
 .
 ##### Block Section
+# Within a block the machine acts in this order, whatever the order of the words: feed, speed, tool,
+# spindle, coolant, dwell, plane, units, compensation, zero, distances, return mode, shifts and
+# reference points, movement, then stops and ends.
+REV_EXECUTION_ORDER
+OFF_FIRST
 RAPID
 G0
 LINEAR_INTERPOLATION
@@ -64,12 +69,24 @@ PROGRAM_END
 M2
 PROGRAM_END
 M30
-# Without effect on the path: plane XY, millimetres, no radius compensation, the first zero, how
-# corners are taken, the end and the return height of cycles, centres relative to the start.
-REV_NO_EFFECT
+# Planes, the direction of arcs in them seen against X, Y or Z, and how their centres count.
+REV_PLANE_XY
 G17
-REV_NO_EFFECT
+REV_PLANE_ZX
+G18
+REV_PLANE_YZ
+G19
+REV_CENTRE_ABSOLUTE
+G90.1
+REV_CENTRE_RELATIVE
+G91.1
+# Inches and millimetres.
+REV_INCH
+G20
+REV_METRIC
 G21
+# Without effect on the path: no radius compensation, the first zero, how corners are taken, the end
+# and the return height of cycles.
 REV_NO_EFFECT
 G40
 REV_NO_EFFECT
@@ -82,8 +99,6 @@ REV_NO_EFFECT
 G64
 REV_NO_EFFECT
 G80
-REV_NO_EFFECT
-G91.1
 REV_NO_EFFECT
 G98
 REV_NO_EFFECT
@@ -137,20 +152,14 @@ REV_NO_EFFECT_WORD
 D
 REV_NO_EFFECT_WORD
 H
-# What changes the path, or what F and S mean, and is not followed: other planes, inch, splines,
+# What changes the path, or what F and S mean, and is not followed: tilted planes, splines,
 # diameters, tables and origins,
-REV_NOT_CONVERTED
-G18
-REV_NOT_CONVERTED
-G19
 REV_NOT_CONVERTED
 G17.1
 REV_NOT_CONVERTED
 G18.1
 REV_NOT_CONVERTED
 G19.1
-REV_NOT_CONVERTED
-G20
 REV_NOT_CONVERTED
 G5
 REV_NOT_CONVERTED
@@ -183,8 +192,6 @@ REV_NOT_CONVERTED
 G59.2
 REV_NOT_CONVERTED
 G59.3
-REV_NOT_CONVERTED
-G90.1
 REV_NOT_CONVERTED
 G92
 REV_NOT_CONVERTED
@@ -275,9 +282,11 @@ REV_NOT_CONVERTED
 M72
 REV_NOT_CONVERTED
 M73
-# Arcs by radius, and further axes.
+# Coordinates by radius and angle, and further axes.
 REV_NOT_CONVERTED_WORD
-R
+@
+REV_NOT_CONVERTED_WORD
+^
 REV_NOT_CONVERTED_WORD
 A
 REV_NOT_CONVERTED_WORD
@@ -329,3 +338,12 @@ CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR
 T
+# Words of arcs.
+REV_CIRCLE_RADIUS
+R
+1
+M5.5
+REV_TURNS_BEGUN
+P
+1
+M5.5

@@ -169,7 +169,7 @@ int ModelBuilder::finishControl(Control& control) {
     if (control.actions.IsInUse()) {
         const AvailableCommands& commands = m_ncscan.Availablecommands();
         for (int i = 0; i < commands.GetCommandCount(); ++i) {
-            commands.GetCommand(i)->SetActionQueue(&control.actions);
+            commands.GetCommand(i)->SetControl(&control);
         }
     }
     if (m_isLathe) {

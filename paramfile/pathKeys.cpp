@@ -33,7 +33,7 @@ int plane(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
 
 template<bool IsAbsolute>
 int centreMode(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddCode<StateCommand>(value, ActionKind::kDistanceMode, builder.GetStages(),
+    return builder.AddCode<StateCommand>(value, ActionKind::kCentreMode, builder.GetStages(),
                                          [](Control& c) { c.centresAreAbsolute = IsAbsolute; });
 }
 
@@ -45,9 +45,12 @@ int units(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
                                          [](Control& c) { c.SwitchUnits(IsInch); });
 }
 
+// Such a word means nothing unless arcs are computed.
 template<WordList ControlWords::*List>
-int address(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    return builder.AddAddress(value, builder.GetStages().words.*List);
+int arcAddress(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    Control& control = builder.GetStages();
+    control.computesArcs = true;
+    return builder.AddAddress(value, control.words.*List);
 }
 
 int centreIsRadius(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
@@ -99,9 +102,9 @@ constexpr Key kPathKeys[] = {
     {"REV_PLANE_XY", kWhole, kText, plane<Plane::kXY>, 0, true},
     {"REV_PLANE_ZX", kWhole, kText, plane<Plane::kZX>, 0, true},
     {"REV_PLANE_YZ", kWhole, kText, plane<Plane::kYZ>, 0, true},
-    {"REV_CIRCLE_RADIUS", kWhole, kAddress, address<&Words::radius>, 0, true},
-    {"REV_TURNS_BEGUN", kWhole, kAddress, address<&Words::turnsBegun>, 0, true},
-    {"REV_TURNS_MORE", kWhole, kAddress, address<&Words::turnsMore>, 0, true},
+    {"REV_CIRCLE_RADIUS", kWhole, kAddress, arcAddress<&Words::radius>, 0, true},
+    {"REV_TURNS_BEGUN", kWhole, kAddress, arcAddress<&Words::turnsBegun>, 0, true},
+    {"REV_TURNS_MORE", kWhole, kAddress, arcAddress<&Words::turnsMore>, 0, true},
     {"REV_CENTRE_ABSOLUTE", kWhole, kText, centreMode<true>, 0, true},
     {"REV_CENTRE_RELATIVE", kWhole, kText, centreMode<false>, 0, true},
     {"REV_CENTRE_IS_RADIUS", kWhole, kText, centreIsRadius},

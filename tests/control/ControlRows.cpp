@@ -72,7 +72,9 @@ std::vector<ControlRow> controlRows(const std::string& path) {
             dialect = machine(line.substr(3));
             part = Part::kDialect;
         } else if (line.starts_with("== ")) {
-            rows.push_back({.title = line.substr(3), .dialect = dialect});
+            ControlRow& row = rows.emplace_back();
+            row.title = line.substr(3);
+            row.dialect = dialect;
             part = Part::kProgram;
         } else if (line == "=>") {
             EXPECT_EQ(part, Part::kProgram) << path << ": " << line;

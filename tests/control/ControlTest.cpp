@@ -58,6 +58,10 @@ void expectRows(const std::string& name) {
     }
 }
 
+TEST(Control, Arcs) { expectRows("arcs"); }
+
+TEST(Control, Order) { expectRows("order"); }
+
 TEST(Control, Technology) { expectRows("technology"); }
 
 } // namespace

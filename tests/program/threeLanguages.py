@@ -19,13 +19,17 @@ import sys
 import tempfile
 import zlib
 
-import motions
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "path"))
+
+import aptReader  # noqa: E402
+import canonReader  # noqa: E402
+import runs  # noqa: E402
+import steps  # noqa: E402
 
 MOST_STEPS = 1500  # of a run of the abstract form: larger programs are drawn again
 MOST_LENGTH = 250  # of an o-word line
 MOST_SHOWN = 5
-PRINTED = 1.01e-5  # one unit of the last digit of an APT source
-JUDGED = 6e-5  # half a unit of the last digit of rs274, and of that
+COMPUTED_GRAIN = 0.4e-5  # with that of an APT source one unit of its last digit
 WHOLE, REAL = 200, 500  # bounds of the magnitude of variables
 ARRAY, ARRAY_SIZE = 20, 8  # global variables that are reached by computed numbers
 FAULTS = 1e-9  # bound of the error of a value
@@ -460,15 +464,22 @@ class Run:
             at = "XYZ".index(axis)
             value = self.value(tree)
             self.place[at] = self.place[at] + value if incremental else value
-        self.moves.append((kind, tuple(self.place)))
+        self.move(kind, None)
 
     def do_arc(self, turn, shape, first, second):
         i, j, dx, dy = arc_words(turn, shape)
         lengths = self.value(first), second and self.value(second)
-        centre = self.place[0] + i(*lengths), self.place[1] + j(*lengths)
+        start = tuple(self.place)
+        centre = (start[0] + i(*lengths), start[1] + j(*lengths), start[2])
         self.place[0] += dx(*lengths)
         self.place[1] += dy(*lengths)
-        self.moves.append((turn, tuple(self.place), centre))
+        normal = (0.0, 0.0, -1.0 if turn == "clockwise" else 1.0)
+        self.move("arc", steps.arc_to(start, tuple(self.place), centre, normal, 1, 0.0))
+
+    def move(self, kind, arc):
+        start = self.moves[-1].place if self.moves else (0.0, 0.0, 0.0)
+        state = (None, steps.UNKNOWN, (), COMPUTED_GRAIN)
+        self.moves.append(steps.Step(kind, tuple(self.place), start, arc, *state))
 
 
 def arc_words(turn, shape):
@@ -1143,6 +1154,35 @@ def draw(seed):
     raise AssertionError("every program is too long")
 
 
+def movements(found):
+    return [step for step in found if step.kind in steps.MOVEMENTS]
+
+
+def parted(wanted, made):
+    """Where movements part; an arc may stand whole or in pieces."""
+    return steps.difference(
+        wanted, made, ways=lambda step: [[step], *steps.written(step)], least=-1.0
+    )
+
+
+def whole(made):
+    """With the pieces of an arc joined, which only some dialects ask for."""
+    joined = []
+    for step in made:
+        last = joined[-1] if joined else None
+        if step.arc and last and last.arc and last.arc[:2] == step.arc[:2]:
+            sweep = last.arc.sweep + step.arc.sweep
+            if sweep < 6.3:
+                joined[-1] = last._replace(place=step.place, arc=step.arc._replace(sweep=sweep))
+                continue
+        joined.append(step)
+    return joined
+
+
+def exactly(step):
+    return step.kind, step.place, step.arc and step.arc[:2]
+
+
 def differences(options, seed, folder, plant=None):
     """What is wrong with the program of a seed; `plant` names the text that gets a fault."""
     program, wanted = draw(seed)
@@ -1153,24 +1193,25 @@ def differences(options, seed, folder, plant=None):
     made, found = {}, []
     for family in FAMILIES if options.quillmark != "none" else ():
         dialect = os.path.join(options.dialects, f"{family}-mill.pp")
-        status, text, told = motions.convert(options.quillmark, dialect, paths[family])
-        made[family] = motions.of_apt(text)
+        status, text, told = runs.convert(options.quillmark, dialect, paths[family])
+        made[family] = movements(aptReader.read(text))
         if status != 0:
             found.append(f"{family} ends with {status}: {told[:400]}")
-        elif part := motions.first_difference(wanted, made[family], PRINTED):
-            found.append(f"{family}: movement %d is to be %s and is %s" % part)
+        elif part := parted(wanted, made[family]):
+            found.append(f"{family}: {steps.told(part)}")
     for family in list(made)[1:]:
-        part = motions.first_difference(made["o-word"], made[family], 0)
-        if not found and part:
-            found.append(f"{family}: movement %d is %s in o-word and %s" % part)
+        if not found and [exactly(step) for step in whole(made["o-word"])] != [
+            exactly(step) for step in whole(made[family])
+        ]:
+            found.append(f"{family}: not to the last digit as in o-word")
     if options.judge:
         if plant == "judge":
             store(folder, "o-word", OWord(program, seed, True).texts())
-        status, text, told = motions.judge(paths["o-word"])
+        status, text, told = runs.judge(paths["o-word"])
         if status != 0:
             found.append(f"rs274 ends with {status}: {told[-400:]}")
-        elif part := motions.first_difference(wanted, motions.of_canon(text), JUDGED):
-            found.append("rs274: movement %d is to be %s and is %s" % part)
+        elif part := parted(wanted, movements(canonReader.read(text))):
+            found.append(f"rs274: {steps.told(part)}")
     return found, len(wanted)
 
 

@@ -1,0 +1,62 @@
+"""Runs of rs274 and of quillmark on a program in a file."""
+
+import os
+import re
+import subprocess
+import tempfile
+
+
+def judge(program, seconds=20, options=()):
+    """What rs274 makes of a file: its exit status (None when it does not end), output and errors.
+    It runs in a folder of its own, since it keeps variables there, and its table of tools in the
+    home folder, which two runs at once must not share. The subprograms that stand beside the file
+    it finds through links."""
+    folder = os.path.dirname(os.path.abspath(program))
+    with tempfile.TemporaryDirectory() as work:
+        for name in os.listdir(folder):
+            os.symlink(os.path.join(folder, name), os.path.join(work, name))
+        command = ["rs274", "-g", *options, os.path.basename(program)]
+        home = {**os.environ, "HOME": work}
+        try:
+            run = subprocess.run(command, cwd=work, env=home, capture_output=True, timeout=seconds)
+        except subprocess.TimeoutExpired as slow:
+            return None, (slow.stdout or b"").decode("latin-1"), ""
+    return run.returncode, run.stdout.decode("latin-1"), run.stderr.decode("latin-1")
+
+
+def convert(quillmark, dialect, program, seconds=60):
+    """What quillmark makes of a file: its exit status (None when it does not end), the APT and what
+    it tells."""
+    with tempfile.TemporaryDirectory() as work:
+        apt = os.path.join(work, "part.apt")
+        command = [quillmark, "-p", dialect, "-nc", program, "-of", apt]
+        try:
+            run = subprocess.run(command, capture_output=True, timeout=seconds)
+        except subprocess.TimeoutExpired:
+            return None, "", f"no end after {seconds} seconds"
+        try:
+            with open(apt, encoding="latin-1") as file:
+                text = file.read()
+        except OSError:
+            text = ""
+    told = (run.stdout + run.stderr).decode("latin-1")
+    return run.returncode, text, told
+
+
+def with_keys(dialect, lines, folder):
+    """A copy of a dialect with further lines; its path."""
+    with open(dialect, encoding="latin-1") as file:
+        text = file.read()
+    path = os.path.join(folder, "dialect.pp")
+    with open(path, "w", encoding="latin-1") as file:
+        file.write(text.rstrip("\n") + "\n" + "\n".join(lines) + "\n")
+    return path
+
+
+def failure(told):
+    """Return code, number of the block and reason, from what quillmark tells; None without one."""
+    code = re.search(r"error (\d+): (.*)", told)
+    block = re.search(r"stopped at block (\d+)(.*)", told)
+    if not code:
+        return None
+    return int(code[1]), int(block[1]) if block else None, code[2] + (block[2] if block else "")
