@@ -117,8 +117,7 @@ int Control::ResolvePoint(AxisValues values, gmVector3& point) {
             return Refuse(kWordNotConverted, "a radius and an angle stand in a block with "
                                              "incremental dimensions");
         }
-        point = FromLengths(
-            polar.Resolve(values, plane, IsIncrementalMode(), ToLengths(point)));
+        point = FromLengths(polar.Resolve(values, plane, IsIncrementalMode(), ToLengths(point)));
     }
     for (int axis = 0; axis < 3; ++axis) {
         const auto& value = values[static_cast<std::size_t>(axis)];
@@ -126,8 +125,7 @@ int Control::ResolvePoint(AxisValues values, gmVector3& point) {
             continue;
         }
         const bool isLength = axis == 0 && diameter.AreIncrementsLengths();
-        const double step =
-            isLength ? FromLengths({value->value, 0.0, 0.0})[0] : value->value;
+        const double step = isLength ? FromLengths({value->value, 0.0, 0.0})[0] : value->value;
         point[axis] = IsIncremental(*value) ? point[axis] + step : value->value;
     }
     return 0;
@@ -232,8 +230,8 @@ int Control::turnArc(Arc& arc) const {
     if (!coordinates.IsChanged()) {
         return 0;
     }
-    const gmVector3 aside = std::abs(arc.normal[2]) > 0.5 ? gmVector3(1.0, 0.0, 0.0)
-                                                           : gmVector3(0.0, 0.0, 1.0);
+    const gmVector3 aside =
+        std::abs(arc.normal[2]) > 0.5 ? gmVector3(1.0, 0.0, 0.0) : gmVector3(0.0, 0.0, 1.0);
     const gmVector3 from = cross(cross(arc.normal, aside), arc.normal);
     const Sweep turned = {.centre = {},
                           .from = coordinates.DirectionToStart(from),
