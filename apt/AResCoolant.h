@@ -8,4 +8,5 @@ public:
     using ResCoolant::ResCoolant;
 
     void InitOutput(Boolean on) override;
+    void WriteMist() override;
 };

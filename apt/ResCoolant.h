@@ -13,4 +13,6 @@ public:
     /// Writes the coolant on when `on` is 1, else off.
     virtual void InitOutput(Boolean on) = 0;
     virtual ~ResCoolant() = default;
+    /// Writes that the coolant comes as mist.
+    virtual void WriteMist() { InitOutput(TRUE); }
 };

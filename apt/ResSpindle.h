@@ -13,4 +13,9 @@ public:
     /// counter-clockwise, 0 for stop (the speed is not written then).
     virtual void InitOutput(int direction, double speed) = 0;
     virtual ~ResSpindle() = default;
+    /// The same for a spindle whose speed follows the cutting speed, in m/min or ft/min.
+    virtual void WriteCuttingSpeed(int direction, double speed, bool isInch) {
+        (void)isInch;
+        InitOutput(direction, speed);
+    }
 };

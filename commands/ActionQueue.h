@@ -25,6 +25,7 @@ public:
 
     /// Whether another command waits that says something else of the same.
     [[nodiscard]] bool HasRivalOf(const Command& command) const noexcept;
+    [[nodiscard]] bool HasKind(ActionKind kind) const noexcept;
     /// Those of one kind act in the order in which they come. Throws std::bad_alloc.
     void Add(Command& command);
     /// Has all act and forgets them. Returns 0, or the first code that is not: no further command

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 AvailableCommands::~AvailableCommands() = default;
 
@@ -12,13 +13,14 @@ void AvailableCommands::NewCommand(Command* command) {
 }
 
 void AvailableCommands::SortCommands() {
-    const auto length = [this](const std::unique_ptr<Command>& command) {
+    const auto place = [this](const std::unique_ptr<Command>& command) {
         return command == nullptr
-                   ? 0
-                   : GetCommandLength(command->GetSyntaxString(), command->GetSyntaxNumber());
+                   ? std::pair(CommandRank::kPlain, 0)
+                   : std::pair(command->Rank(), GetCommandLength(command->GetSyntaxString(),
+                                                                 command->GetSyntaxNumber()));
     };
     std::stable_sort(m_commands.rbegin(), m_commands.rend(),
-                     [&](const auto& a, const auto& b) { return length(a) > length(b); });
+                     [&](const auto& a, const auto& b) { return place(a) > place(b); });
 }
 
 int AvailableCommands::GetCommandLength(const char* syntax, const int& number) const noexcept {

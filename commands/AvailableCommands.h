@@ -17,8 +17,8 @@ public:
     /// Takes the command over and puts it at the head. When memory is exhausted the command is
     /// destroyed and std::bad_alloc thrown.
     void NewCommand(Command* command);
-    /// Orders by descending length on a block, so that "G100" is tried before "G1". Equal lengths
-    /// keep their order: the one registered last is tried first.
+    /// Orders by rank, then by descending length on a block, so that "G100" is tried before "G1".
+    /// Equal ones keep their order: the one registered last is tried first.
     void SortCommands();
     /// Length of the text that a command occupies on a block: its syntax and the digits of its
     /// number (0 has one, -1 none). 0 for a null syntax, with or without a number.

@@ -49,6 +49,9 @@ int CircularMovement::makeMovement(Movement& movement) {
     if (Control* const control = status().GetControl();
         control != nullptr && control->computesArcs) {
         movement.arc.reset();
+        if (control->hasDwell && control->HasMovementCommand()) {
+            return control->Refuse(kArcRefused, "a dwell stands in the block of an arc's code");
+        }
         return makeSweep(*control, movement);
     }
     Arc& arc = movement.arc.emplace();

@@ -15,6 +15,10 @@ char* Command::MoveAfterNumber(char* p) { return skipDigits(p); }
 
 int Command::Act() { return 0; }
 
+bool Command::Claims(const char* /*line*/) const { return true; }
+
+void Command::ClaimWords(char* /*line*/) {}
+
 int Command::perform() { return m_control == nullptr ? Act() : m_control->Perform(*this); }
 
 int Command::scanNC(char* line) {
@@ -24,7 +28,7 @@ int Command::scanNC(char* line) {
     while (char* const word = m_word.Find(line, from, token)) {
         char* const digits = word + m_word.Text().size();
         char* const end = MoveAfterNumber(digits);
-        if (m_word.HasDigits(digits, end)) {
+        if (m_word.HasDigits(digits, end) && Claims(line)) {
             cutOut(word, m_word.BehindFraction(end));
             m_ncLineStatus = TRUE;
             m_wasFound = true;

@@ -6,6 +6,12 @@
 
 class Control;
 
+enum class CommandRank {
+    kPlain,
+    kTakesWords,  ///< what means something else beside another code: a dwell has its own X, F or S
+    kClaimsBlocks ///< shares its code with one that takes the other blocks
+};
+
 /// Recognises one command word of a block: an address text and, mostly, a number ("G01", "M30").
 /// scanNC cuts the word out and lets the concrete command take its values from the rest; the
 /// NC-line status carries the find over to Compute, which runs after all commands were searched.
@@ -32,6 +38,13 @@ public:
     /// The second of the two steps: does what the block asked for. Returns 0, or a code that ends
     /// the processing of the file. Does nothing here.
     virtual int Act();
+    /// Whether the block holds what the command wants beside its word, so that commands may share a
+    /// code. The word is still there, and stays when the answer is no. Any block will do here.
+    [[nodiscard]] virtual bool Claims(const char* line) const;
+
+    /// Called before the groups compute, for the active movement: takes words of the block that are
+    /// its own though they look like those of another group. Does nothing here.
+    virtual void ClaimWords(char* line);
 
     /// Stores a copy of `syntax` unless it is null (the old one then stays), and `number` in any
     /// case. A number of -1 means that the word has none. When memory is exhausted the text is null
@@ -54,6 +67,9 @@ public:
     /// How the word is told from other text of a block; WordRule::kPlain at first.
     void SetWordRule(WordRule rule) noexcept { m_word.SetRule(rule); }
 
+    /// How early the command is tried: before all of a lower rank, whatever the lengths.
+    [[nodiscard]] CommandRank Rank() const noexcept { return m_rank; }
+
     /// Whether the last scanNC found the word and so shortened the block.
     [[nodiscard]] bool WasFound() const noexcept { return m_wasFound; }
     [[nodiscard]] const CommandWord& Word() const noexcept { return m_word; }
@@ -75,6 +91,7 @@ public:
 protected:
     /// Acts, at once or when the block's turn comes. Every command acts through here.
     int perform();
+    void setRank(CommandRank rank) noexcept { m_rank = rank; }
     void setIdle(bool idle) noexcept { m_isIdle = idle; }
     /// Keeps the code of what InitStatus performed for the caller of scanNC.
     void keepCode(int code) noexcept { m_code = code; }
@@ -87,5 +104,6 @@ private:
     bool m_isIdle = false;
     bool m_wasFound = false;
     ActionKind m_actionKind = ActionKind::kEnd;
+    CommandRank m_rank = CommandRank::kPlain;
     int m_code = 0; // of what InitStatus performed
 };

@@ -23,6 +23,7 @@ public:
 
     [[nodiscard]] const TextCopy& Text() const noexcept { return m_text; }
     [[nodiscard]] int Number() const noexcept { return m_number; }
+    [[nodiscard]] const std::string& Fraction() const noexcept { return m_fraction; }
 
     /// How words are told from other text; kPlain at first.
     void SetRule(WordRule rule) noexcept { m_rule = rule; }

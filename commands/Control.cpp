@@ -1,6 +1,7 @@
 #include "commands/Control.h"
 
 #include "commands/Command.h"
+#include "commands/CycleCall.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/withoutNoise.h"
@@ -19,14 +20,25 @@ bool Control::IsCycleActive() const {
     return cycles.Has(m_status.GetMovementCom()->GetActiveCommand());
 }
 
+int Control::FinishBlock() {
+    const bool moves = m_status.GetMovement() != nullptr || actions.Has(ActionKind::kMovement);
+    if (Command* const call = calls.Due(moves)) {
+        actions.Add(*call);
+    }
+    return actions.Run();
+}
+
 void Control::BeginBlock() noexcept {
     actions.Clear();
     beforeMovement.Clear();
+    calls.BeginBlock();
     m_axisWordsAreTaken = false;
     m_axisWordsAreTakenTwice = false;
     movesInMachine = false;
     polar.ForgetWords();
     m_hasMovementCommand = false;
+    hasDwell = false;
+    speedWaits = false;
 }
 
 int Control::Perform(Command& command) {
@@ -161,7 +173,7 @@ int Control::CheckKnown(const gmVector3& point) {
 }
 
 int Control::CheckFeed(const Movement& movement) {
-    return forgetsFeed && movement.rapid != TRUE && movement.needsFeed &&
+    return isStrict && movement.rapid != TRUE && movement.needsFeed &&
                    m_status.GetFeedRateSpeed() == 0.0
                ? Refuse(kBlockRefused, "a feed movement has no feed")
                : 0;
@@ -261,8 +273,16 @@ bool Control::isRound(const Sweep& sweep) {
 }
 
 void Control::SwitchUnits(bool isInch) {
+    const bool wasInch = units.IsInch();
     const double factor = units.Switch(isInch);
     if (factor != 1.0) {
+        if (isCuttingSpeed) {
+            m_status.InitSpindleSpeed(m_status.GetSpindleSpeed() *
+                                      LengthUnits::CuttingSpeedFactor(wasInch, isInch));
+        }
+        if (pitch) {
+            *pitch *= factor;
+        }
         const gmVector3 end = m_status.GetEndPosition() * factor;
         m_status.InitEndPosition(end[0], end[1], end[2]);
         m_status.InitFeedRateSpeed(m_status.GetFeedRateSpeed() * factor);
@@ -277,6 +297,14 @@ void Control::WriteUnits() {
     if (tellsUnits && isRunning && units.SettleOutput()) {
         writer->WriteUnits(units.IsOutputInch());
     }
+}
+
+int Control::LimitSpeed(double limit) {
+    if (!(limit > 0.0)) {
+        return Refuse(kBlockRefused, "a limit of the speed is not above 0");
+    }
+    writer->WriteSpeedLimit(limit);
+    return 0;
 }
 
 int Control::Refuse(int code, std::string reason) {

@@ -7,6 +7,7 @@
 #include "commands/AxisMapping.h"
 #include "commands/ControlWords.h"
 #include "commands/CoordinateSystem.h"
+#include "commands/CycleCalls.h"
 #include "commands/CycleMode.h"
 #include "commands/DiameterMode.h"
 #include "commands/LengthUnits.h"
@@ -35,7 +36,9 @@ public:
     ArcTolerance arcTolerance;
     bool computesArcs = false;   ///< as controls do, with planes; else as the block says
     bool centreIsRadius = false; ///< the centre word of a diameter axis is a radius
-    bool forgetsFeed = false;    ///< a change of the feed mode leaves no feed, and none is an error
+    /// Of the family whose order stops first: a code of the feed mode leaves no feed, none is an
+    /// error, and so are other blocks that further families forgive.
+    bool isStrict = false;
     bool hasStages = false;      ///< movements pass them; else they are written as described
     bool tellsUnits = false;     ///< the output says in which unit it is
     bool hasThousandths = false; ///< a factor of scaling without a decimal point counts them
@@ -55,15 +58,25 @@ public:
     CoordinateSystem coordinates;
     LengthUnits units;
     CycleMode cycles;
+    CycleCalls calls;
     DiameterMode diameter;
     PolarCoordinates polar;
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
+    bool isCuttingSpeed = false; ///< the number of the speed is m/min or ft/min, not rev/min
+    /// Of threads whose pitch is the word of the feed, until that gives a feed again.
+    std::optional<double> pitch;
+
+    // Of the block at hand.
+    bool hasDwell = false;
+    bool speedWaits = false; ///< it or its mode is to be told, unless a spindle code does
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
     /// Forgets what belongs to the block before.
     void BeginBlock() noexcept;
 
+    /// The block has been read: has all act whose turn comes now. Returns 0 or a code.
+    int FinishBlock();
     /// Has the command act when its turn comes. Returns 0, or the code of a block that contradicts
     /// itself.
     int Perform(Command& command);
@@ -79,8 +92,9 @@ public:
     int NoteMovementCommand();
     /// Whether a movement code moves though no word with it says where to.
     [[nodiscard]] bool MovesWithoutWords() const noexcept {
-        return !computesArcs && !m_axisWordsAreTaken;
+        return !computesArcs && !m_axisWordsAreTaken && !hasDwell;
     }
+    [[nodiscard]] bool HasMovementCommand() const noexcept { return m_hasMovementCommand; }
 
     /// A point of the program, as its words give it, as lengths without diameters.
     [[nodiscard]] gmVector3 ToLengths(const gmVector3& point, const AxisMapping& mapping) const;
@@ -139,6 +153,9 @@ public:
     void SwitchUnits(bool isInch);
     /// Tells the unit of the output, unless that was done.
     void WriteUnits();
+
+    /// Tells the highest speed of the spindle, rev/min. Returns 0 or the code of a refusal.
+    int LimitSpeed(double limit);
 
     /// Keeps the reason and returns the code.
     int Refuse(int code, std::string reason);

@@ -10,7 +10,9 @@ class Control;
 class ControlCommand : public NonModalCommand {
 public:
     /// `control` must outlive the command.
-    explicit ControlCommand(Control& control) noexcept : m_control(control) {}
+    explicit ControlCommand(Control& control) noexcept : m_control(control) {
+        setRank(CommandRank::kTakesWords);
+    }
     ~ControlCommand() override;
 
     void InitStatus(char* line) final;

@@ -21,7 +21,5 @@ void CycleEnd::InitStatus(char* /*line*/) {
 }
 
 int CycleEnd::Compute(char* line) {
-    return TakeWords(line) ? m_control.Refuse(kBlockRefused,
-                                              "a position has no movement code")
-                           : 0;
+    return TakeWords(line) ? m_control.Refuse(kBlockRefused, "a position has no movement code") : 0;
 }

@@ -4,11 +4,15 @@
 #include "driver/returnCodes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
-bool isSame(const gmVector3& a, const gmVector3& b) {
-    return a[0] == b[0] && a[1] == b[1] && a[2] == b[2];
+// What is not known stays so.
+bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+bool isSamePoint(const gmVector3& a, const gmVector3& b) {
+    return isSame(a[0], b[0]) && isSame(a[1], b[1]) && isSame(a[2], b[2]);
 }
 
 } // namespace
@@ -64,5 +68,5 @@ std::string CycleMode::changeSince(const Place& now) const {
     if (now.isInch != m_place.isInch) {
         return "unit";
     }
-    return std::ranges::equal(now.axes, m_place.axes, isSame) ? "" : "zero";
+    return std::ranges::equal(now.axes, m_place.axes, isSamePoint) ? "" : "zero";
 }

@@ -17,8 +17,8 @@ struct CycleRules {
     double lift = 0.254;        ///< mm, between pecks
     bool feedsToReturn = false; ///< the slow way out goes on to the return height
     bool goesStraight = false;  ///< the way to the place is straight, also in height
-    /// A cycle's code wants its words anew, see CycleMode, and where no movement is active a position
-    /// wants a code.
+    /// A cycle's code wants its words anew, see CycleMode, and where no movement is active a
+    /// position wants a code.
     bool isStrict = false;
     bool returnsToStart = true; ///< to the height at the start; else to the clearance
 };
@@ -30,6 +30,7 @@ struct CycleWords {
     WordList pause; ///< seconds
     WordList pauseMilliseconds;
     WordList repeat;
+    WordList taper; ///< of the passes of lathes
 };
 
 /// The spindle as cycles turn it; none is owned, null where the dialect has none.

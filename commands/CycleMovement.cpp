@@ -5,6 +5,7 @@
 #include "driver/returnCodes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -19,6 +20,9 @@ CycleMovement::~CycleMovement() = default;
 
 int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbers,
                                 double repeats) {
+    if (std::isnan(numbers.clearance)) {
+        return m_control.Refuse(kAxisUnknown, "the height at the start of a cycle is not known");
+    }
     if (!(numbers.clearance >= numbers.depth)) {
         return m_control.Refuse(kBlockRefused, "the clearance of the cycle lies below its depth");
     }
@@ -33,24 +37,25 @@ int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbe
 }
 
 int CycleMovement::walk(const CycleKind& kind, const CycleNumbers& numbers) {
+    m_programmedFeed = status().GetFeedRateSpeed();
     for (const CycleStep next : kind.steps) {
         if (const int code = step(next, kind, numbers); code != 0) {
             return code;
         }
     }
-    return 0;
+    return useFeed(m_programmedFeed);
 }
 
 int CycleMovement::step(CycleStep step, const CycleKind& kind, const CycleNumbers& numbers) {
     switch (step) {
     case CycleStep::kFeedDown:
-        return toHeight(FALSE, numbers.depth);
+        return feedTo(numbers.depth, numbers.feedDown);
     case CycleStep::kPeckOut:
         return peck(numbers, true);
     case CycleStep::kPeckBack:
         return peck(numbers, false);
     case CycleStep::kDwell:
-        return dwell(numbers);
+        return pause(numbers.dwell);
     case CycleStep::kStop:
         return turningSpindle() == nullptr ? 0 : m_control.cycles.spindle.stop->Act();
     case CycleStep::kTurnBack:
@@ -65,7 +70,7 @@ int CycleMovement::step(CycleStep step, const CycleKind& kind, const CycleNumber
         return toHeight(FALSE,
                         m_control.cycles.rules.feedsToReturn ? numbers.back : numbers.clearance);
     case CycleStep::kFeedToClearance:
-        return toHeight(FALSE, numbers.clearance);
+        return feedTo(numbers.clearance, numbers.feedUp);
     case CycleStep::kReturn:
         return toHeight(TRUE, numbers.back);
     }
@@ -76,22 +81,42 @@ int CycleMovement::step(CycleStep step, const CycleKind& kind, const CycleNumber
 // for noise, there may be one more.
 int CycleMovement::peck(const CycleNumbers& numbers, bool goesOut) {
     double depth = numbers.clearance - numbers.firstPeck;
+    std::optional<double> feed = numbers.firstFeed;
     int code = 0;
     for (; code == 0 && depth > numbers.depth; depth -= numbers.peck) {
-        code = toHeight(FALSE, depth);
-        code = code != 0 ? code : dwell(numbers);
-        code = code != 0 || !goesOut ? code : toHeight(TRUE, numbers.clearance);
+        code = feedTo(depth, feed);
+        code = code != 0 ? code : pause(numbers.dwell);
+        if (goesOut) {
+            code = code != 0 ? code : toHeight(TRUE, numbers.clearance);
+            code = code != 0 ? code : pause(numbers.dwellAtStart);
+        }
         code = code != 0 ? code : toHeight(TRUE, depth + numbers.lift);
+        feed = numbers.feedDown;
     }
-    code = code != 0 ? code : toHeight(FALSE, numbers.depth);
-    return code != 0 ? code : dwell(numbers);
+    code = code != 0 ? code : feedTo(numbers.depth, feed);
+    return code != 0 ? code : pause(numbers.dwell);
 }
 
-int CycleMovement::dwell(const CycleNumbers& numbers) {
-    if (numbers.dwell) {
-        m_control.writer->WriteDelay(*numbers.dwell);
+int CycleMovement::pause(const std::optional<double>& seconds) {
+    if (seconds) {
+        m_control.writer->WriteDelay(*seconds);
     }
     return 0;
+}
+
+int CycleMovement::feedTo(double height, const std::optional<double>& feed) {
+    const int code = useFeed(feed.value_or(m_programmedFeed));
+    return code != 0 ? code : toHeight(FALSE, height);
+}
+
+// Tells the feed where it changes.
+int CycleMovement::useFeed(double feed) {
+    if (feed == status().GetFeedRateSpeed()) {
+        return 0;
+    }
+    status().InitFeedRateSpeed(feed);
+    Command* const mode = status().GetFeedRateCom()->GetActiveCommand();
+    return mode == nullptr ? 0 : mode->Act();
 }
 
 int CycleMovement::shift(double length) {
@@ -124,9 +149,15 @@ int CycleMovement::goAlong(Boolean rapid, int axis, double coordinate) {
 
 int CycleMovement::normalAxis() const noexcept { return axesOf(m_control.plane).normal; }
 
-double CycleMovement::fromMillimetres(double length, int axis) const noexcept {
+double CycleMovement::alongAxis(double length, int axis) const {
+    gmVector3 point;
+    point[axis] = length;
+    return m_control.FromLengths(point, Mapping())[axis];
+}
+
+double CycleMovement::liftAlong(int axis) const {
     const double unit = m_control.units.IsInch() ? LengthUnits::kMillimetresPerInch : 1.0;
-    return length / unit / Mapping().LengthFactor(static_cast<AxisMapping::Axis>(axis));
+    return alongAxis(m_control.cycles.rules.lift / unit, axis);
 }
 
 Command* CycleMovement::turningSpindle() const {

@@ -31,8 +31,10 @@ protected:
 
     /// The axis along the normal of the plane.
     [[nodiscard]] int normalAxis() const noexcept;
-    /// A length in mm as one in coordinates of the program along an axis.
-    [[nodiscard]] double fromMillimetres(double length, int axis) const noexcept;
+    /// A length as one in coordinates along an axis, which may be diameters.
+    [[nodiscard]] double alongAxis(double length, int axis) const;
+    /// The lift between pecks, likewise.
+    [[nodiscard]] double liftAlong(int axis) const;
     /// The spindle command that is active, unless that is the stop; else null.
     [[nodiscard]] Command* turningSpindle() const;
 
@@ -40,9 +42,12 @@ private:
     int step(CycleStep step, const CycleKind& kind, const CycleNumbers& numbers);
     int toHeight(Boolean rapid, double height) { return goAlong(rapid, normalAxis(), height); }
     int peck(const CycleNumbers& numbers, bool goesOut);
-    int dwell(const CycleNumbers& numbers);
+    int pause(const std::optional<double>& seconds);
+    int feedTo(double height, const std::optional<double>& feed);
+    int useFeed(double feed);
     int shift(double length);
     int turn(CycleTurning turning, bool isBack);
 
     Control& m_control;
+    double m_programmedFeed = 0.0; // while the steps are walked
 };

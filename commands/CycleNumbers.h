@@ -12,5 +12,10 @@ struct CycleNumbers {
     double peck = 0.0;
     double lift = 0.0;
     double shift = 0.0;
-    std::optional<double> dwell; ///< seconds, at each depth
+    std::optional<double> dwell;        ///< seconds, at each depth
+    std::optional<double> dwellAtStart; ///< seconds, at the clearance between pecks
+    // Where the programmed feed does not count:
+    std::optional<double> firstFeed; ///< of the first peck
+    std::optional<double> feedDown;
+    std::optional<double> feedUp; ///< to the clearance
 };

@@ -141,16 +141,18 @@ int DrillingCycle::settle(CycleNumbers& numbers) const {
         return isIncremental ? base + height.value : height.value;
     };
     const int normal = normalAxis();
+    if (mode.rules.returnsToStart && std::isnan(mode.StartHeight())) {
+        return control().Refuse(kAxisUnknown, "the height at the start of a cycle is not known");
+    }
     numbers.clearance = heightOf(*mode.clearance, mode.StartHeight());
     numbers.depth = heightOf(*mode.depth, numbers.clearance);
     numbers.back = mode.rules.returnsToStart ? std::max(numbers.clearance, mode.StartHeight())
                                              : numbers.clearance;
     const double peck = mode.peck.value_or(0.0);
-    numbers.peck = peck / Mapping().LengthFactor(static_cast<AxisMapping::Axis>(normal));
+    numbers.peck = alongAxis(peck, normal);
     numbers.firstPeck = numbers.peck;
-    numbers.lift = fromMillimetres(mode.rules.lift, normal);
-    const int first = axesOf(control().plane).first;
-    numbers.shift = peck / Mapping().LengthFactor(static_cast<AxisMapping::Axis>(first));
+    numbers.lift = liftAlong(normal);
+    numbers.shift = alongAxis(peck, axesOf(control().plane).first);
     if (m_kind.hasShift && !(peck > 0.0)) {
         return refuse("the cycle has no shift above 0");
     }

@@ -20,7 +20,7 @@ void FeedRate::InitInstSyntax(const char* syntax, const int& number, Factory* fa
 // On some controls the feed ends with its mode, even where the same one begins.
 void FeedRate::InitStatus(char* line) {
     const Control* const control = status().GetControl();
-    if (control != nullptr && control->forgetsFeed) {
+    if (control != nullptr && control->isStrict) {
         status().InitFeedRateSpeed(0.0);
     }
     TechnologyCommand::InitStatus(line);
@@ -30,12 +30,15 @@ void FeedRate::InitStatus(char* line) {
 void FeedRate::keepValue(double value) noexcept { m_newFeed = value; }
 
 int FeedRate::Act() {
+    Control* const control = status().GetControl();
     if (m_newFeed) {
         status().InitFeedRateSpeed(*m_newFeed);
         m_newFeed.reset();
+        if (control != nullptr) {
+            control->pitch.reset();
+        }
     }
     const double feed = status().GetFeedRateSpeed();
-    const Control* const control = status().GetControl();
     if (control != nullptr && control->units.IsOutputInch()) {
         writer().WriteFine(m_perMinute == TRUE, feed * control->units.ToOutput(), true);
     } else {

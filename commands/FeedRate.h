@@ -20,6 +20,7 @@ public:
 
     /// The value word; not owned, may be null.
     void InitSpeedParm(Parameter* word) noexcept { initValueWord(word); }
+    [[nodiscard]] Parameter* GetSpeedParm() const noexcept { return valueWord(); }
 
     void InitStatus(char* line) override;
     int Act() override;

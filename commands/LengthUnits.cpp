@@ -27,3 +27,11 @@ bool LengthUnits::SettleOutput() noexcept {
 }
 
 double LengthUnits::ToOutput() const noexcept { return factor(m_isInch, IsOutputInch()); }
+
+double LengthUnits::CuttingSpeedFactor(bool fromInch, bool toInch) noexcept {
+    constexpr double kMetresPerFoot = 0.3048;
+    if (fromInch == toInch) {
+        return 1.0;
+    }
+    return fromInch ? kMetresPerFoot : 1.0 / kMetresPerFoot;
+}

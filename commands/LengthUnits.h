@@ -17,6 +17,12 @@ public:
     [[nodiscard]] bool IsOutputInch() const noexcept { return m_outputIsInch.value_or(m_isInch); }
     /// Turns a length of the program into one of the output.
     [[nodiscard]] double ToOutput() const noexcept;
+    /// Turns a cutting speed of the program, in m/min or ft/min, into one of the output.
+    [[nodiscard]] double CuttingSpeedToOutput() const noexcept {
+        return CuttingSpeedFactor(m_isInch, IsOutputInch());
+    }
+    /// What a cutting speed in one unit has to be multiplied by to become one in the other.
+    [[nodiscard]] static double CuttingSpeedFactor(bool fromInch, bool toInch) noexcept;
     /// Turns a length in mm into one of the output.
     [[nodiscard]] double FromMillimetres() const noexcept {
         return IsOutputInch() ? 1.0 / kMillimetresPerInch : 1.0;

@@ -8,8 +8,11 @@ MachineStatus::MachineStatus() noexcept = default;
 MachineStatus::~MachineStatus() = default;
 
 int MachineStatus::scanNC(char* line) {
-    if (const int code = m_control == nullptr ? 0 : m_control->beforeMovement.Run(); code != 0) {
-        return code;
+    if (m_control != nullptr) {
+        claimWords(line);
+        if (const int code = m_control->beforeMovement.Run(); code != 0) {
+            return code;
+        }
     }
     if (const int code = computeGroups(0, kFirstOfTrimmedBlock, line); code != 0) {
         return code;
@@ -18,7 +21,7 @@ int MachineStatus::scanNC(char* line) {
     if (const int code = computeGroups(kFirstOfTrimmedBlock, kModalGroupCount, line); code != 0) {
         return code;
     }
-    return m_control == nullptr ? 0 : m_control->actions.Run();
+    return m_control == nullptr ? 0 : m_control->FinishBlock();
 }
 
 Control& MachineStatus::MakeControl() {
@@ -26,6 +29,12 @@ Control& MachineStatus::MakeControl() {
         m_control = std::make_unique<Control>(*this);
     }
     return *m_control;
+}
+
+void MachineStatus::claimWords(char* line) {
+    if (Command* const movement = GetMovementCom()->GetActiveCommand()) {
+        movement->ClaimWords(line);
+    }
 }
 
 int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {

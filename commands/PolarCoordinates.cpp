@@ -54,9 +54,9 @@ gmVector3 PolarCoordinates::Resolve(AxisValues& values, Plane plane, bool isIncr
     const double second = point[axes.second] - m_pole[axes.second];
     m_radius = radius ? radius->value : m_radius.value_or(std::hypot(first, second));
     const double lastAngle = m_angle.value_or(std::atan2(second, first) / kDegree);
-    m_angle = !angle                                      ? lastAngle
+    m_angle = !angle                                     ? lastAngle
               : isIncremental(*angle, isIncrementalMode) ? lastAngle + angle->value
-                                                          : angle->value;
+                                                         : angle->value;
     gmVector3 result = m_pole + offset(axes);
     result[axes.normal] = point[axes.normal];
     return result;

@@ -9,9 +9,7 @@
 
 namespace {
 
-bool differ(double a, double b) noexcept {
-    return a != b && !(std::isnan(a) && std::isnan(b));
-}
+bool differ(double a, double b) noexcept { return a != b && !(std::isnan(a) && std::isnan(b)); }
 
 } // namespace
 

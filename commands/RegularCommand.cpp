@@ -1,7 +1,9 @@
 #include "commands/RegularCommand.h"
 
 #include "apt/Factory.h"
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
 
 #include <limits>
 
@@ -20,6 +22,14 @@ int toolNumber(double value) noexcept {
     return value == value ? static_cast<int>(value) : 0;
 }
 
+int powerOfTen(int exponent) noexcept {
+    int power = 1;
+    for (; exponent > 0; --exponent) {
+        power *= 10;
+    }
+    return power;
+}
+
 } // namespace
 
 RegularCommand::RegularCommand(MachineStatus* status, Factory* factory)
@@ -34,9 +44,27 @@ void RegularCommand::InitInstSyntax(const char* syntax, const int& number, Facto
     replaceWriter(factory->GetRegulaCom());
 }
 
-void RegularCommand::keepValue(double value) noexcept { status().InitTool(toolNumber(value)); }
+void RegularCommand::ChangeByWord(int digits, int offsetDigits) noexcept {
+    m_words = powerOfTen(digits);
+    m_wordsPerTool = powerOfTen(offsetDigits);
+}
+
+void RegularCommand::keepValue(double value) noexcept {
+    const int number = toolNumber(value);
+    m_isRefused = m_words != 0 && (number < 0 || number >= m_words);
+    status().InitTool(number / m_wordsPerTool);
+}
+
+bool RegularCommand::actsOnValueAlone() const noexcept {
+    const int tool = status().GetTool();
+    return m_isRefused || (m_words != 0 && tool != 0 && tool != m_changedTo);
+}
 
 int RegularCommand::Act() {
+    if (m_isRefused) {
+        return status().GetControl()->Refuse(kBlockRefused, "a tool word has too many digits");
+    }
+    m_changedTo = status().GetTool();
     writer().InitOutput(status().GetTool());
     return 0;
 }

@@ -19,7 +19,8 @@ void ShiftCommand::takeWords(char* line) {
 }
 
 int ShiftCommand::Act() {
-    const bool hasWords = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    const bool hasWords =
+        std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
     if (m_kind == Kind::kCancel) {
         cancel();
         return 0;
@@ -88,7 +89,8 @@ void ShiftCommand::setLocal() {
 
 void ShiftCommand::cancel() {
     CoordinateSystem& coordinates = control().coordinates;
-    const bool namesAxes = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    const bool namesAxes =
+        std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
     gmVector3 shift;
     for (int axis = 0; axis < 3; ++axis) {
         const bool stays = namesAxes && !m_values[static_cast<std::size_t>(axis)];

@@ -1,7 +1,10 @@
 #include "commands/Spindle.h"
 
 #include "apt/Factory.h"
+#include "commands/Control.h"
 #include "commands/MachineStatus.h"
+
+#include <utility>
 
 Spindle::Spindle(MachineStatus* status, Factory* factory)
     : WithWriter(factory->GetSpindlCom(), status) {}
@@ -16,9 +19,44 @@ void Spindle::InitInstSyntax(const char* syntax, const int& number, Factory* fac
     m_mode = mode;
 }
 
-void Spindle::keepValue(double value) noexcept { status().InitSpindleSpeed(value); }
+void Spindle::keepValue(double value) noexcept {
+    status().InitSpindleSpeed(value);
+    m_newSpeed = value;
+}
 
+void Spindle::InitStatus(char* line) {
+    if (Control* const control = status().GetControl()) {
+        control->speedWaits = false;
+    }
+    m_newSpeed.reset();
+    TechnologyCommand::InitStatus(line);
+}
+
+int Spindle::Compute(char* line) {
+    Control* const control = status().GetControl();
+    const bool speedWaits = control != nullptr && std::exchange(control->speedWaits, false);
+    const bool hasSpeed = TakeWords(line);
+    if (!actsOnValueAlone()) {
+        m_newSpeed.reset();
+        return 0;
+    }
+    return hasSpeed || speedWaits ? perform() : 0;
+}
+
+// The unit in which a cutting speed counts may have changed since.
 int Spindle::Act() {
-    writer().InitOutput(m_mode, status().GetSpindleSpeed());
+    if (m_newSpeed) {
+        status().InitSpindleSpeed(*m_newSpeed);
+        m_newSpeed.reset();
+    }
+    const double speed = status().GetSpindleSpeed();
+    const Control* const control = status().GetControl();
+    if (control != nullptr && control->isCuttingSpeed) {
+        const LengthUnits& units = control->units;
+        writer().WriteCuttingSpeed(m_mode, speed * units.CuttingSpeedToOutput(),
+                                   units.IsOutputInch());
+    } else {
+        writer().InitOutput(m_mode, speed);
+    }
     return 0;
 }

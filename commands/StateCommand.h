@@ -2,7 +2,7 @@
 
 #include "commands/ControlCommand.h"
 
-/// A code without words that changes the state of the control, and no more.
+/// A code without words that does one thing to the control.
 class StateCommand final : public ControlCommand {
 public:
     using Change = void (*)(Control& control);

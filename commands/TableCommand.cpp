@@ -39,9 +39,8 @@ int TableCommand::Act() {
     if (kind == kOrigins || kind == kOriginsByPosition) {
         return act();
     }
-    const bool isStrict = control().actions.Order() == ExecutionOrder::kOffFirst;
     const bool isTool = std::ranges::find(kToolTables, kind) != std::end(kToolTables);
-    return isStrict && !(m_kind && isTool)
+    return control().isStrict && !(m_kind && isTool)
                ? control().Refuse(kBlockRefused, "there is no table of that kind")
                : 0;
 }

@@ -3,16 +3,21 @@
 #include "commands/Parameter.h"
 
 std::optional<double> WordList::Take(char* line, MachineStatus& status) const {
-    const std::optional<AxisValue> value = TakeValue(line, status);
-    return value ? std::optional(value->value) : std::nullopt;
+    Parameter* const word = TakeWord(line, status);
+    return word == nullptr ? std::nullopt : std::optional(word->GetValue());
 }
 
 std::optional<AxisValue> WordList::TakeValue(char* line, MachineStatus& status) const {
+    Parameter* const word = TakeWord(line, status);
+    return word == nullptr ? std::nullopt : std::optional(valueOf(*word));
+}
+
+Parameter* WordList::TakeWord(char* line, MachineStatus& status) const {
     for (Parameter* const word : m_words) {
         if (word->scanNC(line, &status) == 1) {
             word->SetNCLineStatus(FALSE);
-            return valueOf(*word);
+            return word;
         }
     }
-    return std::nullopt;
+    return nullptr;
 }

@@ -19,6 +19,8 @@ public:
     [[nodiscard]] std::optional<double> Take(char* line, MachineStatus& status) const;
     /// The same with what the word says of the way it counts.
     [[nodiscard]] std::optional<AxisValue> TakeValue(char* line, MachineStatus& status) const;
+    /// The same, with the word itself; null when there is none.
+    [[nodiscard]] Parameter* TakeWord(char* line, MachineStatus& status) const;
 
 private:
     std::vector<Parameter*> m_words;

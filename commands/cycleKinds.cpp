@@ -11,7 +11,7 @@ constexpr CycleStep kDeepSteps[] = {kPeckOut, kReturn};
 constexpr CycleStep kBreakChipSteps[] = {kPeckBack, kReturn};
 constexpr CycleStep kTapSteps[] = {kFeedDown,           kTurnBack,  kDwell,
                                    CycleStep::kFeedOut, kTurnAgain, kReturn};
-constexpr CycleStep kFeedOutSteps[] = {kFeedDown, kFeedToClearance, kReturn};
+constexpr CycleStep kFeedOutSteps[] = {kFeedDown, kDwell, kFeedToClearance, kReturn};
 constexpr CycleStep kDwellOutSteps[] = {kFeedDown, kDwell, CycleStep::kFeedOut, kReturn};
 constexpr CycleStep kStopOutSteps[] = {kFeedDown, kDwell, kStop, kReturn, kTurnAgain};
 constexpr CycleStep kFineBoreSteps[] = {kFeedDown, kDwell,     kStop,     kShift,

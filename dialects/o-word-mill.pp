@@ -56,19 +56,26 @@ COOLANT_ON
 M8
 COOLANT_OFF
 M9
+REV_COOLANT_MIST
+M7
 REV_TLCHG_COM
 M6
-# Planned and optional stops: either writes the statements of an end, and the reading goes on.
-PROGRAM_STOP
+# Planned and optional stops.
+REV_STOP
 M0
-PROGRAM_STOP
-M1
-PROGRAM_STOP
+REV_STOP
 M60
+REV_OPTIONAL_STOP
+M1
 PROGRAM_END
 M2
 PROGRAM_END
 M30
+# Cutting speed, then speed in turns.
+REV_CUTTING_SPEED
+G96
+REV_SPINDLE_SPEED_MODE
+G97
 # Planes, the direction of arcs in them seen against X, Y or Z, and how their centres count.
 REV_PLANE_XY
 G17
@@ -85,7 +92,18 @@ REV_INCH
 G20
 REV_METRIC
 G21
-# Zero systems in their order, tables of them, and shifts over them.
+# Dwell, threads, radius compensation.
+REV_DWELL
+G4
+REV_THREAD
+G33
+REV_CUTCOM_LEFT
+G41
+REV_CUTCOM_RIGHT
+G42
+REV_CUTCOM_OFF
+G40
+# Zeros, the table that holds them, and the shift on top.
 REV_ZERO_SYSTEM
 G54
 REV_ZERO_SYSTEM
@@ -116,44 +134,64 @@ REV_SHIFT_SUSPEND
 G92.2
 REV_SHIFT_RESTORE
 G92.3
-# Coordinates of the machine, and its reference points. Say with REV_MACHINE_ZERO where machine zero
-# lies.
+# Positions of the machine. Where its zero lies only REV_MACHINE_ZERO can tell.
 REV_MACHINE_COORDINATES
 G53
 REV_REFERENCE_POINT
 G28
 REV_REFERENCE_POINT_2
 G30
-# Without effect on the path: no radius compensation, how corners are taken, the end
-# and the return height of cycles.
-REV_NO_EFFECT
-G40
+# Cycles, their end, and where they go back to.
+REV_CYCLE_DRILL
+G81
+REV_CYCLE_DRILL_DWELL
+G82
+REV_CYCLE_DEEP
+G83
+REV_CYCLE_BREAK_CHIP
+G73
+REV_CYCLE_TAP
+G84
+REV_CYCLE_TAP_LEFT
+G74
+REV_CYCLE_FEED_OUT
+G85
+REV_CYCLE_STOP_OUT
+G86
+REV_CYCLE_DWELL_OUT
+G89
+REV_CYCLE_OFF
+G80
+REV_CYCLE_TO_START
+G98
+REV_CYCLE_TO_CLEARANCE
+G99
+# The way out of G84, G74 and G89 is at feed all along, the ways before a cycle are straight, and a
+# cycle wants all its words when it begins.
+REV_CYCLE_FEED_TO_RETURN
+1
+REV_CYCLE_STRAIGHT
+1
+REV_CYCLE_STRICT
+1
+# The return mode in force before the first block.
+REV_START
+G99
+# Without effect on the path: how corners are taken.
 REV_NO_EFFECT
 G61
 REV_NO_EFFECT
 G61.1
 REV_NO_EFFECT
 G64
-REV_NO_EFFECT
-G80
-REV_NO_EFFECT
-G98
-REV_NO_EFFECT
-G99
-# A dwell takes its P along, and a tool length its H: positions are those of the tool's tip.
-REV_NO_EFFECT
-G4
+# A tool length takes its H along: positions are those of the tool's tip.
 REV_NO_EFFECT
 G43
 REV_NO_EFFECT
 G49
-# Diameters off, speed in turns, mist, orientation, overrides, tool number, inputs, outputs.
+# Diameters off, orientation, overrides, tool number, inputs, outputs.
 REV_NO_EFFECT
 G8
-REV_NO_EFFECT
-G97
-REV_NO_EFFECT
-M7
 REV_NO_EFFECT
 M19
 REV_NO_EFFECT
@@ -184,13 +222,11 @@ REV_NO_EFFECT
 M67
 REV_NO_EFFECT
 M68
-# Numbers of offsets.
-REV_NO_EFFECT_WORD
-D
+# Number of the tool length.
 REV_NO_EFFECT_WORD
 H
-# What changes the path, or what F and S mean, and is not followed: tilted planes, splines,
-# diameters,
+# What changes the path, or what F means, and is not followed: tilted planes, splines, diameters,
+# positions to come back to,
 REV_NOT_CONVERTED
 G17.1
 REV_NOT_CONVERTED
@@ -207,13 +243,11 @@ REV_NOT_CONVERTED
 G5.3
 REV_NOT_CONVERTED
 G7
-# where reference points lie, threads, contacts, compensations,
 REV_NOT_CONVERTED
 G28.1
 REV_NOT_CONVERTED
 G30.1
-REV_NOT_CONVERTED
-G33
+# tapping in one block, contacts, compensations by table, lathe cycles,
 REV_NOT_CONVERTED
 G33.1
 REV_NOT_CONVERTED
@@ -225,11 +259,7 @@ G38.4
 REV_NOT_CONVERTED
 G38.5
 REV_NOT_CONVERTED
-G41
-REV_NOT_CONVERTED
 G41.1
-REV_NOT_CONVERTED
-G42
 REV_NOT_CONVERTED
 G42.1
 REV_NOT_CONVERTED
@@ -250,35 +280,15 @@ REV_NOT_CONVERTED
 G72.1
 REV_NOT_CONVERTED
 G72.2
-# cycles, inverse time, cutting speed, and states that come back.
-REV_NOT_CONVERTED
-G73
-REV_NOT_CONVERTED
-G74
+# other cycles, inverse time, and states that come back.
 REV_NOT_CONVERTED
 G76
-REV_NOT_CONVERTED
-G81
-REV_NOT_CONVERTED
-G82
-REV_NOT_CONVERTED
-G83
-REV_NOT_CONVERTED
-G84
-REV_NOT_CONVERTED
-G85
-REV_NOT_CONVERTED
-G86
 REV_NOT_CONVERTED
 G87
 REV_NOT_CONVERTED
 G88
 REV_NOT_CONVERTED
-G89
-REV_NOT_CONVERTED
 G93
-REV_NOT_CONVERTED
-G96
 REV_NOT_CONVERTED
 M70
 REV_NOT_CONVERTED
@@ -341,7 +351,33 @@ CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR
 T
-# Words of tables.
+# Words of arcs,
+REV_CIRCLE_RADIUS
+R
+1
+M5.5
+REV_TURNS_BEGUN
+P
+1
+M5.5
+# of dwells, threads and speeds,
+REV_DWELL_SECONDS
+P
+1
+M5.5
+REV_THREAD_PITCH
+K
+1
+M5.5
+REV_SPINDLE_LIMIT_WORD
+D
+1
+M5.5
+# of compensation and tables,
+REV_CUTCOM_REGISTER
+D
+1
+M5.5
 REV_TABLE_KIND
 L
 1
@@ -354,12 +390,20 @@ REV_TABLE_ANGLE
 R
 1
 M5.5
-# Words of arcs.
-REV_CIRCLE_RADIUS
+# of cycles.
+REV_CYCLE_CLEARANCE
 R
 1
 M5.5
-REV_TURNS_BEGUN
+REV_CYCLE_PECK
+Q
+1
+M5.5
+REV_CYCLE_PAUSE
 P
+1
+M5.5
+REV_CYCLE_REPEAT
+L
 1
 M5.5

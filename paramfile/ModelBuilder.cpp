@@ -135,9 +135,13 @@ int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
     return registerCommand(std::move(command));
 }
 
+void ModelBuilder::joinGroup(ModalCommand& member, ModalGroup group) {
+    member.JoinGroup(Status().GetGroup(group));
+    Status().GetGroup(group)->NewCommand(&member);
+}
+
 void ModelBuilder::joinMovements(MovementCommand& movement) {
-    movement.JoinGroup(Status().GetMovementCom());
-    Status().GetMovementCom()->NewCommand(&movement);
+    joinGroup(movement, ModalGroup::kMovement);
     m_laterMovements.push_back(&movement);
 }
 
@@ -182,7 +186,7 @@ int ModelBuilder::finishControl(Control& control) {
     for (MovementCommand* const movement : m_laterMovements) {
         movement->MoveLike(*m_commands.rapid);
     }
-    if (m_areCyclesStrict.value_or(control.forgetsFeed)) {
+    if (m_areCyclesStrict.value_or(control.isStrict)) {
         beginWithoutMovement(control);
     }
     control.cycles.spindle = {m_commands.spindleStop, m_commands.spindleClockwise,
@@ -190,6 +194,8 @@ int ModelBuilder::finishControl(Control& control) {
     control.words.axes = m_commands.rapid->Axes();
     control.words.centres = m_centreWords;
     control.axisMapping = &m_commands.rapid->Mapping();
+    control.words.feed = m_commands.feedPerMinute->GetSpeedParm();
+    control.words.speed = m_commands.spindleClockwise->GetSpeedParm();
     control.writer.reset(GetFactory()->GetControlCom());
     control.path.SetWriters(GetFactory()->GetLinearCom(), GetFactory()->GetCirculCom());
     if (control.writer == nullptr || !control.path.HasWriters()) {

@@ -2,6 +2,7 @@
 
 #include "commands/ActionKind.h"
 #include "commands/Command.h"
+#include "commands/ModalGroup.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
 
@@ -20,6 +21,7 @@ class Factory;
 class FeedRate;
 class LinearMovement;
 class MachineStatus;
+class ModalCommand;
 class MovTypeCom;
 class MovementCommand;
 class NCScan;
@@ -104,10 +106,30 @@ public:
     template<class Kind, class... Arguments>
     int AddMovement(const KeyValue& value, Arguments&&... arguments) {
         auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+        if constexpr (requires { command->HasWriter(); }) {
+            if (!command->HasWriter()) {
+                return outOfMemory();
+            }
+        }
         MovementCommand& movement = *command;
         const int code = addCode(value, ActionKind::kMovement, std::move(command));
         if (code == 0) {
             joinMovements(movement);
+        }
+        return code;
+    }
+    /// The same for a member of another modal group.
+    template<class Kind, class... Arguments>
+    int AddMember(const KeyValue& value, ActionKind kind, ModalGroup group,
+                  Arguments&&... arguments) {
+        auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+        if (!command->HasWriter()) {
+            return outOfMemory();
+        }
+        ModalCommand& member = *command;
+        const int code = addCode(value, kind, std::move(command));
+        if (code == 0) {
+            joinGroup(member, group);
         }
         return code;
     }
@@ -140,6 +162,7 @@ private:
     [[nodiscard]] static int outOfMemory() noexcept;
     int addCode(const KeyValue& value, ActionKind kind, std::unique_ptr<Command> command);
     void joinMovements(MovementCommand& movement);
+    void joinGroup(ModalCommand& member, ModalGroup group);
     int registerCommand(std::unique_ptr<Command> command);
     void finishWords();
     int finishControl(Control& control);
@@ -151,7 +174,7 @@ private:
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
-    std::string m_linearTolerance; // empty: the default
+    std::string m_linearTolerance;     // empty: the default
     std::array<std::string, 3> m_home; // empty: 0
     bool m_hasReferencePoints = false;
     bool m_splitsCircle = false;

@@ -1,15 +1,19 @@
 #include "paramfile/keys.h"
 
 #include "commands/Control.h"
+#include "commands/CycleCall.h"
 #include "commands/CycleEnd.h"
 #include "commands/DrillingCycle.h"
+#include "commands/LathePass.h"
 #include "commands/MachineStatus.h"
+#include "commands/ModalCycle.h"
 #include "commands/StateCommand.h"
 #include "commands/cycleKinds.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
 #include "paramfile/readReals.h"
 
+#include <string>
 #include <string_view>
 
 namespace {
@@ -24,8 +28,32 @@ int cycle(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return code;
 }
 
+template<LathePassKind Kind>
+int pass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddMovement<LathePass>(value, builder.GetStages(), builder.Status(), Kind);
+}
+
 int cycleEnd(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddMovement<CycleEnd>(value, builder.GetStages(), builder.Status());
+}
+
+// A name and a kind, with a blank between them.
+int cycleCall(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const std::string_view text = value.text;
+    const std::size_t blank = text.find(' ');
+    const std::size_t begin = text.find_first_not_of(' ', blank);
+    const CycleCallKind* const kind =
+        begin == std::string_view::npos ? nullptr : CycleCall::FindKind(text.substr(begin));
+    if (kind == nullptr) {
+        return kKeyValueUnknown;
+    }
+    std::string name(text.substr(0, blank));
+    return builder.AddMovement<CycleCall>({.text = name.data()}, builder.GetStages(),
+                                          builder.Status(), *kind);
+}
+
+int modalCycle(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddCode<ModalCycle>(value, ActionKind::kMovement, builder.GetStages());
 }
 
 template<bool IsToStart>
@@ -87,6 +115,11 @@ constexpr Key kCycleKeys[] = {
     {"REV_CYCLE_PAUSE", kWhole, kAddress, address<&Words::pause>, 0, true},
     {"REV_CYCLE_PAUSE_MILLISECONDS", kWhole, kAddress, address<&Words::pauseMilliseconds>, 0, true},
     {"REV_CYCLE_REPEAT", kWhole, kAddress, address<&Words::repeat>, 0, true},
+    {"REV_CYCLE_CALL", kWhole, kText, cycleCall, 0, true},
+    {"REV_CYCLE_MODAL", kWhole, kText, modalCycle, 0, true},
+    {"REV_LATHE_TURN", kWhole, kText, pass<LathePassKind::kTurn>, 0, true},
+    {"REV_LATHE_FACE", kWhole, kText, pass<LathePassKind::kFace>, 0, true},
+    {"REV_LATHE_TAPER", kWhole, kAddress, address<&Words::taper>, 0, true},
     {"REV_CYCLE_LIFT", kWhole, kText, lift},
     {"REV_CYCLE_FEED_TO_RETURN", kWhole, kText, rule<&Rules::feedsToReturn>},
     {"REV_CYCLE_STRAIGHT", kWhole, kText, rule<&Rules::goesStraight>},

@@ -19,7 +19,7 @@ int executionOrder(ModelBuilder& builder, const KeyValue& value, int /*argument*
     const bool isOffFirst = text == "OFF_FIRST";
     Control& control = builder.GetControl();
     control.actions.SetOrder(isOffFirst ? ExecutionOrder::kOffFirst : ExecutionOrder::kOffLast);
-    control.forgetsFeed = isOffFirst; // that is the order of the family which does
+    control.isStrict = isOffFirst; // that is the order of the family which does
     return 0;
 }
 

@@ -19,6 +19,8 @@ struct RParameterGrammar::Keyword {
     bool hasCondition = false;
 };
 
+constexpr std::string_view kModalCall = "MCALL";
+
 const RParameterGrammar::Keyword RParameterGrammar::kKeywords[] = {
     {.text = "IF", .read = &RParameterGrammar::readIf},
     {.text = "ELSE", .branch = BranchPart::kElse},
@@ -35,7 +37,7 @@ const RParameterGrammar::Keyword RParameterGrammar::kKeywords[] = {
     {.text = "CASE", .read = &RParameterGrammar::readCase},
     {.text = "DEF", .read = &RParameterGrammar::readDeclaration},
     {.text = "PROC", .read = &RParameterGrammar::readProcedure},
-    {.text = "MCALL", .read = &RParameterGrammar::readModalCall},
+    {.text = kModalCall, .read = &RParameterGrammar::readModalCall},
     {.text = "CALL", .read = &RParameterGrammar::readCallByText},
     {.text = "SETAL", .read = &RParameterGrammar::readAlarm},
     {.text = "RET", .read = &RParameterGrammar::readReturn},
@@ -332,12 +334,15 @@ bool RParameterGrammar::readProcedure(BlockCursor& cursor, ProgramLine& line) {
 }
 
 bool RParameterGrammar::readModalCall(BlockCursor& cursor, ProgramLine& line) {
-    if (cursor.isAtEnd()) {
+    const bool isEnd = cursor.isAtEnd();
+    const std::string_view name = cursor.takeName();
+    if (isEnd || vocabulary().isKnown(name)) {
         line.statements.emplace_back(ModalCallStatement{});
+    }
+    if (isEnd && !vocabulary().isKnown(kModalCall)) {
         return true;
     }
-    const std::string_view name = cursor.takeName();
-    if (vocabulary().isKnown(name)) {
+    if (isEnd || vocabulary().isKnown(name)) {
         // A cycle of the dialect, which the command model repeats itself.
         cursor.moveTo(0);
         return readWords(cursor, line);

@@ -74,6 +74,27 @@ const void* targetOf(const RecordingScan::Entry& entry) noexcept {
     return entry.key->addsUp ? static_cast<const void*>(&entry) : entry.key;
 }
 
+/// What a code is used for.
+struct Use {
+    const Command* command;
+    std::string name;
+};
+
+bool isEnd(const Use& use) noexcept {
+    return dynamic_cast<const EndCommand*>(use.command) != nullptr;
+}
+
+bool isStop(const Use& use) noexcept {
+    return use.name == "REV_STOP" || use.name == "REV_OPTIONAL_STOP";
+}
+
+// A limit of the speed leaves some blocks to others, and a stop holds where an older key has it.
+bool mayShareCode(const Use& a, const Use& b) noexcept {
+    return a.command->Rank() == CommandRank::kClaimsBlocks ||
+           b.command->Rank() == CommandRank::kClaimsBlocks || (isStop(a) && isEnd(b)) ||
+           (isEnd(a) && isStop(b));
+}
+
 struct AbsentKey {
     const char* key;
     const char* alternative; // a key that does the same; null for none
@@ -287,10 +308,6 @@ void ParamCheck::checkCentreMode() {
 }
 
 void ParamCheck::checkCodes() {
-    struct Use {
-        const Command* command;
-        std::string name;
-    };
     std::map<std::string, Use> uses;
     const Command* const toolChange = m_model.Machinestatus().GetToolCom()->GetActiveCommand();
     if (toolChange != nullptr && !m_byTarget.contains(toolChange)) {
@@ -300,11 +317,10 @@ void ParamCheck::checkCodes() {
         if (entry->command == nullptr || entry->command->GetSyntaxString() == nullptr) {
             continue;
         }
-        const auto [use, isNew] =
-            uses.try_emplace(CodeOf(*entry->command), Use{entry->command, entry->text});
-        if (!isNew) {
-            const bool bothEnd = dynamic_cast<const EndCommand*>(entry->command) != nullptr &&
-                                 dynamic_cast<const EndCommand*>(use->second.command) != nullptr;
+        const Use own = {entry->command, entry->text};
+        const auto [use, isNew] = uses.try_emplace(CodeOf(*entry->command), own);
+        if (!isNew && !mayShareCode(own, use->second)) {
+            const bool bothEnd = isEnd(own) && isEnd(use->second);
             m_findings.Add(bothEnd ? kSameEndCode : kSameCode, entry->line, entry->text,
                            use->second.name);
         }
@@ -324,6 +340,9 @@ void ParamCheck::checkLetters() {
         uses[toolWord->GetSyntaxString()] = "the default tool word";
     }
     for (const Entry* const entry : m_inForce) {
+        if (entry->key->kind == KeyKind::kWhole) {
+            continue; // the word of a code that takes it before others do
+        }
         const Parameter* const word = isToolKey(entry) ? toolWord : entry->word;
         if (word != nullptr) {
             const auto [use, isNew] = uses.try_emplace(word->GetSyntaxString(), entry->text);
@@ -357,8 +376,9 @@ void ParamCheck::checkAbsentKeys() {
 std::string ParamCheck::CodeOf(const Command& command) {
     const char* const letters = command.GetSyntaxString();
     const int number = command.GetSyntaxNumber();
+    const std::string& fraction = command.Word().Fraction();
     return std::string(letters != nullptr ? letters : "") +
-           (number == -1 ? "" : std::to_string(number));
+           (number == -1 ? "" : std::to_string(number)) + (fraction.empty() ? "" : "." + fraction);
 }
 
 bool ParamCheck::IsScannedKey(const std::string& text) noexcept {

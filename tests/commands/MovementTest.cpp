@@ -143,7 +143,7 @@ TEST(ArcTolerance, IsAShareOfTheRadiusBetweenTwoLimits) {
     EXPECT_FALSE(ArcTolerance().IsExceeded(5.0282, 5));
     EXPECT_TRUE(ArcTolerance().IsExceeded(5, 5.0284));
     EXPECT_TRUE(ArcTolerance().IsExceeded(5.0284, 5));
-    EXPECT_FALSE(ArcTolerance().IsExceeded(999, 999.9999));
+    EXPECT_FALSE(ArcTolerance().IsExceeded(999, 999.998));
     EXPECT_TRUE(ArcTolerance().IsExceeded(999, 1000.001));
     EXPECT_FALSE(ArcTolerance().IsExceeded(10'000, 10'002.829));
     EXPECT_TRUE(ArcTolerance().IsExceeded(10'000, 10'002.831));

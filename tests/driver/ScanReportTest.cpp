@@ -220,6 +220,11 @@ TEST(ScanReport, NotesOffsetsAndCompensation) {
     for (const auto& [nc, notes] : rows) {
         EXPECT_EQ(Scan(nc).harmlessNotes(), notes) << nc;
     }
+    EXPECT_EQ(Scan("G41\nG42\nG40", mill({{"REV_CUTCOM_LEFT", "G41"},
+                                          {"REV_CUTCOM_RIGHT", "G42"},
+                                          {"REV_CUTCOM_OFF", "G40"}}))
+                  .harmlessNotes(),
+              "compensation 2/1 ");
     EXPECT_EQ(Scan("M8 G54 G41", mill({{"REV_NO_EFFECT", "G54"}})).harmlessNotes(),
               "origin 1/1 compensation 1/1 ");
 }
