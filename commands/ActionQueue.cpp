@@ -44,9 +44,8 @@ bool ActionQueue::HasRivalOf(const Command& command) const noexcept {
 }
 
 bool ActionQueue::Has(ActionKind kind) const noexcept {
-    return std::ranges::any_of(m_commands, [kind](const Command* command) {
-        return command->GetActionKind() == kind;
-    });
+    return std::ranges::any_of(
+        m_commands, [kind](const Command* command) { return command->GetActionKind() == kind; });
 }
 
 void ActionQueue::Add(Command& command) {
