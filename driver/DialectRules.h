@@ -14,6 +14,7 @@ struct DialectRules {
     PassedWords passed;
     std::vector<std::string> startCodes;     ///< in force before the first block
     std::vector<const Command*> programEnds; ///< owned by the model
+    std::vector<long> followingCodes;        ///< G codes that follow a part of the program
     bool printsTexts = false;                ///< comments and names go into the APT
     bool isLathe = false;                    ///< arcs lie in the plane ZX, else in XY
     long mostBlocks = 10'000'000;            ///< of a program that computes

@@ -30,6 +30,7 @@ ModelVocabulary::ModelVocabulary(NCScan& scan)
                 isImplied ? static_cast<int>(word.GetDecimalPlace()) : 0;
         }
     }
+    m_following = scan.Rules().followingCodes;
     const PassedWords& passed = scan.Rules().passed;
     addPassed(passed.noEffect);
     addPassed(passed.own);
@@ -54,6 +55,10 @@ bool ModelVocabulary::isKnown(std::string_view word) const {
     const bool takesDigits = !m_areNamesWhole || letters.size() == 1;
     return m_codes.contains(WordCode(word).Spelling()) ||
            (takesDigits && m_prefixes.contains(letters));
+}
+
+bool ModelVocabulary::followsBlocks(long number) const noexcept {
+    return std::ranges::find(m_following, number) != m_following.end();
 }
 
 int ModelVocabulary::impliedDecimals(std::string_view address) const {

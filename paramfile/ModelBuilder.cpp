@@ -161,6 +161,10 @@ int ModelBuilder::Finish() {
     if (m_settings.isInUse) {
         finishWords();
     }
+    if (!rules.followingCodes.empty() && m_settings.language != ProgramLanguage::kHash) {
+        KeepBadValue("REV_LATHE_FINISH", "without REV_PROGRAM_LANGUAGE HASH");
+        return kKeyValueUnknown;
+    }
     Control* const control = Status().GetControl();
     return control == nullptr ? 0 : finishControl(*control);
 }

@@ -4,11 +4,14 @@
 #include "commands/CycleCall.h"
 #include "commands/CycleEnd.h"
 #include "commands/DrillingCycle.h"
+#include "commands/LatheFinish.h"
 #include "commands/LathePass.h"
 #include "commands/MachineStatus.h"
 #include "commands/ModalCycle.h"
 #include "commands/StateCommand.h"
+#include "commands/WordCode.h"
 #include "commands/cycleKinds.h"
+#include "driver/DialectRules.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
 #include "paramfile/readReals.h"
@@ -31,6 +34,15 @@ int cycle(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
 template<LathePassKind Kind>
 int pass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddMovement<LathePass>(value, builder.GetStages(), builder.Status(), Kind);
+}
+
+int finish(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    const WordCode code(value.text);
+    if (code.Letters() != "G" || code.Number() < 0) {
+        return kKeyValueUnknown;
+    }
+    builder.Rules().followingCodes.push_back(code.Number());
+    return builder.AddMovement<LatheFinish>(value, builder.GetStages(), builder.Status());
 }
 
 int cycleEnd(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
@@ -119,6 +131,7 @@ constexpr Key kCycleKeys[] = {
     {"REV_CYCLE_MODAL", kWhole, kText, modalCycle, 0, true},
     {"REV_LATHE_TURN", kWhole, kText, pass<LathePassKind::kTurn>, 0, true},
     {"REV_LATHE_FACE", kWhole, kText, pass<LathePassKind::kFace>, 0, true},
+    {"REV_LATHE_FINISH", kWhole, kText, finish, 0, true},
     {"REV_LATHE_TAPER", kWhole, kAddress, address<&Words::taper>, 0, true},
     {"REV_CYCLE_LIFT", kWhole, kText, lift},
     {"REV_CYCLE_FEED_TO_RETURN", kWhole, kText, rule<&Rules::feedsToReturn>},

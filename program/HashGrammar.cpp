@@ -1,6 +1,8 @@
 #include "program/HashGrammar.h"
 
 #include <algorithm>
+#include <cmath>
+#include <string>
 #include <utility>
 
 namespace {
@@ -19,7 +21,7 @@ bool HashGrammar::isStatement(char letter, long number) const noexcept {
     case 'M':
         return number == 97 || number == 98 || number == 99;
     case 'G':
-        return number == 65 || number == 66 || number == 67;
+        return number == 65 || number == 66 || number == 67 || vocabulary().followsBlocks(number);
     default:
         return false;
     }
@@ -112,6 +114,14 @@ bool HashGrammar::addCodes(std::vector<BlockWord> words, const BlockCursor& curs
             return addMacroCall(std::move(words), code == 66.0, cursor, line);
         }
     }
+    const auto following = std::ranges::find_if(words, [&](const BlockWord& word) {
+        return word.isCode('G', word.number.value_or(0.0)) &&
+               vocabulary().followsBlocks(std::lround(*word.number));
+    });
+    if (following != words.end()) {
+        const BlockWord code = *following;
+        return addFollowing(code, std::move(words), cursor, line);
+    }
     const bool endsModalCall = extractCode(words, 'G', 67);
     const bool isInternal = extractCode(words, 'M', 97);
     if (isInternal || extractCode(words, 'M', 98)) {
@@ -134,6 +144,21 @@ bool HashGrammar::addCodes(std::vector<BlockWord> words, const BlockCursor& curs
     if (endsModalCall) {
         line.statements.emplace_back(ModalCallStatement{});
     }
+    return true;
+}
+
+// The code stands in front of the part and behind it.
+bool HashGrammar::addFollowing(const BlockWord& code, std::vector<BlockWord> words,
+                               const BlockCursor& cursor, ProgramLine& line) {
+    RepeatStatement part;
+    part.firstNumber = extractValue(words, 'P');
+    part.lastNumber = extractValue(words, 'Q');
+    if (!part.firstNumber || !part.lastNumber) {
+        return fail(cursor, "the numbers of the first and of the last block are missing");
+    }
+    addWords(words, line);
+    line.statements.emplace_back(std::move(part));
+    addWords({code}, line);
     return true;
 }
 

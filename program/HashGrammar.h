@@ -19,6 +19,8 @@ private:
     [[nodiscard]] bool readLoopMark(BlockCursor& cursor, LoopStatement loop, ProgramLine& line);
     [[nodiscard]] bool addCodes(std::vector<BlockWord> words, const BlockCursor& cursor,
                                 ProgramLine& line);
+    [[nodiscard]] bool addFollowing(const BlockWord& code, std::vector<BlockWord> words,
+                                    const BlockCursor& cursor, ProgramLine& line);
     [[nodiscard]] bool addMacroCall(std::vector<BlockWord> words, bool isModal,
                                     const BlockCursor& cursor, ProgramLine& line);
 };

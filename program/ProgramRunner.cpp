@@ -587,6 +587,11 @@ ProgramRunner::Step ProgramRunner::leap(const LoopStatement& statement) {
 }
 
 ProgramRunner::Step ProgramRunner::execute(const RepeatStatement& statement) {
+    if (statement.firstNumber) {
+        Level level;
+        return locateByNumbers(statement, level) && push(std::move(level)) ? Step::kGoOn
+                                                                           : Step::kFailed;
+    }
     long passes = 1;
     if (statement.times && !evaluateWhole(*statement.times, passes)) {
         return Step::kFailed;
@@ -734,12 +739,9 @@ bool ProgramRunner::locate(const CallStatement& statement, ProgramLibrary::Place
     }
     ProgramFile& file = *top().file;
     if (statement.isBlockNumber) {
-        const ProgramFile::Part& part = file.partOf(m_line);
-        for (const long line : file.index().blockNumber(*query.number)) {
-            if (line >= part.first && line < part.end) {
-                place = {&file, line, part.end};
-                return true;
-            }
+        if (const std::optional<long> line = blockOfPart(*query.number)) {
+            place = {&file, *line, file.partOf(m_line).end};
+            return true;
         }
         return fail(kJumpTargetMissing, "there is no block N" + query.name);
     }
@@ -755,6 +757,43 @@ bool ProgramRunner::locate(const CallStatement& statement, ProgramLibrary::Place
         return fail(kSubprogramMissing, "there is no subprogram " + query.name);
     }
     place = *found;
+    return true;
+}
+
+// The line of a block in the part of the file that is executed.
+std::optional<long> ProgramRunner::blockOfPart(long number) {
+    ProgramFile& file = *top().file;
+    const ProgramFile::Part& part = file.partOf(m_line);
+    for (const long line : file.index().blockNumber(number)) {
+        if (line >= part.first && line < part.end) {
+            return line;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ProgramRunner::locateByNumbers(const RepeatStatement& statement, Level& level) {
+    long numbers[] = {0, 0};
+    if (!evaluateWhole(*statement.firstNumber, numbers[0]) ||
+        !evaluateWhole(*statement.lastNumber, numbers[1])) {
+        return false;
+    }
+    std::optional<long> lines[2];
+    for (const int i : {0, 1}) {
+        lines[i] = blockOfPart(numbers[i]);
+        if (!lines[i]) {
+            return fail(kJumpTargetMissing, "there is no block N" + std::to_string(numbers[i]));
+        }
+    }
+    if (*lines[1] < *lines[0]) {
+        return fail(kJumpTargetMissing, "block N" + std::to_string(numbers[1]) +
+                                            " does not stand behind N" +
+                                            std::to_string(numbers[0]));
+    }
+    level.file = top().file;
+    level.first = level.line = *lines[0];
+    level.end = *lines[1] + 1;
+    level.isPart = true;
     return true;
 }
 

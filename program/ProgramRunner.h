@@ -117,6 +117,8 @@ private:
     [[nodiscard]] bool call(const CallStatement& statement, bool isModal);
     [[nodiscard]] bool locate(const CallStatement& statement, ProgramLibrary::Place& place,
                               long& passes);
+    [[nodiscard]] std::optional<long> blockOfPart(long number);
+    [[nodiscard]] bool locateByNumbers(const RepeatStatement& statement, Level& level);
     [[nodiscard]] bool passLetters(const CallStatement& statement,
                                    const std::vector<Value>& values);
     [[nodiscard]] bool fix(std::optional<Expression>& expression);

@@ -101,8 +101,10 @@ struct LoopStatement {
 
 /// Repeats a part of the program, once for each of `times` and then goes on behind this statement.
 struct RepeatStatement {
-    std::string first = {}; ///< label of the first block
-    std::string last = {};  ///< label of the last block; empty: see below
+    std::string first = {};                     ///< label of the first block
+    std::string last = {};                      ///< label of the last block; empty: see below
+    std::optional<Expression> firstNumber = {}; ///< of the block, in place of its label
+    std::optional<Expression> lastNumber = {};  ///< likewise
     std::optional<Expression> times = {};
     bool isBlockAlone = false; ///< the block of `first` alone; else up to here
 };
