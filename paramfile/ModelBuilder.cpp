@@ -122,9 +122,6 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
 }
 
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
-    if (command->GetSyntaxString() == nullptr) {
-        return kMemoryExhausted;
-    }
     command->MarkAsBuiltIn();
     m_ncscan.Availablecommands().NewCommand(command.release());
     return 0;

@@ -103,6 +103,9 @@ public:
         }
         auto command = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
         command->InitCode(code);
+        if (command->GetSyntaxString() == nullptr) {
+            return outOfMemory();
+        }
         command->SetActionKind(kind);
         m_configured = command.get();
         return registerCommand(std::move(command));
