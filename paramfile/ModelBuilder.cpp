@@ -146,9 +146,6 @@ void ModelBuilder::joinMovements(MovementCommand& movement) {
 }
 
 int ModelBuilder::registerCommand(std::unique_ptr<Command> command) {
-    if (command->GetSyntaxString() == nullptr) {
-        return kMemoryExhausted;
-    }
     command->MarkAsBuiltIn();
     m_ncscan.Availablecommands().NewCommand(command.release());
     return 0;

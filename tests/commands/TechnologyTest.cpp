@@ -36,6 +36,8 @@ TEST(Technology, FollowsTheCodesOfTheDialect) {
                {"FLOOD\nFLOOD12\nDRY 07\nM8", "COOLNT/ON\nCOOLNT/ON\nCOOLNT/OFF\n"}});
     // Digits alone change the number of the tool change and leave its letter.
     expectAPT(mill({{"REV_TLCHG_COM", "16"}}), {{"T3 M16", "LOADTL/3\n"}});
+    // An end of digits alone has no letter and stands in no block.
+    expectAPT(mill({{"PROGRAM_STOP", "5"}, {"PROGRAM_END", "03"}}), {{"M8\n5 03", "COOLNT/ON\n"}});
     // A tool in implied decimal places.
     expectAPT(dialectOf({{"FEEDRATE", "F\n1\nM3.2"}, {"REV_TLCHG_TLADR", "TL"}}),
               {{"F1250\nTL12 M6", "FEDRAT/   12.5000,MMPM\nLOADTL/12\n"}});
