@@ -27,6 +27,12 @@ void ThreadMovement::ClaimWords(char* line) {
     }
 }
 
+// A strict control wants to see the block of its code also when no position stands on it.
+bool ThreadMovement::TakeWords(char* line) {
+    m_hasPosition = PathMovement::TakeWords(line);
+    return m_hasPosition || (GetNCLineStatus() == TRUE && status().GetControl()->isStrict);
+}
+
 void ThreadMovement::takePitch(char* line) {
     m_pitch.reset();
     Control& control = *status().GetControl();
@@ -50,6 +56,9 @@ int ThreadMovement::makeMovement(Movement& movement) {
 
 int ThreadMovement::Act() {
     Control& control = *status().GetControl();
+    if (control.isStrict && !m_hasPosition) {
+        return control.Refuse(kBlockRefused, "a thread code has no position");
+    }
     const std::optional<double> pitch = m_pitch ? m_pitch : control.pitch;
     if (!pitch) {
         return control.Refuse(kBlockRefused, "a thread has no pitch");

@@ -11,17 +11,22 @@ import random
 PLANES = {"G17": "XYZ", "G18": "ZXY", "G19": "YZX"}  # first, second and third axis
 CENTRES = {"X": "I", "Y": "J", "Z": "K"}
 ZEROS = ["G54", "G55", "G56", "G57", "G58", "G59", "G59.1", "G59.2", "G59.3"]
-CYCLES = ["G81", "G82", "G83", "G73", "G84", "G74", "G85", "G86", "G89"]
+TAPS = ["G84", "G74"]
+CYCLES = ["G81", "G82", "G83", "G73", *TAPS, "G85", "G86", "G89"]
 # What programs may be about, beside straight movements and what stands between movements.
 SUBJECTS = ("arcs", "planes", "units", "zeros", "machine", "cycles", "pauses", "compensation", "threads")
 COMPENSATION = ("G41", "G42", "G40")
 
 
+def is_compensation(word):
+    return word in COMPENSATION
+
+
 def for_judge(block):
     """The block without radius compensation."""
-    if not any(word in COMPENSATION for word in block):
+    if not any(map(is_compensation, block)):
         return block
-    return [word for word in block if word not in COMPENSATION and word[0] != "D"]
+    return [word for word in block if not is_compensation(word) and word[0] != "D"]
 
 
 def printed(blocks):
@@ -38,7 +43,7 @@ class Writer:
         self.inch, self.plane, self.absolute, self.absolute_centre = False, "G17", True, False
         self.mode, self.cycle, self.fed, self.turning = None, None, False, None
         self.place = dict.fromkeys("XYZ", 0.0)  # None: not known
-        self.compensated = False
+        self.compensated, self.shifted, self.turned, self.system = False, False, False, 1
 
     def program(self):
         rng = self.rng
@@ -58,7 +63,17 @@ class Writer:
 
     def put(self, words):
         self.rng.shuffle(words)
-        self.blocks.append(words)
+        self.blocks.append(words if any(map(is_compensation, words)) else self.dressed(words))
+
+    def dressed(self, words):
+        """The block as people write one, with what means nothing."""
+        if self.chance(0.06):
+            words.insert(self.rng.randrange(len(words) + 1), "(G0 Z9 M5; NO BLOCK)")
+        if self.chance(0.04):
+            words = [f"{word[0]} {word[1:]}" if word[0] in "XYZIJKRF" else word for word in words]
+        if self.chance(0.04):
+            words = [word.lower() for word in words]
+        return [*words, "; G1 X77"] if self.chance(0.04) else words
 
     def chance(self, share):
         return self.rng.random() < share
@@ -161,7 +176,9 @@ class Writer:
         axes = self.rng.sample("XYZ", self.rng.choice([1, 1, 2, 3]))
         words += [self.word(axis, self.target(axis)) for axis in axes]
         if self.chance(0.08):
-            words.append(self.rng.choice(["M8", "M9", *self.pauses()]))
+            words.append(self.rng.choice(["M8", "M9", "S1500", *self.pauses()]))
+        elif "pauses" in self.subjects and self.chance(0.02):
+            words += ["G4", "P0.5"]
         self.mode = mode
         self.put(words)
 
@@ -170,13 +187,17 @@ class Writer:
 
     def beside(self):
         """What does not move."""
-        pick = self.rng.randrange(4)
+        pick = self.rng.randrange(6)
         if pick == 0 and "pauses" in self.subjects:
             self.put(["G4", self.word("P", self.rng.choice([0.5, 1, 2.25, 0]))])
         elif pick == 1:
             self.put([self.rng.choice(["M8", "M9", *self.pauses()])])
         elif pick == 2 and self.cycle not in ("G84", "G74", "G86"):
             self.spindle()
+        elif pick == 3:
+            self.put([self.rng.choice(["G64", "G61", "G49", "G40", "M48", "(MSG, X5)"])])
+        elif pick == 4 and not self.cycle:
+            self.put([self.rng.choice(["G96", "G97"]), f"S{self.rng.randrange(50, 400)}"])
         else:
             self.fed = True
             self.put([self.word("F", self.drawn(60, 900) if self.per_minute else 1.25)])
@@ -188,7 +209,14 @@ class Writer:
         self.put([*words, self.turning])
 
     def tool(self):
-        words = [f"T{self.rng.randrange(1, 4)}", "M6"]
+        if self.turned:  # rs274 takes the tool elsewhere in its mind when a zero is turned
+            return
+        words = ["M6"]
+        number = f"T{self.rng.randrange(1, 4)}"
+        if self.chance(0.2):
+            self.put([number])
+        else:
+            words.append(number)
         if self.chance(0.5):
             self.turning = self.rng.choice(["M3", "M4"])
             words += [self.turning, "S500"]
@@ -232,7 +260,8 @@ class Writer:
 
     def zero(self):
         self.lost()
-        words = [self.rng.choice(ZEROS)]
+        self.system = self.rng.randrange(len(ZEROS)) + 1
+        words = [ZEROS[self.system - 1]]
         if self.chance(0.25):
             axes = self.rng.sample("XYZ", 2)
             words += ["G0", *(self.word(axis, self.target(axis)) for axis in axes)]
@@ -243,9 +272,13 @@ class Writer:
         self.lost()
         kind = self.rng.choice(["L2", "L2", "L20"])
         axes = self.rng.sample("XYZ", self.rng.randrange(4))
-        words = ["G10", kind, f"P{self.rng.choice([0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9])}"]
+        system = self.rng.choice([0, 0, self.system, *range(1, 10)])
+        words = ["G10", kind, f"P{system}"]
         words += [self.word(axis, self.drawn(-40, 40)) for axis in axes]
-        if kind == "L2" and (self.chance(0.3) or not axes):
+        # rs274 loses the place of the tool when the system in force turns under a shift.
+        turns = not (self.shifted and system in (0, self.system))
+        if kind == "L2" and turns and (self.chance(0.3) or not axes):
+            self.turned = True
             words.append(self.word("R", self.rng.choice([0, 30, 45, 90, -17.5, 123.456])))
         elif not axes:
             words.append("X1")
@@ -255,6 +288,7 @@ class Writer:
         self.lost()
         code = self.rng.choice(["G92", "G92", "G52", "G92.1", "G92.2", "G92.3"])
         words = [code]
+        self.shifted = self.shifted or code not in ("G92.1", "G92.2")
         if code in ("G92", "G52"):
             axes = self.rng.sample("XYZ", self.rng.randrange(1, 4))
             words += [self.word(axis, self.drawn(-40, 40)) for axis in axes]
@@ -389,7 +423,8 @@ class Writer:
     def cycle_start(self):
         rng = self.rng
         first, second, depth = PLANES[self.plane]
-        code = rng.choice(CYCLES)
+        # Outside of XY rs274 taps along another axis than that of the plane.
+        code = rng.choice([code for code in CYCLES if self.plane == "G17" or code not in TAPS])
         needed = {"G84": "M3", "G74": "M4"}.get(code, self.turning)
         if code == "G86" and needed not in ("M3", "M4"):
             needed = "M3"
@@ -456,6 +491,8 @@ class Writer:
         if self.cycle:
             choices = [["G53", "G0", "X1"], [f"{first}1", "L0"], [f"{first}2", "R-500"]]
             self.put(list(self.rng.choice(choices)))
+            self.mode = self.cycle = None
+            self.put(["G80"])
             return
         one, other, foreign = CENTRES[first], CENTRES[second], CENTRES[third]
         feed = self.feed()
@@ -524,9 +561,10 @@ class Writer:
             ],
         }
         choices = [row for subject in ("", *self.subjects) for row in wrong.get(subject, ())]
-        self.put(list(self.rng.choice(choices)))
-        if "G91" in self.blocks[-1]:
+        block = list(self.rng.choice(choices))
+        if "G91" in block:
             self.absolute = False
+        self.put(block)
         self.lost()
         self.mode = None
         self.cycle = None

@@ -1,9 +1,13 @@
 """Runs of rs274 and of quillmark on a program in a file."""
 
+import json
 import os
 import re
 import subprocess
 import tempfile
+
+# Keys of the report of which each says that the path is not all there, or not that of the program.
+WARNINGS = ("unknown_machine_places", "held_rapids")
 
 
 def judge(program, seconds=20, options=()):
@@ -25,22 +29,34 @@ def judge(program, seconds=20, options=()):
 
 
 def convert(quillmark, dialect, program, seconds=60):
-    """What quillmark makes of a file: its exit status (None when it does not end), the APT and what
-    it tells."""
+    """What quillmark makes of a file: its exit status (None when it does not end), the APT, what it
+    tells, and the keys of its warnings about the path."""
     with tempfile.TemporaryDirectory() as work:
-        apt = os.path.join(work, "part.apt")
-        command = [quillmark, "-p", dialect, "-nc", program, "-of", apt]
+        apt, report = os.path.join(work, "part.apt"), os.path.join(work, "report.json")
+        command = [quillmark, "-p", dialect, "-nc", program, "-of", apt, "--report", report]
         try:
             run = subprocess.run(command, capture_output=True, timeout=seconds)
         except subprocess.TimeoutExpired:
-            return None, "", f"no end after {seconds} seconds"
-        try:
-            with open(apt, encoding="latin-1") as file:
-                text = file.read()
-        except OSError:
-            text = ""
+            return None, "", f"no end after {seconds} seconds", ()
+        text, warnings = read_text(apt), warned(read_text(report))
     told = (run.stdout + run.stderr).decode("latin-1")
-    return run.returncode, text, told
+    return run.returncode, text, told, warnings
+
+
+def read_text(path):
+    try:
+        with open(path, encoding="latin-1") as file:
+            return file.read()
+    except OSError:
+        return ""
+
+
+def warned(report):
+    found = json.loads(report or "{}")
+    keys = [key for key in WARNINGS if found.get(key, {}).get("count")]
+    if found.get("unrecognised", {}).get("blocks"):
+        keys.append("unrecognised")
+    return tuple(keys)
 
 
 def with_keys(dialect, lines, folder):

@@ -1,10 +1,11 @@
 """Lists what becomes of the sample programs that linuxcnc-uspace installs, those that rs274 runs
-alone and that move: the same path, another one, or a return code of quillmark. Of a program with
+alone and that move: the same path, another one of which quillmark warns ("told"), another one without
+a word, or a return code of quillmark. Of a program with
 radius compensation the path is the programmed contour: rs274 gets it without the codes for it.
 
     samples.py QUILLMARK DIALECT
 
-Exits with 1 when a path differs."""
+Exits with 1 when a path differs without a word."""
 
 import collections
 import multiprocessing
@@ -78,7 +79,7 @@ def outcome(task):
     wanted, reason = judged(name)
     if wanted is None:
         return name, reason, ""
-    _, apt, told = runs.convert(quillmark, dialect, name)
+    _, apt, told, warnings = runs.convert(quillmark, dialect, name)
     failure = runs.failure(told)
     if failure:
         return name, f"refused with {failure[0]}", failure[2]
@@ -89,6 +90,8 @@ def outcome(task):
     except (aptReader.BadApt, ValueError, KeyError) as bad:
         return name, "DIFFERENT", f"{type(bad).__name__}: {bad}"
     part = steps.difference(stateless(wanted), stateless(made))
+    if part and warnings:
+        return name, "told", f"{', '.join(warnings)}: {steps.told(part)}"
     if part:
         return name, "DIFFERENT", steps.told(part)
     return name, "same path", f"{len(wanted)} steps"
