@@ -442,7 +442,8 @@ class Writer:
         if code in ("G82", "G86", "G89") or (code in ("G84", "G74") and self.chance(0.3)):
             words.append(self.word("P", rng.choice([0.25, 1, 0.5])))
         if code in ("G83", "G73"):
-            words.append(self.word("Q", abs(self.drawn(2, 9)) or 3))
+            # Never a share of the depth: there rs274 may peck once more, by a rounding error.
+            words.append(self.word("Q", (abs(self.drawn(2, 9)) or 3) + 7e-6))
         for axis in (first, second):
             if self.chance(0.8):
                 words.append(self.word(axis, self.target(axis)))
@@ -468,7 +469,7 @@ class Writer:
             # A code that comes again wants its numbers anew.
             words = [word for word in words if word[0] != "R"]
             depth = PLANES[self.plane][2]
-            words += [self.word("R", self.size(5)), self.word(depth, -self.size(7)), "P1", "Q2"]
+            words += [self.word("R", self.size(5)), self.word(depth, -self.size(7)), "P1", "Q2.3"]
             keep = {"G73": "Q", "G83": "Q"}.get(self.cycle, "P")
             drop = "PQ".replace(keep, "") + ("P" if self.cycle in ("G81", "G85") else "")
             words = [word for word in words if word[0] not in drop]

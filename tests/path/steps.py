@@ -116,7 +116,7 @@ def unequal(radius):
 
 def counts(exact, doubt):
     """Whole numbers that the upper one of a quotient may be."""
-    return sorted({max(1, math.ceil(exact - doubt)), max(1, math.ceil(exact + doubt))})
+    return range(max(1, math.ceil(exact - doubt)), max(1, math.ceil(exact + doubt)) + 1)
 
 
 def pieces(step, number):
