@@ -30,17 +30,17 @@ def judge(program, seconds=20, options=()):
 
 def convert(quillmark, dialect, program, seconds=60):
     """What quillmark makes of a file: its exit status (None when it does not end), the APT, what it
-    tells, and the keys of its warnings about the path."""
+    tells, and its report."""
     with tempfile.TemporaryDirectory() as work:
         apt, report = os.path.join(work, "part.apt"), os.path.join(work, "report.json")
         command = [quillmark, "-p", dialect, "-nc", program, "-of", apt, "--report", report]
         try:
             run = subprocess.run(command, capture_output=True, timeout=seconds)
         except subprocess.TimeoutExpired:
-            return None, "", f"no end after {seconds} seconds", ()
-        text, warnings = read_text(apt), warned(read_text(report))
+            return None, "", f"no end after {seconds} seconds", {}
+        text, report = read_text(apt), json.loads(read_text(report) or "{}")
     told = (run.stdout + run.stderr).decode("latin-1")
-    return run.returncode, text, told, warnings
+    return run.returncode, text, told, report
 
 
 def read_text(path):
@@ -51,12 +51,17 @@ def read_text(path):
         return ""
 
 
-def warned(report):
-    found = json.loads(report or "{}")
-    keys = [key for key in WARNINGS if found.get(key, {}).get("count")]
-    if found.get("unrecognised", {}).get("blocks"):
+def is_counted(report, key):
+    """Whether a report tells of an oddity."""
+    return report.get(key, {}).get("count", 0) > 0
+
+
+def warnings(report):
+    """The keys of what a report warns of that concerns the path."""
+    keys = [key for key in WARNINGS if is_counted(report, key)]
+    if report.get("unrecognised", {}).get("blocks"):
         keys.append("unrecognised")
-    return tuple(keys)
+    return keys
 
 
 def with_keys(dialect, lines, folder):
