@@ -21,10 +21,11 @@ void ThreadMovement::InitStatus(char* line) {
 }
 
 // A block with the command's own word has given its pitch already.
-void ThreadMovement::ClaimWords(char* line) {
+int ThreadMovement::ClaimWords(char* line) {
     if (GetNCLineStatus() != TRUE) {
         takePitch(line);
     }
+    return 0;
 }
 
 // A strict control wants to see the block of its code also when no position stands on it.

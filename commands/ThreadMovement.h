@@ -22,7 +22,7 @@ public:
     }
 
     void InitStatus(char* line) override;
-    void ClaimWords(char* line) override;
+    int ClaimWords(char* line) override;
     /// Refuses a thread without a pitch above 0 and, on a strict control, one that goes nowhere.
     int Act() override;
 
