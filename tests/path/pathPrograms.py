@@ -171,7 +171,8 @@ class Writer:
     def straight(self):
         mode = self.rng.choice(["G0", "G1", "G1"])
         words = [] if mode == self.mode and self.chance(0.7) else [mode]
-        if mode == "G1":
+        words += self.modes()
+        if mode == "G1" or self.chance(0.1):
             words += self.feed()
         axes = self.rng.sample("XYZ", self.rng.choice([1, 1, 2, 3]))
         words += [self.word(axis, self.target(axis)) for axis in axes]
@@ -181,6 +182,20 @@ class Writer:
             words += ["G4", "P0.5"]
         self.mode = mode
         self.put(words)
+
+    def modes(self):
+        """Codes that act before the movement of their block."""
+        words = []
+        if self.chance(0.08):
+            self.absolute = not self.absolute
+            words.append("G90" if self.absolute else "G91")
+        if self.chance(0.02) and not self.turned:
+            words += [f"T{self.rng.randrange(1, 4)}", "M6"]
+            self.turning = None
+        if self.chance(0.04):
+            self.turning = self.rng.choice(["M3", "M4"])
+            words += [self.turning, "S1250"]
+        return words
 
     def pauses(self):
         return ["M0", "M1", "M7", "M60"] if "pauses" in self.subjects else []
@@ -197,7 +212,9 @@ class Writer:
         elif pick == 3:
             self.put([self.rng.choice(["G64", "G61", "G49", "G40", "M48", "(MSG, X5)"])])
         elif pick == 4 and not self.cycle:
-            self.put([self.rng.choice(["G96", "G97"]), f"S{self.rng.randrange(50, 400)}"])
+            limit = ["D2500"] if self.chance(0.3) else []
+            words = [self.rng.choice([["G96", *limit], ["G97"]]), [f"S{self.rng.randrange(50, 400)}"]]
+            self.put(sum(words, []))
         else:
             self.fed = True
             self.put([self.word("F", self.drawn(60, 900) if self.per_minute else 1.25)])
@@ -321,7 +338,9 @@ class Writer:
     def thread(self):
         if self.turning not in ("M3", "M4"):
             return
-        words = ["G33", self.word("Z", self.target("Z")), self.word("K", self.drawn(0.5, 3) or 1)]
+        axes = self.rng.choice(["Z", "Z", "ZX", "XYZ"])
+        words = [self.word(axis, self.target(axis)) for axis in axes]
+        words += ["G33", self.word("K", self.drawn(0.5, 3) or 1)]
         self.mode = "G33"
         self.put(words)
 
@@ -330,6 +349,7 @@ class Writer:
     def arc(self):
         rng = self.rng
         form = rng.choice(["centre", "centre", "radius", "full"])
+        before = self.arc_modes()
         if self.absolute_centre and not (self.absolute and form == "radius"):
             self.known_plane()
         elif self.absolute and form == "centre":
@@ -338,7 +358,7 @@ class Writer:
             self.known_plane()
         mode = rng.choice(["G2", "G3"])
         words = [] if mode == self.mode and self.chance(0.6) else [mode]
-        words += self.feed()
+        words += before + self.feed()
         words += getattr(self, f"arc_by_{form}")(-1 if mode == "G2" else 1)
         if self.chance(0.25):
             third = PLANES[self.plane][2]
@@ -347,6 +367,16 @@ class Writer:
             words.append(f"P{rng.choice([1, 2, 2, 3])}")
         self.mode = mode
         self.put(words)
+
+    def arc_modes(self):
+        words = []
+        if "planes" in self.subjects and self.chance(0.08):
+            self.plane = self.rng.choice(list(PLANES))
+            words.append(self.plane)
+        if self.chance(0.06):
+            self.absolute_centre = not self.absolute_centre
+            words.append("G90.1" if self.absolute_centre else "G91.1")
+        return words
 
     def known_plane(self):
         axes = PLANES[self.plane][:2]
@@ -432,6 +462,9 @@ class Writer:
             self.turning = needed
             self.put([needed, "S700"])
         words = [code, *self.feed()]
+        if self.chance(0.08):
+            self.absolute = not self.absolute
+            words.append("G90" if self.absolute else "G91")
         if self.absolute:
             clearance = self.drawn(-10, 25)
             bottom = self.rounded(clearance - (self.drawn(1, 20) or 1))
