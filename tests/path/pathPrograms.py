@@ -177,7 +177,9 @@ class Writer:
         axes = self.rng.sample("XYZ", self.rng.choice([1, 1, 2, 3]))
         words += [self.word(axis, self.target(axis)) for axis in axes]
         if self.chance(0.08):
-            words.append(self.rng.choice(["M8", "M9", "S1500", *self.pauses()]))
+            words.append(self.rng.choice(["M8", "M9", *self.pauses()]))
+        elif "S1250" not in words and self.chance(0.03):
+            words.append("S1500")
         elif "pauses" in self.subjects and self.chance(0.02):
             words += ["G4", "P0.5"]
         self.mode = mode
