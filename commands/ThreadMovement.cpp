@@ -28,6 +28,12 @@ int ThreadMovement::ClaimWords(char* line) {
     return 0;
 }
 
+// A strict control wants to see the block of its code also when no position stands on it.
+bool ThreadMovement::TakeWords(char* line) {
+    m_hasPosition = PathMovement::TakeWords(line);
+    return m_hasPosition || (GetNCLineStatus() == TRUE && status().GetControl()->isStrict);
+}
+
 void ThreadMovement::takePitch(char* line) {
     m_pitch.reset();
     Control& control = *status().GetControl();
@@ -51,6 +57,9 @@ int ThreadMovement::makeMovement(Movement& movement) {
 
 int ThreadMovement::Act() {
     Control& control = *status().GetControl();
+    if (control.isStrict && !m_hasPosition) {
+        return control.Refuse(kBlockRefused, "a thread code has no position");
+    }
     const std::optional<double> pitch = m_pitch ? m_pitch : control.pitch;
     if (!pitch) {
         return control.Refuse(kBlockRefused, "a thread has no pitch");

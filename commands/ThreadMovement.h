@@ -23,10 +23,11 @@ public:
 
     void InitStatus(char* line) override;
     int ClaimWords(char* line) override;
-    /// Refuses a thread without a pitch above 0.
+    /// Refuses a thread without a pitch above 0 and, on a strict control, one that goes nowhere.
     int Act() override;
 
 private:
+    bool TakeWords(char* line) override;
     int makeMovement(Movement& movement) override;
     void takePitch(char* line);
     void writePitch(double pitch) const;
@@ -34,4 +35,5 @@ private:
 
     std::unique_ptr<ResFeedRate> m_feedWriter;
     std::optional<double> m_pitch; // of the block at hand, in the program's unit
+    bool m_hasPosition = false;    // the same block
 };
