@@ -72,13 +72,15 @@ int LathePass::cut(const gmVector3& end) {
     if (std::isnan(start[AxisMapping::kX]) || std::isnan(start[AxisMapping::kZ])) {
         return control().Refuse(kAxisUnknown, "the start of a pass is not known");
     }
-    gmVector3 begin = start;
-    begin[depth] = end[depth] + alongAxis(m_taper, depth);
-    gmVector3 out = end;
-    out[depth] = start[depth];
+    PassPoints points = {.begin = start, .end = end, .out = end, .start = start};
+    points.begin[depth] = end[depth] + alongAxis(m_taper, depth);
+    points.out[depth] = start[depth];
+    return makePass(points);
+}
 
+int LathePass::makePass(const PassPoints& points) {
     const std::pair<Boolean, const gmVector3&> ways[] = {
-        {TRUE, begin}, {FALSE, end}, {FALSE, out}, {TRUE, start}};
+        {TRUE, points.begin}, {FALSE, points.end}, {FALSE, points.out}, {TRUE, points.start}};
     for (const auto& [rapid, point] : ways) {
         if (const int code = goTo(rapid, point); code != 0) {
             return code;

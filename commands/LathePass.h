@@ -5,11 +5,19 @@
 /// The single passes of lathes: turning cuts along Z, facing along X.
 enum class LathePassKind { kTurn, kFace };
 
+/// The places of a pass, in coordinates of the program.
+struct PassPoints {
+    gmVector3 begin; ///< of the cut
+    gmVector3 end;   ///< of the cut
+    gmVector3 out;   ///< at the depth of the start
+    gmVector3 start; ///< of the pass
+};
+
 /// One pass of a lathe and the way back to its start: rapid to the depth of the pass, the cut, out
 /// to the depth of the start, rapid back. Every block with a position, in which it is the active
 /// movement, makes one. A taper is by how much the pass begins further out than it ends, a length
 /// along the axis of its depth (a radius on X); it counts until the code comes again.
-class LathePass final : public CycleMovement {
+class LathePass : public CycleMovement {
 public:
     /// All must outlive the command.
     LathePass(Control& control, MachineStatus& status, LathePassKind kind) noexcept
@@ -21,6 +29,8 @@ public:
     int Act() override;
 
 private:
+    /// Walks the pass, from its start and back there. Returns 0 or the code of a refusal.
+    virtual int makePass(const PassPoints& points);
     int cut(const gmVector3& end);
     int refuse(const char* reason) const;
 

@@ -32,8 +32,9 @@ int PathMovement::Act() {
     return code != 0 ? code : write();
 }
 
-int PathMovement::moveTo(Boolean rapid, const gmVector3& point) {
+int PathMovement::moveTo(Boolean rapid, const gmVector3& point, bool needsFeed) {
     begin();
+    m_movement.needsFeed = needsFeed;
     m_movement.rapid = rapid;
     m_movement.end = point;
     m_movement.arc.reset();

@@ -84,7 +84,8 @@ int TableCommand::findSystem(std::size_t& index) {
     return 0;
 }
 
-// Controls lose the tool when the system in force turns under a shift: an arc would begin elsewhere.
+// Controls lose the tool when the system in force turns under a shift: an arc would begin
+// elsewhere.
 int TableCommand::setOrigin(std::size_t index) {
     CoordinateSystem& coordinates = control().coordinates;
     ZeroSystems& zeros = coordinates.zeros;

@@ -1,16 +1,11 @@
 #pragma once
 
-#include "apt/ResFeedRate.h"
 #include "commands/PathMovement.h"
-
-#include <memory>
-#include <optional>
+#include "commands/ThreadPitch.h"
 
 class Factory;
 
-/// The straight movement that cuts a thread: its feed is the pitch, and the feed before holds again
-/// behind it. The word of the pitch stands in each of its blocks; where it is also the word of the
-/// feed, the last pitch holds on until a feed is given.
+/// The straight movement that cuts a thread: its feed is the pitch.
 class ThreadMovement final : public PathMovement {
 public:
     ThreadMovement(MachineStatus* status, Factory* factory);
@@ -18,7 +13,7 @@ public:
 
     /// False when the factory had no memory for a writer: the command must not act then.
     [[nodiscard]] bool HasWriter() const noexcept {
-        return writer().HasStraight() && m_feedWriter != nullptr;
+        return writer().HasStraight() && m_pitch.HasWriter();
     }
 
     void InitStatus(char* line) override;
@@ -28,10 +23,6 @@ public:
 
 private:
     int makeMovement(Movement& movement) override;
-    void takePitch(char* line);
-    void writePitch(double pitch) const;
-    void writeFeed();
 
-    std::unique_ptr<ResFeedRate> m_feedWriter;
-    std::optional<double> m_pitch; // of the block at hand, in the program's unit
+    ThreadPitch m_pitch;
 };

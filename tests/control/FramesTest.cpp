@@ -56,13 +56,11 @@ public:
         const int x = number(-90, 90);
         const int y = number(-90, 90);
         const int z = number(-90, 90);
-        const std::string all = " X" + std::to_string(x) + " Y" + std::to_string(y) + " Z" +
-                                std::to_string(z);
+        const std::string all =
+            " X" + std::to_string(x) + " Y" + std::to_string(y) + " Z" + std::to_string(z);
         switch (kind) {
         case 0:
-            m_steps.push_back([=](const Point& p) {
-                return Point{p[0] + x, p[1] + y, p[2] + z};
-            });
+            m_steps.push_back([=](const Point& p) { return Point{p[0] + x, p[1] + y, p[2] + z}; });
             return (adds ? "ATRANS" : "TRANS") + all;
         case 1:
             m_steps.push_back(turn(0, 1, z));
@@ -70,9 +68,7 @@ public:
             m_steps.push_back(turn(1, 2, x));
             return (adds ? "AROT" : "ROT") + all;
         case 2:
-            m_steps.push_back([](const Point& p) {
-                return Point{p[0] * 2.0, p[1] * 0.5, p[2]};
-            });
+            m_steps.push_back([](const Point& p) { return Point{p[0] * 2.0, p[1] * 0.5, p[2]}; });
             return std::string(adds ? "ASCALE" : "SCALE") + " X2 Y.5";
         default:
             m_steps.push_back([](const Point& p) { return Point{p[0], -p[1], p[2]}; });
