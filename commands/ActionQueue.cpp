@@ -27,6 +27,19 @@ constexpr Kinds kOffLastKinds = {
 constexpr ActionKind kExclusiveKinds[] = {kFeed,       kPlane,        kUnits,      kCompensation,
                                           kZeroSystem, kDistanceMode, kCentreMode, kReturnMode};
 
+// Where spindle and coolant stop in their turn, "M3 M5" contradicts itself; else it is a movement
+// with the spindle on.
+ActionKind groupOf(ActionKind kind) noexcept {
+    switch (kind) {
+    case kSpindleOff:
+        return kSpindle;
+    case kCoolantOff:
+        return kCoolant;
+    default:
+        return kind;
+    }
+}
+
 } // namespace
 
 std::size_t ActionQueue::placeOf(const Command& command) const noexcept {
@@ -36,10 +49,12 @@ std::size_t ActionQueue::placeOf(const Command& command) const noexcept {
 }
 
 bool ActionQueue::HasRivalOf(const Command& command) const noexcept {
-    const ActionKind kind = command.GetActionKind();
-    return std::ranges::find(kExclusiveKinds, kind) != std::end(kExclusiveKinds) &&
-           std::ranges::any_of(m_commands, [&](const Command* other) {
-               return other != &command && other->GetActionKind() == kind;
+    const ActionKind kind = groupOf(command.GetActionKind());
+    const bool isExclusive =
+        std::ranges::find(kExclusiveKinds, kind) != std::end(kExclusiveKinds) ||
+        (m_order == ExecutionOrder::kOffFirst && (kind == kSpindle || kind == kCoolant));
+    return isExclusive && std::ranges::any_of(m_commands, [&](const Command* other) {
+               return other != &command && groupOf(other->GetActionKind()) == kind;
            });
 }
 

@@ -6,10 +6,12 @@
 
 class Control;
 
+/// In which order the commands of a dialect are tried, before the lengths of their codes.
 enum class CommandRank {
     kPlain,
-    kTakesWords,  ///< what means something else beside another code: a dwell has its own X, F or S
-    kClaimsBlocks ///< shares its code with one that takes the other blocks
+    kTakesWords,   ///< what means something else beside another code: a dwell has its own X, F or S
+    kClaimsBlocks, ///< shares its code with one that takes the other blocks
+    kSetsUnits     ///< what the numbers of the block mean
 };
 
 /// Recognises one command word of a block: an address text and, mostly, a number ("G01", "M30").
@@ -42,9 +44,9 @@ public:
     /// code. The word is still there, and stays when the answer is no. Any block will do here.
     [[nodiscard]] virtual bool Claims(const char* line) const;
 
-    /// Called before the groups compute, for the active commands of movements and tools: takes words
-    /// of the block that are its own though they look like those of another group, or that it acts
-    /// on before the others. Returns 0 or a code that ends the processing. Does nothing here.
+    /// Called before the groups compute, for the active commands of movements and tools: takes
+    /// words of the block that are its own though they look like those of another group, or that it
+    /// acts on before the others. Returns 0 or a code that ends the processing. Does nothing here.
     virtual int ClaimWords(char* line);
 
     /// Stores a copy of `syntax` unless it is null (the old one then stays), and `number` in any

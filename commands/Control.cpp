@@ -14,6 +14,10 @@ namespace {
 
 constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
 
+bool hasInfinity(const gmVector3& point) {
+    return std::isinf(point[0]) || std::isinf(point[1]) || std::isinf(point[2]);
+}
+
 } // namespace
 
 bool Control::IsCycleActive() const {
@@ -22,7 +26,7 @@ bool Control::IsCycleActive() const {
 
 int Control::FinishBlock() {
     const bool moves = m_status.GetMovement() != nullptr || actions.Has(ActionKind::kMovement);
-    if (Command* const call = calls.Due(moves)) {
+    if (Command* const call = calls.Due(moves, *this)) {
         actions.Add(*call);
     }
     return actions.Run();
@@ -210,6 +214,14 @@ int Control::Pass(Movement& movement, const AxisMapping& mapping) {
         if (!(path.PartsOf(sweep, units.FromMillimetres()) <= kMostParts)) {
             return Refuse(kArcRefused, "the arc is too long for its tolerance");
         }
+    }
+    if (movement.arc || movement.sweep) {
+        if (const int code = CheckKnown(movement.start); code != 0) {
+            return code;
+        }
+    }
+    if (hasInfinity(movement.end)) {
+        return Refuse(kBlockRefused, "a position is beyond all numbers");
     }
     if (!AxisKnowledge::IsKnown(movement.end)) {
         if (movement.rapid != TRUE) {

@@ -64,6 +64,13 @@ void CycleCall::InitStatus(char* line) {
 }
 
 int CycleCall::Act() {
+    const std::string change =
+        m_mark ? CoordinateMark(control()).ChangeSince(*m_mark) : std::string();
+    if (!change.empty()) {
+        return control().Refuse(kWordNotConverted, "the " + change +
+                                                       " changes while a cycle is called by every "
+                                                       "block: end that before");
+    }
     CycleNumbers numbers;
     if (const int code = settle(numbers); code != 0) {
         return code;

@@ -38,7 +38,11 @@ public:
     void InitStatus(char* line) override;
     int Act() override;
     /// Of the next Act. Throws std::bad_alloc.
-    void SetArguments(const CycleCalls::Arguments& arguments) { m_arguments = arguments; }
+    void SetArguments(const CycleCalls::Arguments& arguments,
+                      const std::optional<CoordinateMark>& mark) {
+        m_arguments = arguments;
+        m_mark = mark;
+    }
 
 private:
     /// The value at a place or of a meaning; none where it is left out.
@@ -53,4 +57,5 @@ private:
 
     const CycleCallKind& m_kind;
     CycleCalls::Arguments m_arguments;
+    std::optional<CoordinateMark> m_mark; // where a modal call was given
 };

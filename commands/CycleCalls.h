@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/CoordinateMark.h"
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -15,7 +17,7 @@ public:
 
     /// The block calls a cycle. Throws std::bad_alloc.
     void Call(CycleCall& command, Arguments arguments) {
-        m_called = Request{&command, std::move(arguments)};
+        m_called = Request{&command, std::move(arguments), {}};
     }
     /// The call of the block counts for the blocks that follow; without one there is none for them
     /// any more.
@@ -24,12 +26,13 @@ public:
 
     /// When the block has been read: the command that is to act behind its movement, with its
     /// arguments; null when there is none. Not owned.
-    [[nodiscard]] CycleCall* Due(bool moves);
+    [[nodiscard]] CycleCall* Due(bool moves, const Control& control);
 
 private:
     struct Request {
         CycleCall* command; // not owned
         Arguments arguments;
+        std::optional<CoordinateMark> mark = {}; ///< of a call that counts for later blocks
     };
 
     std::optional<Request> m_called; // by the block at hand

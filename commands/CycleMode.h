@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/Plane.h"
+#include "commands/CoordinateMark.h"
 #include "commands/WordList.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
@@ -81,19 +81,9 @@ public:
     [[nodiscard]] double StartHeight() const noexcept { return m_startHeight; }
 
 private:
-    // Where the numbers of the program lie.
-    struct Place {
-        Plane plane = Plane::kXY;
-        bool isInch = false;
-        std::array<gmVector3, 4> axes; // origin and the ends of the axes
-    };
-
-    [[nodiscard]] static Place placeOf(const Control& control);
-    [[nodiscard]] std::string changeSince(const Place& now) const;
-
     std::vector<const Command*> m_cycles; // not owned
     Command* m_before = nullptr;
-    Place m_place;
+    CoordinateMark m_mark;
     double m_startHeight = 0.0;
     bool m_isFresh = false;
     bool m_isNewCode = false;

@@ -40,9 +40,12 @@ void rescaleShift(gmMatrix4& matrix, double factor) {
 
 void Frame::Add(const FramePart& part) {
     FramePart& added = m_parts.emplace_back(part);
-    dropNoise(added.matrix);
-    dropNoise(added.inverse);
-    multiply();
+    if (part.kind == FrameKind::kRotate) {
+        dropNoise(added.matrix);
+        dropNoise(added.inverse);
+    }
+    m_matrix = added.matrix * m_matrix;
+    m_inverse *= added.inverse;
 }
 
 void Frame::Clear() {

@@ -12,9 +12,8 @@ LathePass::~LathePass() = default;
 
 void LathePass::InitStatus(char* line) {
     m_taper = 0.0;
-    if (status().GetMovementCom()->GetActiveCommand() != this) {
-        m_isFresh = true;
-    }
+    const bool isNew = status().GetMovementCom()->GetActiveCommand() != this;
+    m_isFresh = m_isFresh || isNew;
     PathMovement::InitStatus(line);
 }
 
@@ -51,6 +50,12 @@ int LathePass::Act() {
     if (m_isFresh && !(hasX && hasZ)) {
         return refuse("a pass begins without its end in X or Z");
     }
+    const CoordinateMark now(control());
+    if (const std::string change = now.ChangeSince(m_mark); !m_isFresh && !change.empty()) {
+        return control().Refuse(kWordNotConverted,
+                                "the " + change +
+                                    " changes while passes go on: give their code again");
+    }
     if (const int code = resolveEndPoint(end); code != 0) {
         return code;
     }
@@ -62,6 +67,7 @@ int LathePass::Act() {
     }
     m_isFresh = false;
     m_end = end;
+    m_mark = now;
     return cut(end);
 }
 
@@ -72,13 +78,15 @@ int LathePass::cut(const gmVector3& end) {
     if (std::isnan(start[AxisMapping::kX]) || std::isnan(start[AxisMapping::kZ])) {
         return control().Refuse(kAxisUnknown, "the start of a pass is not known");
     }
-    gmVector3 begin = start;
-    begin[depth] = end[depth] + alongAxis(m_taper, depth);
-    gmVector3 out = end;
-    out[depth] = start[depth];
+    PassPoints points = {.begin = start, .end = end, .out = end, .start = start};
+    points.begin[depth] = end[depth] + alongAxis(m_taper, depth);
+    points.out[depth] = start[depth];
+    return makePass(points);
+}
 
+int LathePass::makePass(const PassPoints& points) {
     const std::pair<Boolean, const gmVector3&> ways[] = {
-        {TRUE, begin}, {FALSE, end}, {FALSE, out}, {TRUE, start}};
+        {TRUE, points.begin}, {FALSE, points.end}, {FALSE, points.out}, {TRUE, points.start}};
     for (const auto& [rapid, point] : ways) {
         if (const int code = goTo(rapid, point); code != 0) {
             return code;

@@ -23,7 +23,11 @@ int PathMovement::Compute(char* line) {
         m_hasWords && !(wasFound && control != nullptr && control->AreAxisWordsTaken());
     const bool movesAnyway = wasFound && (control == nullptr || control->MovesWithoutWords());
     SetNCLineStatus(FALSE);
-    return hasWords || movesAnyway ? perform() : 0;
+    if (!hasWords && !movesAnyway) {
+        (void)takeFound(Axes()); // words that belong to nobody do not wait for the next block
+        return 0;
+    }
+    return perform();
 }
 
 int PathMovement::Act() {
@@ -32,8 +36,9 @@ int PathMovement::Act() {
     return code != 0 ? code : write();
 }
 
-int PathMovement::moveTo(Boolean rapid, const gmVector3& point) {
+int PathMovement::moveTo(Boolean rapid, const gmVector3& point, bool needsFeed) {
     begin();
+    m_movement.needsFeed = needsFeed;
     m_movement.rapid = rapid;
     m_movement.end = point;
     m_movement.arc.reset();

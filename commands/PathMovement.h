@@ -20,8 +20,9 @@ public:
 protected:
     explicit PathMovement(MachineStatus* status) noexcept : MovementCommand(status) {}
 
-    /// Moves straight to a point of the program. Returns 0 or the code of a refusal.
-    int moveTo(Boolean rapid, const gmVector3& point);
+    /// Moves straight to a point of the program. A thread has its pitch and needs no feed. Returns
+    /// 0 or the code of a refusal.
+    int moveTo(Boolean rapid, const gmVector3& point, bool needsFeed = true);
 
     [[nodiscard]] MovementWriter& writer() noexcept { return m_writer; }
     [[nodiscard]] const MovementWriter& writer() const noexcept { return m_writer; }

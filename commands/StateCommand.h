@@ -7,8 +7,11 @@ class StateCommand final : public ControlCommand {
 public:
     using Change = void (*)(Control& control);
 
-    StateCommand(Control& control, Change change) noexcept
-        : ControlCommand(control), m_change(change) {}
+    StateCommand(Control& control, Change change,
+                 CommandRank rank = CommandRank::kTakesWords) noexcept
+        : ControlCommand(control), m_change(change) {
+        setRank(rank);
+    }
     ~StateCommand() override;
 
     int Act() override;

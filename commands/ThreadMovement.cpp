@@ -5,10 +5,8 @@
 #include "commands/MachineStatus.h"
 #include "driver/returnCodes.h"
 
-#include <string_view>
-
 ThreadMovement::ThreadMovement(MachineStatus* status, Factory* factory)
-    : PathMovement(status), m_feedWriter(factory->GetFeedRaCom()) {
+    : PathMovement(status), m_pitch(*status, factory) {
     writer().SetStraight(factory->GetLinearCom());
     setRank(CommandRank::kTakesWords);
 }
@@ -16,14 +14,14 @@ ThreadMovement::ThreadMovement(MachineStatus* status, Factory* factory)
 ThreadMovement::~ThreadMovement() = default;
 
 void ThreadMovement::InitStatus(char* line) {
-    takePitch(line);
+    m_pitch.Take(line);
     PathMovement::InitStatus(line);
 }
 
 // A block with the command's own word has given its pitch already.
 int ThreadMovement::ClaimWords(char* line) {
     if (GetNCLineStatus() != TRUE) {
-        takePitch(line);
+        m_pitch.Take(line);
     }
     return 0;
 }
@@ -34,20 +32,6 @@ bool ThreadMovement::TakeWords(char* line) {
     return m_hasPosition || (GetNCLineStatus() == TRUE && status().GetControl()->isStrict);
 }
 
-void ThreadMovement::takePitch(char* line) {
-    m_pitch.reset();
-    Control& control = *status().GetControl();
-    Parameter* const word = control.words.threadPitch.TakeWord(line, status());
-    if (word == nullptr) {
-        return;
-    }
-    m_pitch = word->GetValue();
-    const Parameter* const feed = control.words.feed;
-    if (feed != nullptr && std::string_view(word->GetSyntaxString()) == feed->GetSyntaxString()) {
-        control.pitch = m_pitch;
-    }
-}
-
 int ThreadMovement::makeMovement(Movement& movement) {
     movement.rapid = FALSE;
     movement.arc.reset();
@@ -56,34 +40,13 @@ int ThreadMovement::makeMovement(Movement& movement) {
 }
 
 int ThreadMovement::Act() {
-    Control& control = *status().GetControl();
-    if (control.isStrict && !m_hasPosition) {
+    if (Control& control = *status().GetControl(); control.isStrict && !m_hasPosition) {
         return control.Refuse(kBlockRefused, "a thread code has no position");
     }
-    const std::optional<double> pitch = m_pitch ? m_pitch : control.pitch;
-    if (!pitch) {
-        return control.Refuse(kBlockRefused, "a thread has no pitch");
-    }
-    if (!(*pitch > 0.0)) {
-        return control.Refuse(kBlockRefused, "the pitch of a thread is not above 0");
-    }
-    writePitch(*pitch);
-    const int code = PathMovement::Act();
+    int code = m_pitch.Begin();
+    code = code != 0 ? code : PathMovement::Act();
     if (code == 0) {
-        writeFeed();
+        m_pitch.End();
     }
     return code;
-}
-
-void ThreadMovement::writePitch(double pitch) const {
-    const LengthUnits& units = status().GetControl()->units;
-    m_feedWriter->WriteFine(false, pitch * units.ToOutput(), units.IsOutputInch());
-}
-
-// Before the first feed there is none to come back to.
-void ThreadMovement::writeFeed() {
-    if (Command* const feed = status().GetFeedRateCom()->GetActiveCommand();
-        feed != nullptr && status().GetFeedRateSpeed() != 0.0) {
-        (void)feed->Act();
-    }
 }

@@ -23,6 +23,11 @@ N
 DECIMAL_POINT_REPRESENTATION
 .
 ##### Block Section
+# Within a block the machine acts in this order, whatever the order of the words: plane, units, feed,
+# speed, tool, spindle, coolant, dwell, compensation, zero, distances, return mode, shifts and
+# reference points, movement, then spindle and coolant off, then stops and ends.
+REV_EXECUTION_ORDER
+OFF_LAST
 RAPID
 G0
 LINEAR_INTERPOLATION
@@ -50,27 +55,126 @@ COOLANT_ON
 M8
 COOLANT_OFF
 M9
+REV_COOLANT_MIST
+M7
 REV_TLCHG_COM
 M6
-# Planned and optional stops: either writes the statements of an end, and the reading goes on.
-PROGRAM_STOP
+# Planned and optional stops.
+REV_STOP
 M0
-PROGRAM_STOP
+REV_OPTIONAL_STOP
 M1
 PROGRAM_END
 M2
 PROGRAM_END
 M30
-# Without effect on the path: plane XY, millimetres, no radius compensation, the first zero, how
-# corners are taken, the end and the return height of cycles,
-REV_NO_EFFECT
+# Cutting speed, then speed in turns.
+REV_CUTTING_SPEED
+G96
+REV_SPINDLE_SPEED_MODE
+G97
+# In a block with S this is the highest speed.
+REV_SPINDLE_LIMIT
+G92
+# Planes; the direction of arcs in them is seen against Z, Y or X.
+REV_PLANE_XY
 G17
-REV_NO_EFFECT
+REV_PLANE_ZX
+G18
+REV_PLANE_YZ
+G19
+# Inches and millimetres.
+REV_INCH
+G20
+REV_METRIC
 G21
-REV_NO_EFFECT
+# Dwell, threads, radius compensation.
+REV_DWELL
+G4
+REV_THREAD
+G33
+REV_CUTCOM_LEFT
+G41
+REV_CUTCOM_RIGHT
+G42
+REV_CUTCOM_OFF
 G40
-REV_NO_EFFECT
+# Zeros, the table that holds them, and the shift on top: G52 and G92 count as one.
+REV_ZERO_SYSTEM
 G54
+REV_ZERO_SYSTEM
+G55
+REV_ZERO_SYSTEM
+G56
+REV_ZERO_SYSTEM
+G57
+REV_ZERO_SYSTEM
+G58
+REV_ZERO_SYSTEM
+G59
+REV_TABLE
+G10
+REV_SHIFT_SET
+G92
+REV_SHIFT_LOCAL
+G52
+REV_SHIFT_CANCEL
+G92.1
+# Positions of the machine. Where its zero lies only REV_MACHINE_ZERO can tell.
+REV_MACHINE_COORDINATES
+G53
+REV_REFERENCE_POINT
+G28
+REV_REFERENCE_POINT_2
+G30
+# Rotation, scaling and mirroring about a centre, and their ends; the factor counts thousandths.
+REV_FRAME_ROTATE
+G68
+REV_FRAME_ROTATE_CANCEL
+G69
+REV_FRAME_SCALE
+G51
+REV_FRAME_SCALE_CANCEL
+G50
+REV_FRAME_FACTOR_THOUSANDTHS
+1
+REV_MIRROR_AT
+G51.1
+REV_MIRROR_CANCEL
+G50.1
+# Radius and angle.
+REV_POLAR_ON
+G16
+REV_POLAR_OFF
+G15
+# Cycles, their end, and where they go back to: to the start unless a block says otherwise.
+REV_CYCLE_DRILL
+G81
+REV_CYCLE_DRILL_DWELL
+G82
+REV_CYCLE_DEEP
+G83
+REV_CYCLE_BREAK_CHIP
+G73
+REV_CYCLE_TAP
+G84
+REV_CYCLE_TAP_LEFT
+G74
+REV_CYCLE_FEED_OUT
+G85
+REV_CYCLE_STOP_OUT
+G86
+REV_CYCLE_DWELL_OUT
+G89
+REV_CYCLE_FINE_BORE
+G76
+REV_CYCLE_OFF
+G80
+REV_CYCLE_TO_START
+G98
+REV_CYCLE_TO_CLEARANCE
+G99
+# Without effect on the path: how corners are taken,
 REV_NO_EFFECT
 G9
 REV_NO_EFFECT
@@ -81,25 +185,11 @@ REV_NO_EFFECT
 G63
 REV_NO_EFFECT
 G64
-REV_NO_EFFECT
-G80
-REV_NO_EFFECT
-G98
-REV_NO_EFFECT
-G99
-# the ends of tables, polar words, scaling, mirroring and rotation,
+# the end of tables,
 REV_NO_EFFECT
 G11
-REV_NO_EFFECT
-G15
-REV_NO_EFFECT
-G50
-REV_NO_EFFECT
-G50.1
-REV_NO_EFFECT
-G69
 # tool lengths with their H (positions are those of the tool's tip), limits off, contour control,
-# speed in turns, mist, orientation, rigid tapping, overrides.
+# orientation, rigid tapping, overrides.
 REV_NO_EFFECT
 G43
 REV_NO_EFFECT
@@ -113,10 +203,6 @@ G5.1
 REV_NO_EFFECT
 G8
 REV_NO_EFFECT
-G97
-REV_NO_EFFECT
-M7
-REV_NO_EFFECT
 M19
 REV_NO_EFFECT
 M29
@@ -129,19 +215,11 @@ REV_NO_EFFECT_WORD
 D
 REV_NO_EFFECT_WORD
 H
-# The X of a dwell and the corners of limits are no positions.
-REV_OWN_WORDS
-G4
+# The corners of limits are no positions.
 REV_OWN_WORDS
 G22
-# What changes the path, or what F and S mean, and is not followed: other planes, inch, splines,
-# tables and origins, scaling, mirroring, rotation, polar words,
-REV_NOT_CONVERTED
-G18
-REV_NOT_CONVERTED
-G19
-REV_NOT_CONVERTED
-G20
+# What changes the path, or what F means, and is not followed: splines, cylinders and polar
+# interpolation, further zeros, tilted planes,
 REV_NOT_CONVERTED
 G5
 REV_NOT_CONVERTED
@@ -151,58 +229,21 @@ G7.1
 REV_NOT_CONVERTED
 G12.1
 REV_NOT_CONVERTED
-G10
-REV_NOT_CONVERTED
-G16
-REV_NOT_CONVERTED
-G51
-REV_NOT_CONVERTED
-G51.1
-REV_NOT_CONVERTED
-G52
-REV_NOT_CONVERTED
-G53
-REV_NOT_CONVERTED
 G54.1
 REV_NOT_CONVERTED
 G54.2
 REV_NOT_CONVERTED
-G55
-REV_NOT_CONVERTED
-G56
-REV_NOT_CONVERTED
-G57
-REV_NOT_CONVERTED
-G58
-REV_NOT_CONVERTED
-G59
-REV_NOT_CONVERTED
-G68
-REV_NOT_CONVERTED
 G68.2
-REV_NOT_CONVERTED
-G92
-REV_NOT_CONVERTED
-G92.1
-# reference points, contacts, threads, compensations, cutting past the point,
+# the check of reference points and the way back from them, contacts, other compensations, positions
+# that are reached from one side,
 REV_NOT_CONVERTED
 G27
 REV_NOT_CONVERTED
-G28
-REV_NOT_CONVERTED
 G29
-REV_NOT_CONVERTED
-G30
 REV_NOT_CONVERTED
 G31
 REV_NOT_CONVERTED
-G33
-REV_NOT_CONVERTED
-G41
-REV_NOT_CONVERTED
 G41.2
-REV_NOT_CONVERTED
-G42
 REV_NOT_CONVERTED
 G42.2
 REV_NOT_CONVERTED
@@ -219,38 +260,18 @@ REV_NOT_CONVERTED
 G48
 REV_NOT_CONVERTED
 G60
-# cycles, inverse time, cutting speed.
+# other taps, boring from behind and by hand, inverse time.
 REV_NOT_CONVERTED
-G73
+G84.2
 REV_NOT_CONVERTED
-G74
-REV_NOT_CONVERTED
-G76
-REV_NOT_CONVERTED
-G81
-REV_NOT_CONVERTED
-G82
-REV_NOT_CONVERTED
-G83
-REV_NOT_CONVERTED
-G84
-REV_NOT_CONVERTED
-G85
-REV_NOT_CONVERTED
-G86
+G84.3
 REV_NOT_CONVERTED
 G87
 REV_NOT_CONVERTED
 G88
 REV_NOT_CONVERTED
-G89
-REV_NOT_CONVERTED
 G93
-REV_NOT_CONVERTED
-G96
-# Arcs by radius, chamfers and corners, and further axes.
-REV_NOT_CONVERTED_WORD
-R
+# Chamfers and corners, and further axes.
 REV_NOT_CONVERTED_WORD
 ,R
 REV_NOT_CONVERTED_WORD
@@ -306,3 +327,67 @@ CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR
 T
+# Words of arcs,
+REV_CIRCLE_RADIUS
+R
+1
+M5.5
+# of dwells, threads and compensation,
+REV_DWELL_SECONDS
+X
+1
+M5.5
+REV_DWELL_MILLISECONDS
+P
+1
+M5.5
+REV_THREAD_PITCH
+F
+1
+M5.5
+REV_CUTCOM_REGISTER
+D
+1
+M5.5
+# of tables, rotation and scaling,
+REV_TABLE_KIND
+L
+1
+M5.5
+REV_TABLE_NUMBER
+P
+1
+M5.5
+REV_TABLE_ANGLE
+R
+1
+M5.5
+REV_FRAME_ANGLE
+R
+1
+M5.5
+REV_FRAME_FACTOR
+P
+1
+M5.5
+# of cycles.
+REV_CYCLE_CLEARANCE
+R
+1
+M5.5
+REV_CYCLE_PECK
+Q
+1
+M5.5
+REV_CYCLE_PAUSE_MILLISECONDS
+P
+1
+M5.5
+REV_CYCLE_REPEAT
+K
+1
+M5.5
+REV_CYCLE_REPEAT
+L
+1
+M5.5

@@ -24,6 +24,11 @@ N
 DECIMAL_POINT_REPRESENTATION
 .
 ##### Block Section
+# Within a block the machine acts in this order, whatever the order of the words: plane, units, feed,
+# speed, tool, spindle, coolant, dwell, compensation, zero, distances, return mode, shifts and
+# reference points, movement, then spindle and coolant off, then stops and ends.
+REV_EXECUTION_ORDER
+OFF_LAST
 RAPID
 G0
 LINEAR_INTERPOLATION
@@ -51,36 +56,131 @@ COOLANT_ON
 M8
 COOLANT_OFF
 M9
+REV_COOLANT_MIST
+M7
 REV_TLCHG_COM
 M6
-# Planned and optional stops: either writes the statements of an end, and the reading goes on.
-PROGRAM_STOP
+# Planned and optional stops.
+REV_STOP
 M0
-PROGRAM_STOP
+REV_OPTIONAL_STOP
 M1
 # M17 is no end: it returns from a subprogram, which the language does.
 PROGRAM_END
 M2
 PROGRAM_END
 M30
-# Without effect on the path: plane XY, millimetres, no radius compensation, the first zero, how
-# corners are taken and speeds change, when a block is read,
-REV_NO_EFFECT
+# Cutting speed, then speed in turns.
+REV_CUTTING_SPEED
+G96
+REV_SPINDLE_SPEED_MODE
+G97
+# Planes; the direction of arcs in them is seen against Z, Y or X.
+REV_PLANE_XY
 G17
-REV_NO_EFFECT
+REV_PLANE_ZX
+G18
+REV_PLANE_YZ
+G19
+# Inches and millimetres. F counts in them, too, also behind G70.
+REV_INCH
+G70
+REV_INCH
+G700
+REV_METRIC
 G71
-REV_NO_EFFECT
+REV_METRIC
 G710
-REV_NO_EFFECT
+# Dwell, threads, radius compensation.
+REV_DWELL
+G4
+REV_THREAD
+G33
+REV_CUTCOM_LEFT
+G41
+REV_CUTCOM_RIGHT
+G42
+REV_CUTCOM_OFF
 G40
+# Zeros; G500 is the one below them.
+REV_ZERO_SYSTEM
+G54
+REV_ZERO_SYSTEM
+G55
+REV_ZERO_SYSTEM
+G56
+REV_ZERO_SYSTEM
+G57
+REV_ZERO_SYSTEM
+G505
+REV_ZERO_SYSTEM
+G506
+REV_ZERO_SYSTEM
+G507
+REV_ZERO_SYSTEM
+G508
+REV_ZERO_SYSTEM
+G509
+REV_ZERO_SYSTEM
+G510
+REV_ZERO_SYSTEM
+G511
+REV_ZERO_SYSTEM
+G512
+REV_ZERO_SYSTEM
+G500
+# Positions of the machine. Where its zero lies only REV_MACHINE_ZERO can tell.
+REV_MACHINE_COORDINATES
+G53
+REV_MACHINE_COORDINATES
+G153
+REV_MACHINE_COORDINATES
+SUPA
+# Frames: the plain form replaces all, the one with A adds.
+REV_FRAME_SHIFT
+TRANS
+REV_FRAME_SHIFT_ADD
+ATRANS
+REV_FRAME_ROTATE
+ROT
+REV_FRAME_ROTATE_ADD
+AROT
+REV_FRAME_SCALE
+SCALE
+REV_FRAME_SCALE_ADD
+ASCALE
+REV_FRAME_MIRROR
+MIRROR
+REV_FRAME_MIRROR_ADD
+AMIRROR
+# Poles.
+REV_POLE_AT_POSITION
+G110
+REV_POLE_AT_ZERO
+G111
+REV_POLE_AT_POLE
+G112
+# Cycles with arguments by place, and the word that calls one at every block that moves. Chips break
+# where the tool goes back by a millimetre.
+REV_CYCLE_CALL
+CYCLE81 DRILL
+REV_CYCLE_CALL
+CYCLE82 DRILL_DWELL
+REV_CYCLE_CALL
+CYCLE83 DEEP
+REV_CYCLE_CALL
+CYCLE85 FEED_OUT
+REV_CYCLE_CALL
+CYCLE89 DWELL_OUT
+REV_CYCLE_MODAL
+MCALL
+REV_CYCLE_LIFT
+1
+# Without effect on the path: how corners are taken and speeds change, when a block is read,
 REV_NO_EFFECT
 G450
 REV_NO_EFFECT
 G451
-REV_NO_EFFECT
-G54
-REV_NO_EFFECT
-G500
 REV_NO_EFFECT
 G9
 REV_NO_EFFECT
@@ -129,15 +229,11 @@ REV_NO_EFFECT
 COMPOF
 REV_NO_EFFECT
 STOPRE
-# speed in turns, radii, no transformation, mist, orientation, gears.
-REV_NO_EFFECT
-G97
+# radii, no transformation, orientation, gears.
 REV_NO_EFFECT
 DIAMOF
 REV_NO_EFFECT
 TRAFOOF
-REV_NO_EFFECT
-M7
 REV_NO_EFFECT
 M19
 REV_NO_EFFECT
@@ -163,9 +259,7 @@ REV_NO_EFFECT_WORD
 LIMS
 REV_NO_EFFECT_WORD
 SPOS
-# The F of a dwell, limits, texts, and the blank of a simulation are no words of the path.
-REV_OWN_WORDS
-G4
+# Limits, texts, and the blank of a simulation are no words of the path.
 REV_OWN_WORDS
 G25
 REV_OWN_WORDS
@@ -174,63 +268,16 @@ REV_OWN_WORDS
 MSG
 REV_OWN_WORDS
 WORKPIECE
-# What changes the path, or what F and S mean, and is not followed: other planes, inch, machine
-# coordinates and other zeros,
-REV_NOT_CONVERTED
-G18
-REV_NOT_CONVERTED
-G19
-REV_NOT_CONVERTED
-G70
-REV_NOT_CONVERTED
-G700
-REV_NOT_CONVERTED
-G53
-REV_NOT_CONVERTED
-G153
-REV_NOT_CONVERTED
-SUPA
-REV_NOT_CONVERTED
-G55
-REV_NOT_CONVERTED
-G56
-REV_NOT_CONVERTED
-G57
+# What changes the path, or what F and S mean, and is not followed: shifts by axis,
 REV_NOT_CONVERTED
 G58
 REV_NOT_CONVERTED
 G59
-REV_NOT_CONVERTED
-G505
-REV_NOT_CONVERTED
-G506
-REV_NOT_CONVERTED
-G507
-REV_NOT_CONVERTED
-G508
-REV_NOT_CONVERTED
-G509
-# frames and transformations,
-REV_NOT_CONVERTED
-TRANS
-REV_NOT_CONVERTED
-ATRANS
-REV_NOT_CONVERTED
-ROT
-REV_NOT_CONVERTED
-AROT
+# rotations by solid angles, and transformations,
 REV_NOT_CONVERTED
 ROTS
 REV_NOT_CONVERTED
 AROTS
-REV_NOT_CONVERTED
-SCALE
-REV_NOT_CONVERTED
-ASCALE
-REV_NOT_CONVERTED
-MIRROR
-REV_NOT_CONVERTED
-AMIRROR
 REV_NOT_CONVERTED
 TRAORI
 REV_NOT_CONVERTED
@@ -243,13 +290,7 @@ REV_NOT_CONVERTED
 DIAMON
 REV_NOT_CONVERTED
 DIAM90
-# poles, other arcs, splines, threads, contacts and fixed points, compensations,
-REV_NOT_CONVERTED
-G110
-REV_NOT_CONVERTED
-G111
-REV_NOT_CONVERTED
-G112
+# other arcs, splines, taps, contacts and fixed points, ways to and from a contour,
 REV_NOT_CONVERTED
 CIP
 REV_NOT_CONVERTED
@@ -267,8 +308,6 @@ INVCW
 REV_NOT_CONVERTED
 INVCCW
 REV_NOT_CONVERTED
-G33
-REV_NOT_CONVERTED
 G331
 REV_NOT_CONVERTED
 G332
@@ -283,10 +322,6 @@ MEAS
 REV_NOT_CONVERTED
 MEAW
 REV_NOT_CONVERTED
-G41
-REV_NOT_CONVERTED
-G42
-REV_NOT_CONVERTED
 G140
 REV_NOT_CONVERTED
 G147
@@ -300,29 +335,17 @@ REV_NOT_CONVERTED
 G347
 REV_NOT_CONVERTED
 G348
-# cycles and patterns, cutting speed, the other language of the control.
-REV_NOT_CONVERTED
-MCALL
-REV_NOT_CONVERTED
-CYCLE81
-REV_NOT_CONVERTED
-CYCLE82
-REV_NOT_CONVERTED
-CYCLE83
+# other cycles and patterns, inverse time, other cutting speeds, the other language of the control.
 REV_NOT_CONVERTED
 CYCLE84
 REV_NOT_CONVERTED
 CYCLE840
-REV_NOT_CONVERTED
-CYCLE85
 REV_NOT_CONVERTED
 CYCLE86
 REV_NOT_CONVERTED
 CYCLE87
 REV_NOT_CONVERTED
 CYCLE88
-REV_NOT_CONVERTED
-CYCLE89
 REV_NOT_CONVERTED
 CYCLE71
 REV_NOT_CONVERTED
@@ -350,22 +373,12 @@ POCKET4
 REV_NOT_CONVERTED
 G93
 REV_NOT_CONVERTED
-G96
-REV_NOT_CONVERTED
 G961
 REV_NOT_CONVERTED
 G291
-# Arcs by radius or angle, turns, polar words, chamfers and corners, angles, offsets, further axes.
-REV_NOT_CONVERTED_WORD
-CR
+# Arcs by angle, chamfers and corners, angles, offsets, further axes.
 REV_NOT_CONVERTED_WORD
 AR
-REV_NOT_CONVERTED_WORD
-TURN
-REV_NOT_CONVERTED_WORD
-AP
-REV_NOT_CONVERTED_WORD
-RP
 REV_NOT_CONVERTED_WORD
 CHF
 REV_NOT_CONVERTED_WORD
@@ -429,3 +442,54 @@ CIRCLE_CENTER_ABS
 0
 REV_TLCHG_TLADR
 T
+# Words of arcs,
+REV_CIRCLE_RADIUS
+CR
+1
+M5.5
+REV_TURNS_MORE
+TURN
+1
+M5.5
+# of dwells, threads, speeds and compensation,
+REV_DWELL_SECONDS
+F
+1
+M5.5
+REV_DWELL_TURNS
+S
+1
+M5.5
+REV_THREAD_PITCH
+I
+1
+M5.5
+REV_THREAD_PITCH
+J
+1
+M5.5
+REV_THREAD_PITCH
+K
+1
+M5.5
+REV_SPINDLE_LIMIT_WORD
+LIMS
+1
+M5.5
+REV_CUTCOM_REGISTER
+D
+1
+M5.5
+# of rotations, and of radius and angle.
+REV_FRAME_ANGLE
+RPL
+1
+M5.5
+REV_POLAR_RADIUS
+RP
+1
+M5.5
+REV_POLAR_ANGLE
+AP
+1
+M5.5

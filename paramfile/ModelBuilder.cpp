@@ -16,6 +16,7 @@
 #include "driver/returnCodes.h"
 #include "paramfile/readReals.h"
 
+#include <cstring>
 #include <memory>
 #include <type_traits>
 
@@ -270,6 +271,9 @@ int ModelBuilder::finishHome(Control& control) {
 }
 
 int ModelBuilder::AddAddress(const KeyValue& value, WordList& list) {
+    if (std::strchr("0123456789+-.", value.text[0]) != nullptr) {
+        return kKeyValueUnknown;
+    }
     if (const int code = AddWord(value.text); code != 0) {
         return code;
     }

@@ -94,7 +94,8 @@ public:
     int AddEndCommand(const KeyValue& value, bool isEnd);
     /// Makes and registers the word, which AddedWord then gives.
     int AddWord(const char* address);
-    /// The same for an address, which becomes one more spelling in the list.
+    /// The same for an address, which becomes one more spelling in the list. What a number begins
+    /// with begins none: kKeyValueUnknown.
     int AddAddress(const KeyValue& value, WordList& list);
     /// Makes a command for the code, which may have a fraction ("G59.1") or be a name ("SUPA"), and
     /// registers it. Returns 308 for a value that is no code.

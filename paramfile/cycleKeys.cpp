@@ -9,6 +9,7 @@
 #include "commands/MachineStatus.h"
 #include "commands/ModalCycle.h"
 #include "commands/StateCommand.h"
+#include "commands/ThreadPass.h"
 #include "commands/WordCode.h"
 #include "commands/cycleKinds.h"
 #include "driver/DialectRules.h"
@@ -34,6 +35,11 @@ int cycle(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
 template<LathePassKind Kind>
 int pass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddMovement<LathePass>(value, builder.GetStages(), builder.Status(), Kind);
+}
+
+int threadPass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddMovement<ThreadPass>(value, builder.GetStages(), builder.Status(),
+                                           builder.GetFactory());
 }
 
 int finish(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
@@ -131,6 +137,7 @@ constexpr Key kCycleKeys[] = {
     {"REV_CYCLE_MODAL", kWhole, kText, modalCycle, 0, true},
     {"REV_LATHE_TURN", kWhole, kText, pass<LathePassKind::kTurn>, 0, true},
     {"REV_LATHE_FACE", kWhole, kText, pass<LathePassKind::kFace>, 0, true},
+    {"REV_LATHE_THREAD", kWhole, kText, threadPass, 0, true},
     {"REV_LATHE_FINISH", kWhole, kText, finish, 0, true},
     {"REV_LATHE_TAPER", kWhole, kAddress, address<&Words::taper>, 0, true},
     {"REV_CYCLE_LIFT", kWhole, kText, lift},

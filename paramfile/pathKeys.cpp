@@ -41,8 +41,9 @@ template<bool IsInch>
 int units(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     Control& control = builder.GetStages();
     control.tellsUnits = true;
-    return builder.AddCode<StateCommand>(value, ActionKind::kUnits, control,
-                                         [](Control& c) { c.SwitchUnits(IsInch); });
+    return builder.AddCode<StateCommand>(
+        value, ActionKind::kUnits, control, [](Control& c) { c.SwitchUnits(IsInch); },
+        CommandRank::kSetsUnits);
 }
 
 // Such a word means nothing unless arcs are computed.

@@ -334,6 +334,7 @@ bool RParameterGrammar::readProcedure(BlockCursor& cursor, ProgramLine& line) {
 }
 
 bool RParameterGrammar::readModalCall(BlockCursor& cursor, ProgramLine& line) {
+    const std::size_t begin = cursor.position() - kModalCall.size();
     const bool isEnd = cursor.isAtEnd();
     const std::string_view name = cursor.takeName();
     if (isEnd || vocabulary().isKnown(name)) {
@@ -344,7 +345,7 @@ bool RParameterGrammar::readModalCall(BlockCursor& cursor, ProgramLine& line) {
     }
     if (isEnd || vocabulary().isKnown(name)) {
         // A cycle of the dialect, which the command model repeats itself.
-        cursor.moveTo(0);
+        cursor.moveTo(begin);
         return readWords(cursor, line);
     }
     ModalCallStatement modal;

@@ -1,6 +1,7 @@
 #include "tests/control/ControlRows.h"
 
 #include "paramfile/keys.h"
+#include "tests/support/TempFolder.h"
 #include "tests/support/dialects.h"
 
 #include <cstdlib>
@@ -16,7 +17,12 @@ std::string withoutParentheses(std::string dialect) {
     return dialect.erase(dialect.find(comments), comments.size());
 }
 
+constexpr const char* kFolder = "dialects/";
+
 std::string machine(const std::string& name) {
+    if (name.starts_with(kFolder)) {
+        return readFile(std::string(SOURCES) + name);
+    }
     const std::map<std::string, std::string> machines = {
         {"mill", mill()},
         {"lathe", lathe()},
@@ -63,6 +69,7 @@ std::vector<ControlRow> controlRows(const std::string& path) {
     std::ifstream file(path);
     EXPECT_TRUE(file) << path;
     std::string dialect;
+    bool isOfFolder = false;
     Part part = Part::kBetween;
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with("# ") || line == "#") {
@@ -70,11 +77,13 @@ std::vector<ControlRow> controlRows(const std::string& path) {
         }
         if (line.starts_with("## ")) {
             dialect = machine(line.substr(3));
+            isOfFolder = line.starts_with(std::string("## ") + kFolder);
             part = Part::kDialect;
         } else if (line.starts_with("== ")) {
             ControlRow& row = rows.emplace_back();
             row.title = line.substr(3);
             row.dialect = dialect;
+            row.isWhollyRead = isOfFolder;
             part = Part::kProgram;
         } else if (line == "=>") {
             EXPECT_EQ(part, Part::kProgram) << path << ": " << line;

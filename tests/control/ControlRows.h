@@ -16,7 +16,8 @@
 ///     !509 a dwell has no time
 ///
 /// "##" names the machine of the rows below it: mill, lathe, or a mill of a family of languages,
-/// o-word, hash or r-parameter. The lines behind it are keys with their values, and stand behind
+/// o-word, hash or r-parameter, or a file of dialects/, which reads all
+/// text of its programs. The lines behind it are keys with their values, and stand behind
 /// the machine's own; number formats are added. A line that begins with "+ " is one for its row
 /// alone. Behind "=>" stands the whole APT, up to an empty line, and the return code with a part of
 /// the message where the program must fail. Lines that begin with "#" and a blank are for the
@@ -28,6 +29,7 @@ struct ControlRow {
     std::vector<std::string> apt;
     int code = 0;
     std::string message;
+    bool isWhollyRead = false; ///< no text may be left that nobody understands
 };
 
 /// The rows of a file, which must be well formed.

@@ -14,6 +14,7 @@ struct Outcome {
     int code = 0;
     std::string apt;
     std::string message;
+    long unreadBlocks = 0;
 };
 
 Outcome outcomeOf(const ControlRow& row) {
@@ -23,7 +24,8 @@ Outcome outcomeOf(const ControlRow& row) {
                                         folder.write("part.nc", row.program).c_str(),
                                         folder.path("part.apt").c_str(), nullptr, eOutputAPT);
     const char* const text = controller.LastFailure().text;
-    return {code, folder.read("part.apt"), code == 0 || text == nullptr ? "" : text};
+    return {code, folder.read("part.apt"), code == 0 || text == nullptr ? "" : text,
+            controller.Report().UnrecognisedBlocks()};
 }
 
 std::string withoutBlanks(std::string line) {
@@ -54,6 +56,7 @@ void expectRows(const std::string& name) {
         const Outcome outcome = outcomeOf(row);
         EXPECT_EQ(outcome.code, row.code) << outcome.message;
         EXPECT_EQ(linesOf(outcome.apt, row.apt), row.apt);
+        EXPECT_TRUE(outcome.unreadBlocks == 0 || !row.isWhollyRead);
         EXPECT_THAT(outcome.message, testing::HasSubstr(row.message));
     }
 }
@@ -65,6 +68,8 @@ TEST(Control, Coordinates) { expectRows("coordinates"); }
 TEST(Control, Order) { expectRows("order"); }
 
 TEST(Control, Cycles) { expectRows("cycles"); }
+
+TEST(Control, Programs) { expectRows("programs"); }
 
 TEST(Control, Technology) { expectRows("technology"); }
 
