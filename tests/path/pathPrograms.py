@@ -1,9 +1,11 @@
-"""Random o-word programs over what moves a tool: planes, arcs, units, zeros, shifts, cycles, and now
-and then a block that a control refuses.
+"""Random o-word programs over what moves a tool: planes, arcs, units, zeros, shifts, cycles, and
+now and then a block that a control refuses.
 
 A program is a list of blocks, a block a list of words; "judge-less" words are those of radius
 compensation, which the path that is compared does not know. What rs274 itself does wrong is left
-out: numbers of a cycle over a change of units, zero or plane, G74 with L."""
+out: numbers of a cycle over a change of units, zero or plane, G74 with L, taps outside of XY, a
+tool change in a turned zero, a zero in force that turns under a shift, pecks that are a share of
+the depth."""
 
 import math
 import random
