@@ -17,7 +17,7 @@ int Command::Act() { return 0; }
 
 bool Command::Claims(const char* /*line*/) const { return true; }
 
-void Command::ClaimWords(char* /*line*/) {}
+int Command::ClaimWords(char* /*line*/) { return 0; }
 
 int Command::perform() { return m_control == nullptr ? Act() : m_control->Perform(*this); }
 

@@ -42,9 +42,10 @@ public:
     /// code. The word is still there, and stays when the answer is no. Any block will do here.
     [[nodiscard]] virtual bool Claims(const char* line) const;
 
-    /// Called before the groups compute, for the active movement: takes words of the block that are
-    /// its own though they look like those of another group. Does nothing here.
-    virtual void ClaimWords(char* line);
+    /// Called before the groups compute, for the active commands of movements and tools: takes words
+    /// of the block that are its own though they look like those of another group, or that it acts
+    /// on before the others. Returns 0 or a code that ends the processing. Does nothing here.
+    virtual int ClaimWords(char* line);
 
     /// Stores a copy of `syntax` unless it is null (the old one then stays), and `number` in any
     /// case. A number of -1 means that the word has none. When memory is exhausted the text is null

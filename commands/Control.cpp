@@ -143,8 +143,14 @@ int Control::ResolvePoint(AxisValues values, gmVector3& point) {
     return 0;
 }
 
-int Control::resolveInMachine(const AxisValues& values, gmVector3& point) {
+// A mill's tool is long in Z. On a lathe it reaches in X as well.
+std::optional<double> Control::MachineZero(int axis) const {
     const std::optional<gmVector3> zero = coordinates.zeros.MachineZero();
+    const bool hasLength = axis == 2 || (axis == 0 && isLathe);
+    return zero && !(hasToolLength && hasLength) ? std::optional((*zero)[axis]) : std::nullopt;
+}
+
+int Control::resolveInMachine(const AxisValues& values, gmVector3& point) {
     gmVector3 place = coordinates.ToStart(ToLengths(point));
     const gmVector3 given = LengthsOf(values);
     for (int axis = 0; axis < 3; ++axis) {
@@ -155,7 +161,8 @@ int Control::resolveInMachine(const AxisValues& values, gmVector3& point) {
         if (IsIncremental(*value)) {
             return Refuse(kBlockRefused, "coordinates of the machine are not incremental");
         }
-        place[axis] = zero ? given[axis] + (*zero)[axis] : AxisKnowledge::kUnknown;
+        const std::optional<double> zero = MachineZero(axis);
+        place[axis] = zero ? given[axis] + *zero : AxisKnowledge::kUnknown;
         if (!zero) {
             m_status.Note(BlockNote::kUnknownPlace);
         }

@@ -28,8 +28,8 @@ struct Movement;
 /// code uses it.
 class Control {
 public:
-    /// `status` must outlive the control.
-    explicit Control(MachineStatus& status) noexcept : m_status(status) {}
+    /// `status` must outlive the control. Throws std::bad_alloc.
+    explicit Control(MachineStatus& status) : m_status(status) {}
 
     // What the parameter file sets.
     ControlWords words;
@@ -39,8 +39,9 @@ public:
     /// Of the family whose order stops first: a code of the feed mode leaves no feed, none is an
     /// error, and so are other blocks that further families forgive.
     bool isStrict = false;
-    bool hasStages = false;      ///< movements pass them; else they are written as described
-    bool tellsUnits = false;     ///< the output says in which unit it is
+    bool hasStages = false;  ///< movements pass them; else they are written as described
+    bool tellsUnits = false; ///< the output says in which unit it is
+    bool isLathe = false;
     bool hasThousandths = false; ///< a factor of scaling without a decimal point counts them
     gmVector3 home;              ///< the reference point in coordinates of the machine
     const AxisMapping* axisMapping = nullptr; ///< of the rapid movement; not owned
@@ -61,6 +62,7 @@ public:
     CycleCalls calls;
     DiameterMode diameter;
     PolarCoordinates polar;
+    bool hasToolLength = false;  ///< in force, and nobody tells how long the tool is
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
     bool isCuttingSpeed = false; ///< the number of the speed is m/min or ft/min, not rev/min
     /// Of threads whose pitch is the word of the feed, until that gives a feed again.
@@ -132,6 +134,9 @@ public:
     [[nodiscard]] bool IsIncremental(const AxisValue& value) const {
         return value.isIncremental || (!value.isAbsolute && IsIncrementalMode());
     }
+    /// Machine zero in the zero of the start, of one axis of the program; none where nobody tells
+    /// it for the tip of the tool.
+    [[nodiscard]] std::optional<double> MachineZero(int axis) const;
     /// Refuses what begins or ends where nobody knows.
     int CheckKnown(const gmVector3& point);
     /// Whether a rapid movement was never written, since nobody knows where it ends.

@@ -9,7 +9,9 @@ MachineStatus::~MachineStatus() = default;
 
 int MachineStatus::scanNC(char* line) {
     if (m_control != nullptr) {
-        claimWords(line);
+        if (const int code = claimWords(line); code != 0) {
+            return code;
+        }
         if (const int code = m_control->beforeMovement.Run(); code != 0) {
             return code;
         }
@@ -31,10 +33,14 @@ Control& MachineStatus::MakeControl() {
     return *m_control;
 }
 
-void MachineStatus::claimWords(char* line) {
-    if (Command* const movement = GetMovementCom()->GetActiveCommand()) {
-        movement->ClaimWords(line);
+int MachineStatus::claimWords(char* line) {
+    for (const CommandGroup* const group : {GetToolCom(), GetMovementCom()}) {
+        Command* const active = group->GetActiveCommand();
+        if (const int code = active == nullptr ? 0 : active->ClaimWords(line); code != 0) {
+            return code;
+        }
     }
+    return 0;
 }
 
 int MachineStatus::computeGroups(std::size_t first, std::size_t last, char* line) {

@@ -140,7 +140,7 @@ private:
         return 1U << static_cast<unsigned>(note);
     }
 
-    void claimWords(char* line);
+    int claimWords(char* line);
     int computeGroups(std::size_t first, std::size_t last, char* line);
     int computeForeign(Command& command, char* line);
 

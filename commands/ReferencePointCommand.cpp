@@ -28,11 +28,7 @@ int ReferencePointCommand::Act() {
     if (const int code = goThrough(); code != 0) {
         return code;
     }
-    if (const auto zero = control().coordinates.zeros.MachineZero()) {
-        return goToKnown(*zero);
-    }
-    goHome();
-    return 0;
+    return goToReferencePoint();
 }
 
 // A point where the tool is already, as in "G91 G28 Z0", is no way.
@@ -47,27 +43,26 @@ int ReferencePointCommand::goThrough() {
     return isWay ? m_rapid.MoveTo(point) : 0;
 }
 
-int ReferencePointCommand::goToKnown(const gmVector3& machineZero) {
-    const CoordinateSystem& coordinates = control().coordinates;
-    const gmVector3 reference =
-        control().FromLengths(coordinates.FromStart(control().home + machineZero));
+// Axes whose place nobody knows go there as a statement says, and are unknown from then on.
+int ReferencePointCommand::goToReferencePoint() {
+    gmVector3 reference = control().home;
+    for (int axis = 0; axis < 3; ++axis) {
+        reference[axis] += control().MachineZero(axis).value_or(AxisKnowledge::kUnknown);
+    }
+    reference = control().FromLengths(control().coordinates.FromStart(reference));
     gmVector3 point = control().Status().GetEndPosition();
+    bool isKnown = true;
     for (int axis = 0; axis < 3; ++axis) {
         if (isNamed(axis)) {
             point[axis] = reference[axis];
+            isKnown = isKnown && !std::isnan(point[axis]);
         }
     }
-    return m_rapid.MoveTo(point);
-}
-
-void ReferencePointCommand::goHome() {
+    if (isKnown) {
+        return m_rapid.MoveTo(point);
+    }
     control().writer->WriteGoHome();
     control().Status().Note(BlockNote::kUnknownPlace);
-    gmVector3 point = control().Status().GetEndPosition();
-    for (int axis = 0; axis < 3; ++axis) {
-        if (isNamed(axis)) {
-            point[axis] = AxisKnowledge::kUnknown;
-        }
-    }
     control().Status().InitEndPosition(point[0], point[1], point[2]);
+    return 0;
 }

@@ -22,8 +22,7 @@ public:
 private:
     void takeWords(char* line) override;
     int goThrough();
-    int goToKnown(const gmVector3& machineZero);
-    void goHome();
+    int goToReferencePoint();
     [[nodiscard]] bool isNamed(int axis) const;
 
     LinearMovement& m_rapid;

@@ -60,6 +60,8 @@ bool RegularCommand::actsOnValueAlone() const noexcept {
     return m_isRefused || (m_words != 0 && tool != 0 && tool != m_changedTo);
 }
 
+int RegularCommand::ClaimWords(char* line) { return m_words == 0 ? 0 : Compute(line); }
+
 int RegularCommand::Act() {
     if (m_isRefused) {
         return status().GetControl()->Refuse(kBlockRefused, "a tool word has too many digits");

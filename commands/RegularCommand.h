@@ -23,6 +23,8 @@ public:
     /// so many digits at most, the last of which are the number of an offset. There is a control.
     void ChangeByWord(int digits, int offsetDigits) noexcept;
 
+    /// A tool changed by its word is changed before the movement of the block.
+    int ClaimWords(char* line) override;
     /// Refuses a tool word that has more digits, or a sign.
     int Act() override;
 

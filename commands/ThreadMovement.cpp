@@ -1,6 +1,9 @@
 #include "commands/ThreadMovement.h"
 
 #include "apt/Factory.h"
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
 
 ThreadMovement::ThreadMovement(MachineStatus* status, Factory* factory)
     : PathMovement(status), m_pitch(*status, factory) {
@@ -16,10 +19,17 @@ void ThreadMovement::InitStatus(char* line) {
 }
 
 // A block with the command's own word has given its pitch already.
-void ThreadMovement::ClaimWords(char* line) {
+int ThreadMovement::ClaimWords(char* line) {
     if (GetNCLineStatus() != TRUE) {
         m_pitch.Take(line);
     }
+    return 0;
+}
+
+// A strict control wants to see the block of its code also when no position stands on it.
+bool ThreadMovement::TakeWords(char* line) {
+    m_hasPosition = PathMovement::TakeWords(line);
+    return m_hasPosition || (GetNCLineStatus() == TRUE && status().GetControl()->isStrict);
 }
 
 int ThreadMovement::makeMovement(Movement& movement) {
@@ -30,6 +40,10 @@ int ThreadMovement::makeMovement(Movement& movement) {
 }
 
 int ThreadMovement::Act() {
+    Control& control = *status().GetControl();
+    if (control.isStrict && !m_hasPosition) {
+        return control.Refuse(kBlockRefused, "a thread code has no position");
+    }
     int code = m_pitch.Begin();
     code = code != 0 ? code : PathMovement::Act();
     if (code == 0) {

@@ -17,12 +17,14 @@ public:
     }
 
     void InitStatus(char* line) override;
-    void ClaimWords(char* line) override;
-    /// Refuses a thread without a pitch above 0.
+    int ClaimWords(char* line) override;
+    /// Refuses a thread without a pitch above 0 and, on a strict control, one that goes nowhere.
     int Act() override;
 
 private:
+    bool TakeWords(char* line) override;
     int makeMovement(Movement& movement) override;
 
     ThreadPitch m_pitch;
+    bool m_hasPosition = false; // of the block at hand
 };

@@ -13,10 +13,11 @@ void ThreadPass::InitStatus(char* line) {
 }
 
 // A block with the command's own word has given its pitch already.
-void ThreadPass::ClaimWords(char* line) {
+int ThreadPass::ClaimWords(char* line) {
     if (GetNCLineStatus() != TRUE) {
         m_pitch.Take(line);
     }
+    return 0;
 }
 
 int ThreadPass::makePass(const PassPoints& points) {

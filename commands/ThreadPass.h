@@ -16,7 +16,7 @@ public:
     [[nodiscard]] bool HasWriter() const noexcept { return m_pitch.HasWriter(); }
 
     void InitStatus(char* line) override;
-    void ClaimWords(char* line) override;
+    int ClaimWords(char* line) override;
 
 private:
     int makePass(const PassPoints& points) override;

@@ -185,9 +185,9 @@ G61.1
 REV_NO_EFFECT
 G64
 # A tool length takes its H along: positions are those of the tool's tip.
-REV_NO_EFFECT
+REV_TOOL_LENGTH_ON
 G43
-REV_NO_EFFECT
+REV_TOOL_LENGTH_OFF
 G49
 # Diameters off, orientation, overrides, tool number, inputs, outputs.
 REV_NO_EFFECT

@@ -214,6 +214,7 @@ int ModelBuilder::finishControl(Control& control) {
         return code;
     }
     if (m_isLathe) {
+        control.isLathe = true;
         control.plane = Plane::kZX;
         gmVector3 z(0.0, 0.0, 1.0);
         gmVector3 x(1.0, 0.0, 0.0);

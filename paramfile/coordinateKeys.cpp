@@ -44,6 +44,12 @@ int zeroOrigin(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
                : int{kKeyValueUnknown};
 }
 
+template<bool IsOn>
+int toolLength(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    return builder.AddCode<StateCommand>(value, ActionKind::kShift, builder.GetStages(),
+                                         [](Control& c) { c.hasToolLength = IsOn; });
+}
+
 int machineZero(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     gmVector3 place;
     if (!readPoint(value.text, place)) {
@@ -169,6 +175,8 @@ constexpr Key kCoordinateKeys[] = {
     {"REV_SHIFT_RESTORE", kWhole, kText, change<ActionKind::kShift, kRestoreShift>, 0, true},
     {"REV_MACHINE_COORDINATES", kWhole, kText, machineBlock, 0, true},
     {"REV_MACHINE_ZERO", kWhole, kText, machineZero},
+    {"REV_TOOL_LENGTH_ON", kWhole, kText, toolLength<true>, 0, true},
+    {"REV_TOOL_LENGTH_OFF", kWhole, kText, toolLength<false>, 0, true},
     {"REV_REFERENCE_POINT", kWhole, kText, referencePoint, 0, true},
     {"REV_REFERENCE_POINT_2", kWhole, kText, referencePoint, 0, true},
     {"MFG_X_HOME_POS", kPassing, kText, home, 0},

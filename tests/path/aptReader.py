@@ -9,6 +9,7 @@ INCH = 25.4
 NUMBER = r"\s*(-?[\d.]+)"
 IGNORED = re.compile(r"MODE/INCR,(ON|OFF)$|REWIND/0$|PPRINT|PARTNO|CUTCOM/|SPINDL/MAXRPM,|OPSKIP/|$")
 FEEDS = {"MMPM": (1, "minute"), "IPM": (INCH, "minute"), "MMPR": (1, "turn"), "IPR": (INCH, "turn")}
+SPEEDS = {"RPM": (1, "turns"), "SMM": (1, "metres"), "SFM": (0.3048, "metres")}
 EVENTS = {"STOP": "stop", "OPSTOP": "optional stop", "GOHOME": "home", "END": "end"}
 
 
@@ -132,7 +133,8 @@ class Reader:
             self.spindle = None
         elif not arguments.startswith("MAXRPM,"):
             speed, unit, direction = arguments.split(",")
-            self.spindle = (direction, float(speed), unit)
+            factor, per = SPEEDS[unit]
+            self.spindle = (direction, float(speed) * factor, per)
 
     def read_coolant(self, arguments):
         name = {"ON": "flood", "FLOOD": "flood", "MIST": "mist", "OFF": None}[arguments.strip()]

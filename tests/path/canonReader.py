@@ -7,6 +7,7 @@ import re
 import steps
 
 INCH = 25.4
+FOOT = 0.3048  # metres; a cutting speed under inches counts feet
 LINE = re.compile(r"\s*\d+ N(\d+|\.+)\s+(\w+)\((.*)\)$")
 HALF_DIGIT = 0.55e-4  # of the last printed one
 AXES = {"XY": (0, 1, 2), "XZ": (2, 0, 1), "YZ": (1, 2, 0)}  # first, second and the normal
@@ -86,8 +87,7 @@ class Reader:
     def turning(self):
         if self.direction in (None, steps.UNKNOWN):
             return self.direction
-        unit = ("SFM" if self.unit != 1 else "SMM") if self.surface else "RPM"
-        return (self.direction, self.speed, unit)
+        return (self.direction, self.speed, "metres" if self.surface else "turns")
 
     def read_straight(self, kind, text):
         point = self.numbers(text)[:3]
@@ -152,7 +152,8 @@ class Reader:
         self.direction = direction
 
     def read_speed(self, text):
-        self.speed = self.numbers(text)[1]
+        speed = self.numbers(text)[1]
+        self.speed = speed * FOOT if self.surface and self.unit != 1 else speed
 
     def read_speed_mode(self, text):
         self.surface = float(text.split()[1]) != 0

@@ -11,17 +11,22 @@ import random
 PLANES = {"G17": "XYZ", "G18": "ZXY", "G19": "YZX"}  # first, second and third axis
 CENTRES = {"X": "I", "Y": "J", "Z": "K"}
 ZEROS = ["G54", "G55", "G56", "G57", "G58", "G59", "G59.1", "G59.2", "G59.3"]
-CYCLES = ["G81", "G82", "G83", "G73", "G84", "G74", "G85", "G86", "G89"]
+TAPS = ["G84", "G74"]
+CYCLES = ["G81", "G82", "G83", "G73", *TAPS, "G85", "G86", "G89"]
 # What programs may be about, beside straight movements and what stands between movements.
 SUBJECTS = ("arcs", "planes", "units", "zeros", "machine", "cycles", "pauses", "compensation", "threads")
 COMPENSATION = ("G41", "G42", "G40")
 
 
+def is_compensation(word):
+    return word in COMPENSATION
+
+
 def for_judge(block):
     """The block without radius compensation."""
-    if not any(word in COMPENSATION for word in block):
+    if not any(map(is_compensation, block)):
         return block
-    return [word for word in block if word not in COMPENSATION and word[0] != "D"]
+    return [word for word in block if not is_compensation(word) and word[0] != "D"]
 
 
 def printed(blocks):
@@ -38,7 +43,7 @@ class Writer:
         self.inch, self.plane, self.absolute, self.absolute_centre = False, "G17", True, False
         self.mode, self.cycle, self.fed, self.turning = None, None, False, None
         self.place = dict.fromkeys("XYZ", 0.0)  # None: not known
-        self.compensated = False
+        self.compensated, self.shifted, self.turned, self.system = False, False, False, 1
 
     def program(self):
         rng = self.rng
@@ -58,7 +63,17 @@ class Writer:
 
     def put(self, words):
         self.rng.shuffle(words)
-        self.blocks.append(words)
+        self.blocks.append(words if any(map(is_compensation, words)) else self.dressed(words))
+
+    def dressed(self, words):
+        """The block as people write one, with what means nothing."""
+        if self.chance(0.06):
+            words.insert(self.rng.randrange(len(words) + 1), "(G0 Z9 M5; NO BLOCK)")
+        if self.chance(0.04):
+            words = [f"{word[0]} {word[1:]}" if word[0] in "XYZIJKRF" else word for word in words]
+        if self.chance(0.04):
+            words = [word.lower() for word in words]
+        return [*words, "; G1 X77"] if self.chance(0.04) else words
 
     def chance(self, share):
         return self.rng.random() < share
@@ -156,27 +171,52 @@ class Writer:
     def straight(self):
         mode = self.rng.choice(["G0", "G1", "G1"])
         words = [] if mode == self.mode and self.chance(0.7) else [mode]
-        if mode == "G1":
+        words += self.modes()
+        if mode == "G1" or self.chance(0.1):
             words += self.feed()
         axes = self.rng.sample("XYZ", self.rng.choice([1, 1, 2, 3]))
         words += [self.word(axis, self.target(axis)) for axis in axes]
         if self.chance(0.08):
             words.append(self.rng.choice(["M8", "M9", *self.pauses()]))
+        elif "S1250" not in words and self.chance(0.03):
+            words.append("S1500")
+        elif "pauses" in self.subjects and self.chance(0.02):
+            words += ["G4", "P0.5"]
         self.mode = mode
         self.put(words)
+
+    def modes(self):
+        """Codes that act before the movement of their block."""
+        words = []
+        if self.chance(0.08):
+            self.absolute = not self.absolute
+            words.append("G90" if self.absolute else "G91")
+        if self.chance(0.02) and not self.turned:
+            words += [f"T{self.rng.randrange(1, 4)}", "M6"]
+            self.turning = None
+        if self.chance(0.04):
+            self.turning = self.rng.choice(["M3", "M4"])
+            words += [self.turning, "S1250"]
+        return words
 
     def pauses(self):
         return ["M0", "M1", "M7", "M60"] if "pauses" in self.subjects else []
 
     def beside(self):
         """What does not move."""
-        pick = self.rng.randrange(4)
+        pick = self.rng.randrange(6)
         if pick == 0 and "pauses" in self.subjects:
             self.put(["G4", self.word("P", self.rng.choice([0.5, 1, 2.25, 0]))])
         elif pick == 1:
             self.put([self.rng.choice(["M8", "M9", *self.pauses()])])
         elif pick == 2 and self.cycle not in ("G84", "G74", "G86"):
             self.spindle()
+        elif pick == 3:
+            self.put([self.rng.choice(["G64", "G61", "G49", "G40", "M48", "(MSG, X5)"])])
+        elif pick == 4 and not self.cycle:
+            limit = ["D2500"] if self.chance(0.3) else []
+            words = [self.rng.choice([["G96", *limit], ["G97"]]), [f"S{self.rng.randrange(50, 400)}"]]
+            self.put(sum(words, []))
         else:
             self.fed = True
             self.put([self.word("F", self.drawn(60, 900) if self.per_minute else 1.25)])
@@ -188,7 +228,14 @@ class Writer:
         self.put([*words, self.turning])
 
     def tool(self):
-        words = [f"T{self.rng.randrange(1, 4)}", "M6"]
+        if self.turned:  # rs274 takes the tool elsewhere in its mind when a zero is turned
+            return
+        words = ["M6"]
+        number = f"T{self.rng.randrange(1, 4)}"
+        if self.chance(0.2):
+            self.put([number])
+        else:
+            words.append(number)
         if self.chance(0.5):
             self.turning = self.rng.choice(["M3", "M4"])
             words += [self.turning, "S500"]
@@ -232,7 +279,8 @@ class Writer:
 
     def zero(self):
         self.lost()
-        words = [self.rng.choice(ZEROS)]
+        self.system = self.rng.randrange(len(ZEROS)) + 1
+        words = [ZEROS[self.system - 1]]
         if self.chance(0.25):
             axes = self.rng.sample("XYZ", 2)
             words += ["G0", *(self.word(axis, self.target(axis)) for axis in axes)]
@@ -243,9 +291,13 @@ class Writer:
         self.lost()
         kind = self.rng.choice(["L2", "L2", "L20"])
         axes = self.rng.sample("XYZ", self.rng.randrange(4))
-        words = ["G10", kind, f"P{self.rng.choice([0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9])}"]
+        system = self.rng.choice([0, 0, self.system, *range(1, 10)])
+        words = ["G10", kind, f"P{system}"]
         words += [self.word(axis, self.drawn(-40, 40)) for axis in axes]
-        if kind == "L2" and (self.chance(0.3) or not axes):
+        # rs274 loses the place of the tool when the system in force turns under a shift.
+        turns = not (self.shifted and system in (0, self.system))
+        if kind == "L2" and turns and (self.chance(0.3) or not axes):
+            self.turned = True
             words.append(self.word("R", self.rng.choice([0, 30, 45, 90, -17.5, 123.456])))
         elif not axes:
             words.append("X1")
@@ -255,6 +307,7 @@ class Writer:
         self.lost()
         code = self.rng.choice(["G92", "G92", "G52", "G92.1", "G92.2", "G92.3"])
         words = [code]
+        self.shifted = self.shifted or code not in ("G92.1", "G92.2")
         if code in ("G92", "G52"):
             axes = self.rng.sample("XYZ", self.rng.randrange(1, 4))
             words += [self.word(axis, self.drawn(-40, 40)) for axis in axes]
@@ -287,7 +340,9 @@ class Writer:
     def thread(self):
         if self.turning not in ("M3", "M4"):
             return
-        words = ["G33", self.word("Z", self.target("Z")), self.word("K", self.drawn(0.5, 3) or 1)]
+        axes = self.rng.choice(["Z", "Z", "ZX", "XYZ"])
+        words = [self.word(axis, self.target(axis)) for axis in axes]
+        words += ["G33", self.word("K", self.drawn(0.5, 3) or 1)]
         self.mode = "G33"
         self.put(words)
 
@@ -296,6 +351,7 @@ class Writer:
     def arc(self):
         rng = self.rng
         form = rng.choice(["centre", "centre", "radius", "full"])
+        before = self.arc_modes()
         if self.absolute_centre and not (self.absolute and form == "radius"):
             self.known_plane()
         elif self.absolute and form == "centre":
@@ -304,7 +360,7 @@ class Writer:
             self.known_plane()
         mode = rng.choice(["G2", "G3"])
         words = [] if mode == self.mode and self.chance(0.6) else [mode]
-        words += self.feed()
+        words += before + self.feed()
         words += getattr(self, f"arc_by_{form}")(-1 if mode == "G2" else 1)
         if self.chance(0.25):
             third = PLANES[self.plane][2]
@@ -313,6 +369,16 @@ class Writer:
             words.append(f"P{rng.choice([1, 2, 2, 3])}")
         self.mode = mode
         self.put(words)
+
+    def arc_modes(self):
+        words = []
+        if "planes" in self.subjects and self.chance(0.08):
+            self.plane = self.rng.choice(list(PLANES))
+            words.append(self.plane)
+        if self.chance(0.06):
+            self.absolute_centre = not self.absolute_centre
+            words.append("G90.1" if self.absolute_centre else "G91.1")
+        return words
 
     def known_plane(self):
         axes = PLANES[self.plane][:2]
@@ -389,7 +455,8 @@ class Writer:
     def cycle_start(self):
         rng = self.rng
         first, second, depth = PLANES[self.plane]
-        code = rng.choice(CYCLES)
+        # Outside of XY rs274 taps along another axis than that of the plane.
+        code = rng.choice([code for code in CYCLES if self.plane == "G17" or code not in TAPS])
         needed = {"G84": "M3", "G74": "M4"}.get(code, self.turning)
         if code == "G86" and needed not in ("M3", "M4"):
             needed = "M3"
@@ -397,6 +464,9 @@ class Writer:
             self.turning = needed
             self.put([needed, "S700"])
         words = [code, *self.feed()]
+        if self.chance(0.08):
+            self.absolute = not self.absolute
+            words.append("G90" if self.absolute else "G91")
         if self.absolute:
             clearance = self.drawn(-10, 25)
             bottom = self.rounded(clearance - (self.drawn(1, 20) or 1))
@@ -407,7 +477,8 @@ class Writer:
         if code in ("G82", "G86", "G89") or (code in ("G84", "G74") and self.chance(0.3)):
             words.append(self.word("P", rng.choice([0.25, 1, 0.5])))
         if code in ("G83", "G73"):
-            words.append(self.word("Q", abs(self.drawn(2, 9)) or 3))
+            # Never a share of the depth: there rs274 may peck once more, by a rounding error.
+            words.append(self.word("Q", (abs(self.drawn(2, 9)) or 3) + 7e-6))
         for axis in (first, second):
             if self.chance(0.8):
                 words.append(self.word(axis, self.target(axis)))
@@ -433,7 +504,7 @@ class Writer:
             # A code that comes again wants its numbers anew.
             words = [word for word in words if word[0] != "R"]
             depth = PLANES[self.plane][2]
-            words += [self.word("R", self.size(5)), self.word(depth, -self.size(7)), "P1", "Q2"]
+            words += [self.word("R", self.size(5)), self.word(depth, -self.size(7)), "P1", "Q2.3"]
             keep = {"G73": "Q", "G83": "Q"}.get(self.cycle, "P")
             drop = "PQ".replace(keep, "") + ("P" if self.cycle in ("G81", "G85") else "")
             words = [word for word in words if word[0] not in drop]
@@ -456,6 +527,8 @@ class Writer:
         if self.cycle:
             choices = [["G53", "G0", "X1"], [f"{first}1", "L0"], [f"{first}2", "R-500"]]
             self.put(list(self.rng.choice(choices)))
+            self.mode = self.cycle = None
+            self.put(["G80"])
             return
         one, other, foreign = CENTRES[first], CENTRES[second], CENTRES[third]
         feed = self.feed()
@@ -524,9 +597,10 @@ class Writer:
             ],
         }
         choices = [row for subject in ("", *self.subjects) for row in wrong.get(subject, ())]
-        self.put(list(self.rng.choice(choices)))
-        if "G91" in self.blocks[-1]:
+        block = list(self.rng.choice(choices))
+        if "G91" in block:
             self.absolute = False
+        self.put(block)
         self.lost()
         self.mode = None
         self.cycle = None

@@ -52,8 +52,8 @@ class Writer:
             unit = {"minute": "MMPM", "turn": "MMPR"} if self.unit == 1 else {"minute": "IPM", "turn": "IPR"}
             self.put("FEDRAT", f"{value / self.unit:.6f},{unit[per]}")
         if step.spindle != steps.UNKNOWN:
-            direction, speed, unit = step.spindle or (None, 0, "")
-            self.put("SPINDL", f"{speed:.4f},{unit},{direction}" if direction else "OFF")
+            direction, speed, _ = step.spindle or (None, 0, "")
+            self.put("SPINDL", f"{speed:.4f},RPM,{direction}" if direction else "OFF")
         if step.coolant != self.state["COOLNT"]:
             if not set(self.state["COOLNT"]) <= set(step.coolant):
                 self.lines.append("COOLNT/OFF")

@@ -63,10 +63,12 @@ def path_fault(wanted, apt, ends):
 def compared(judged, converted):
     """The fault of what quillmark made, given what rs274 made."""
     status, canon, errors = judged
-    code, apt, told = converted
+    code, apt, told, report = converted
     failure = runs.failure(told)
     if code is None or (code != 0 and failure is None):
         return Fault("crash", f"ends with {code}: {told[:300]}")
+    if warnings := runs.warnings(report):
+        return Fault(f"warned: {warnings[0]}", f"nothing is to be unknown or left over: {told[:300]}")
     wanted = canonReader.read(canon)
     if status == 0:
         if failure:
@@ -147,16 +149,17 @@ def planted():
     short = "\n".join(lines[:8]) + "\n"
     wrong = "Arc radius\nN3 G2 X9 R0.2"
     rows = [  # rs274, quillmark, kind of the fault
-        ((0, canon, ""), (0, whole, ""), None),
-        ((0, canon, ""), (255, whole, ends), "refused 510"),
-        ((0, canon, ""), (255, whole, ""), "crash"),
-        ((0, canon, ""), (None, whole, ""), "crash"),
-        ((1, "", wrong), (255, "", ends), None),
-        ((1, "", wrong), (255, "", ends.replace("510", "500")), "code 500"),
-        ((1, "", wrong), (255, "", ends.replace("3", "4")), "other block"),
-        ((1, "", wrong), (0, "", ""), "accepted: Arc radius"),
-        ((1, canon.replace("N7 ", "N.."), wrong), (255, short, ends), None),
-        ((1, canon, wrong), (255, short.replace("5.", "6."), ends), "path: end"),
+        ((0, canon, ""), (0, whole, "", {}), None),
+        ((0, canon, ""), (0, whole, "", {"held_rapids": {"count": 1}}), "warned: held_rapids"),
+        ((0, canon, ""), (255, whole, ends, {}), "refused 510"),
+        ((0, canon, ""), (255, whole, "", {}), "crash"),
+        ((0, canon, ""), (None, whole, "", {}), "crash"),
+        ((1, "", wrong), (255, "", ends, {}), None),
+        ((1, "", wrong), (255, "", ends.replace("510", "500"), {}), "code 500"),
+        ((1, "", wrong), (255, "", ends.replace("3", "4"), {}), "other block"),
+        ((1, "", wrong), (0, "", "", {}), "accepted: Arc radius"),
+        ((1, canon.replace("N7 ", "N.."), wrong), (255, short, ends, {}), None),
+        ((1, canon, wrong), (255, short.replace("5.", "6."), ends, {}), "path: end"),
     ]
     found = [str(row[2]) for row in rows if compared(*row[:2]).kind != row[2]]
     return found + plants.missed(canon)

@@ -1,9 +1,13 @@
 """Runs of rs274 and of quillmark on a program in a file."""
 
+import json
 import os
 import re
 import subprocess
 import tempfile
+
+# Keys of the report of which each says that the path is not all there, or not that of the program.
+WARNINGS = ("unknown_machine_places", "held_rapids")
 
 
 def judge(program, seconds=20, options=()):
@@ -25,22 +29,39 @@ def judge(program, seconds=20, options=()):
 
 
 def convert(quillmark, dialect, program, seconds=60):
-    """What quillmark makes of a file: its exit status (None when it does not end), the APT and what
-    it tells."""
+    """What quillmark makes of a file: its exit status (None when it does not end), the APT, what it
+    tells, and its report."""
     with tempfile.TemporaryDirectory() as work:
-        apt = os.path.join(work, "part.apt")
-        command = [quillmark, "-p", dialect, "-nc", program, "-of", apt]
+        apt, report = os.path.join(work, "part.apt"), os.path.join(work, "report.json")
+        command = [quillmark, "-p", dialect, "-nc", program, "-of", apt, "--report", report]
         try:
             run = subprocess.run(command, capture_output=True, timeout=seconds)
         except subprocess.TimeoutExpired:
-            return None, "", f"no end after {seconds} seconds"
-        try:
-            with open(apt, encoding="latin-1") as file:
-                text = file.read()
-        except OSError:
-            text = ""
+            return None, "", f"no end after {seconds} seconds", {}
+        text, report = read_text(apt), json.loads(read_text(report) or "{}")
     told = (run.stdout + run.stderr).decode("latin-1")
-    return run.returncode, text, told
+    return run.returncode, text, told, report
+
+
+def read_text(path):
+    try:
+        with open(path, encoding="latin-1") as file:
+            return file.read()
+    except OSError:
+        return ""
+
+
+def is_counted(report, key):
+    """Whether a report tells of an oddity."""
+    return report.get(key, {}).get("count", 0) > 0
+
+
+def warnings(report):
+    """The keys of what a report warns of that concerns the path."""
+    keys = [key for key in WARNINGS if is_counted(report, key)]
+    if report.get("unrecognised", {}).get("blocks"):
+        keys.append("unrecognised")
+    return keys
 
 
 def with_keys(dialect, lines, folder):

@@ -1,10 +1,11 @@
 """Lists what becomes of the sample programs that linuxcnc-uspace installs, those that rs274 runs
-alone and that move: the same path, another one, or a return code of quillmark. Of a program with
+alone and that move: the same path, another one of which quillmark warns ("told"), another one without
+a word, or a return code of quillmark. Of a program with
 radius compensation the path is the programmed contour: rs274 gets it without the codes for it.
 
     samples.py QUILLMARK DIALECT
 
-Exits with 1 when a path differs."""
+Exits with 1 when a path differs without a word."""
 
 import collections
 import multiprocessing
@@ -23,6 +24,7 @@ import steps
 # The machine's zero is the start's, as rs274 has it without a file of variables.
 MACHINE = ("REV_MACHINE_ZERO", "0;0;0")
 COMPENSATION = re.compile(r"(?<![A-Z#<\[])G4[012](\.1)?(?![\d.])( *D *[-\d.#<>\w\[\]]+)?", re.I)
+TOOLS = 50
 NOT_TRIED = ("not run by rs274 alone", "without movement")
 
 
@@ -48,15 +50,15 @@ def without_compensation(name, folder):
     return copy
 
 
-def judged(name):
+def judged(name, options=()):
     """What rs274 makes of the programmed contour: the steps, or why there are none."""
-    status, text, told = runs.judge(name)
+    status, text, told = runs.judge(name, options=options)
     if status != 0:
         return None, "not run by rs274 alone"
     with tempfile.TemporaryDirectory() as folder:
         contour = without_compensation(name, folder)
         if contour:
-            status, text, told = runs.judge(contour)
+            status, text, told = runs.judge(contour, options=options)
     if status != 0:
         return None, f"contour not run: {told[-200:]}"
     try:
@@ -78,7 +80,7 @@ def outcome(task):
     wanted, reason = judged(name)
     if wanted is None:
         return name, reason, ""
-    _, apt, told = runs.convert(quillmark, dialect, name)
+    _, apt, told, report = runs.convert(quillmark, dialect, name)
     failure = runs.failure(told)
     if failure:
         return name, f"refused with {failure[0]}", failure[2]
@@ -88,10 +90,30 @@ def outcome(task):
         made = aptReader.read(apt)
     except (aptReader.BadApt, ValueError, KeyError) as bad:
         return name, "DIFFERENT", f"{type(bad).__name__}: {bad}"
+    return name, *compared(name, wanted, made, report)
+
+
+def compared(name, wanted, made, report):
     part = steps.difference(stateless(wanted), stateless(made))
-    if part:
-        return name, "DIFFERENT", steps.told(part)
-    return name, "same path", f"{len(wanted)} steps"
+    if not part:
+        return "same path", f"{len(wanted)} steps"
+    if warnings := runs.warnings(report):
+        return "told", f"{', '.join(warnings)}: {steps.told(part)}"
+    if runs.is_counted(report, "axes_not_given") and is_of_no_length(name, made):
+        return "same path", f"{len(wanted)} steps, behind a start of which the program does not tell"
+    return "DIFFERENT", steps.told(part)
+
+
+def is_of_no_length(name, made):
+    """Whether the path is that of rs274 with tools of no length. Else it begins with its spindle at
+    0 and takes the lengths that it makes up for its tools, and so the tip of a tool is elsewhere
+    until a program says where it goes."""
+    with tempfile.TemporaryDirectory() as folder:
+        table = os.path.join(folder, "tools.tbl")
+        with open(table, "w", encoding="ascii") as file:
+            file.writelines(f"T{number} P{number} D0 Z0 ;\n" for number in range(1, TOOLS + 1))
+        wanted, _ = judged(name, ("-t", table))
+    return bool(wanted) and steps.difference(stateless(wanted), stateless(made)) is None
 
 
 def main():

@@ -10,7 +10,7 @@ import math
 # place: end of a movement; of a dwell, a tool its number. start: of a movement.
 # arc: of arcs. feed: (value, "minute" or "turn", inexactness) of a movement at feed, None
 # where nobody asks. spindle: (direction, speed,
-# unit), None or UNKNOWN; coolant: sorted names. grain: how inexact the place is known.
+# "turns" or "metres" a minute), None or UNKNOWN; coolant: sorted names. grain: how inexact the place is known.
 # block: where the step comes from, for people.
 Step = collections.namedtuple(
     "Step", "kind place start arc feed spindle coolant grain block", defaults=(0.0, "")
@@ -116,7 +116,7 @@ def unequal(radius):
 
 def counts(exact, doubt):
     """Whole numbers that the upper one of a quotient may be."""
-    return sorted({max(1, math.ceil(exact - doubt)), max(1, math.ceil(exact + doubt))})
+    return range(max(1, math.ceil(exact - doubt)), max(1, math.ceil(exact + doubt)) + 1)
 
 
 def pieces(step, number):
@@ -186,7 +186,13 @@ def same_state(wanted, made):
         return False
     if wanted.spindle in (UNKNOWN, None) and made.spindle == UNKNOWN:
         return True
-    return wanted.spindle in (UNKNOWN, made.spindle)
+    return wanted.spindle == UNKNOWN or same_spindle(wanted.spindle, made.spindle)
+
+
+def same_spindle(wanted, made):
+    if None in (wanted, made) or made == UNKNOWN:
+        return wanted == made
+    return (wanted[0], wanted[2]) == (made[0], made[2]) and close(wanted[1], made[1], 1.1e-4)
 
 
 def same(wanted, made):
@@ -217,18 +223,21 @@ def loosened(way):
 
 
 def moving(steps, least):
-    """Without straight movements that are shorter than `least`."""
-    return [
-        step
-        for step in steps
-        if step.kind not in ("rapid", "feed") or away(step.place, step.start) > least
-    ]
+    """Without straight movements that are shorter than `least`, and without dwells of no time, which
+    rs274 prints behind every tap."""
+
+    def counts(step):
+        if step.kind in ("rapid", "feed"):
+            return away(step.place, step.start) > least
+        return step.kind != "dwell" or step.place != 0
+
+    return [step for step in steps if counts(step)]
 
 
 def difference(wanted, made, ends=True, ways=written, least=None):
     """The first Difference of two lists, None without one. With `ends` False either may go on.
     `ways` tells how a step may be written; straight movements shorter than `least`, by default what
-    the grain cannot tell from none, count as none."""
+    the grain cannot tell from none, count as none, and so do dwells of no time."""
     if least is None:
         least = 2 * max([step.grain for step in wanted + made], default=0.0)
     wanted, made = moving(wanted, least), moving(made, least)

@@ -1193,7 +1193,7 @@ def differences(options, seed, folder, plant=None):
     made, found = {}, []
     for family in FAMILIES if options.quillmark != "none" else ():
         dialect = os.path.join(options.dialects, f"{family}-mill.pp")
-        status, text, told = runs.convert(options.quillmark, dialect, paths[family])
+        status, text, told, _ = runs.convert(options.quillmark, dialect, paths[family])
         made[family] = movements(aptReader.read(text))
         if status != 0:
             found.append(f"{family} ends with {status}: {told[:400]}")
