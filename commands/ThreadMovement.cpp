@@ -40,7 +40,8 @@ int ThreadMovement::makeMovement(Movement& movement) {
 }
 
 int ThreadMovement::Act() {
-    if (Control& control = *status().GetControl(); control.isStrict && !m_hasPosition) {
+    Control& control = *status().GetControl();
+    if (control.isStrict && !m_hasPosition) {
         return control.Refuse(kBlockRefused, "a thread code has no position");
     }
     int code = m_pitch.Begin();
