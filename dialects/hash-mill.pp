@@ -190,11 +190,11 @@ REV_NO_EFFECT
 G11
 # tool lengths with their H (positions are those of the tool's tip), limits off, contour control,
 # orientation, rigid tapping, overrides.
-REV_NO_EFFECT
+REV_TOOL_LENGTH_ON
 G43
 REV_NO_EFFECT
 G44
-REV_NO_EFFECT
+REV_TOOL_LENGTH_OFF
 G49
 REV_NO_EFFECT
 G23
