@@ -6,19 +6,19 @@
 void CoordinateSystem::Settle() {
     m_angle = std::fmod(zeros.AngleOf(zeros.Current()), 360.0);
     m_origin = zeros.OriginOf(zeros.Current());
-    m_offset = shift.Get() + m_origin;
+    m_offset = WholeShift() + m_origin;
     const bool isShifted = m_offset[0] != 0.0 || m_offset[1] != 0.0 || m_offset[2] != 0.0;
     m_isChanged = isShifted || m_angle != 0.0 || !frame.IsEmpty();
 }
 
 gmVector3 CoordinateSystem::ToStart(const gmVector3& point) const {
     const gmVector3 framed = frame.IsEmpty() ? point : frame.Apply(point);
-    return m_angle == 0.0 ? framed + m_offset : Turned(framed + shift.Get(), m_angle) + m_origin;
+    return m_angle == 0.0 ? framed + m_offset : Turned(framed + WholeShift(), m_angle) + m_origin;
 }
 
 gmVector3 CoordinateSystem::FromStart(const gmVector3& point) const {
     const gmVector3 framed =
-        m_angle == 0.0 ? point - m_offset : Turned(point - m_origin, -m_angle) - shift.Get();
+        m_angle == 0.0 ? point - m_offset : Turned(point - m_origin, -m_angle) - WholeShift();
     return frame.IsEmpty() ? framed : frame.Undo(framed);
 }
 
@@ -30,6 +30,7 @@ gmVector3 CoordinateSystem::DirectionToStart(const gmVector3& direction) const {
 void CoordinateSystem::Rescale(double factor) {
     zeros.Rescale(factor);
     shift.Rescale(factor);
+    localShift *= factor;
     frame.Rescale(factor);
     Settle();
 }

@@ -14,6 +14,7 @@ public:
     // The parts. Whoever changes one calls Settle.
     ZeroSystems zeros;
     ShiftRegister shift;
+    gmVector3 localShift; ///< where a control keeps that apart
     Frame frame;
 
     /// Brings up to date what follows from the parts.
@@ -25,6 +26,8 @@ public:
     [[nodiscard]] gmVector3 FromStart(const gmVector3& point) const;
     /// The same for a direction with a length, which knows no origin.
     [[nodiscard]] gmVector3 DirectionToStart(const gmVector3& direction) const;
+    /// Both shifts.
+    [[nodiscard]] gmVector3 WholeShift() const { return shift.Get() + localShift; }
     /// All lengths kept here become longer by the factor, as the unit of the program changes.
     void Rescale(double factor);
 

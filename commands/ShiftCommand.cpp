@@ -78,13 +78,20 @@ int ShiftCommand::setPresent() {
 void ShiftCommand::setLocal() {
     CoordinateSystem& coordinates = control().coordinates;
     const gmVector3 given = control().LengthsOf(m_values);
-    gmVector3 shift = coordinates.shift.Get();
+    const bool hasOneRegister = control().isStrict;
+    gmVector3 shift = hasOneRegister ? coordinates.shift.Get() : coordinates.localShift;
     for (int axis = 0; axis < 3; ++axis) {
         if (m_values[static_cast<std::size_t>(axis)]) {
             shift[axis] = given[axis];
         }
     }
-    control().Recoordinate([&] { coordinates.shift.Set(shift); });
+    control().Recoordinate([&] {
+        if (hasOneRegister) {
+            coordinates.shift.Set(shift);
+        } else {
+            coordinates.localShift = shift;
+        }
+    });
 }
 
 void ShiftCommand::cancel() {

@@ -2,9 +2,9 @@
 
 #include "softCommon/CMathUtil/gmVec3.h"
 
-/// The shift that a program lays over its zero system: one register for the shift that makes the
-/// present point a given one and for the local one, which can be suspended and restored. Lengths
-/// are in the unit of the program.
+/// The shift that a program lays over its zero system so that the present point becomes a given
+/// one; it can be suspended and restored. Strict controls keep the local shift here as well.
+/// Lengths are in the unit of the program.
 class ShiftRegister {
 public:
     [[nodiscard]] const gmVector3& Get() const noexcept { return m_shift; }

@@ -91,7 +91,7 @@ int TableCommand::setOrigin(std::size_t index) {
     ZeroSystems& zeros = coordinates.zeros;
     const bool isCurrent = index == zeros.Current();
     if (isCurrent && m_angle && *m_angle != zeros.AngleOf(index) &&
-        coordinates.shift.Get().length() > 0.0) {
+        coordinates.WholeShift().length() > 0.0) {
         return control().Refuse(kWordNotConverted, "the zero system in force turns under a shift");
     }
     const gmVector3 given = control().LengthsOf(m_values);
@@ -119,7 +119,7 @@ void TableCommand::setByPosition(std::size_t index) {
     const double angle = zeros.AngleOf(index);
     const gmVector3 origin = zeros.OriginOf(index);
     const gmVector3 present = CoordinateSystem::Turned(place - origin, -angle);
-    const gmVector3 given = control().LengthsOf(m_values) + coordinates.shift.Get();
+    const gmVector3 given = control().LengthsOf(m_values) + coordinates.WholeShift();
     gmVector3 step;
     for (int axis = 0; axis < 3; ++axis) {
         step[axis] = m_values[static_cast<std::size_t>(axis)] ? present[axis] - given[axis] : 0.0;

@@ -99,7 +99,7 @@ REV_CUTCOM_RIGHT
 G42
 REV_CUTCOM_OFF
 G40
-# Zeros, the table that holds them, and the shift on top: G52 and G92 count as one.
+# Zeros, the table that holds them, and the shifts on top.
 REV_ZERO_SYSTEM
 G54
 REV_ZERO_SYSTEM
