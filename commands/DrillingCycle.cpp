@@ -175,7 +175,7 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     if (const int code = checkSpindle(); code != 0) {
         return code;
     }
-    for (double pass = 0.0; pass < passes; ++pass) {
+    for (auto pass = static_cast<long>(passes); pass > 0; --pass) {
         m_position.Restore();
         gmVector3 place;
         if (const int code = resolveEndPoint(place); code != 0) {

@@ -19,6 +19,11 @@ double stepOf(double tolerance, double radius) {
     return 4.0 * std::asin(std::sqrt(std::min(1.0, tolerance / (2.0 * radius))));
 }
 
+gmVector3 inner(const Sweep& sweep, long part, long parts) {
+    return withoutNoise(
+        sweep.PointAt(sweep.angle * static_cast<double>(part) / static_cast<double>(parts)));
+}
+
 } // namespace
 
 double PathWriter::PartsOf(const Sweep& sweep, double unit) const {
@@ -33,7 +38,7 @@ void PathWriter::Write(Movement& movement, double unit) {
         return;
     }
     const Sweep sweep = *movement.sweep;
-    const double parts = PartsOf(sweep, unit);
+    const auto parts = static_cast<long>(PartsOf(sweep, unit));
     if (isStatement(sweep)) {
         writePieces(movement, sweep, parts);
     } else {
@@ -48,7 +53,7 @@ bool PathWriter::isStatement(const Sweep& sweep) const {
            sine <= kSameDirection * normal.length() * m_normal.length();
 }
 
-void PathWriter::writePieces(Movement& movement, const Sweep& sweep, double parts) {
+void PathWriter::writePieces(Movement& movement, const Sweep& sweep, long parts) {
     const gmVector3 last = movement.end;
     const gmVector3 turn = cross(sweep.from, sweep.across);
     const double along = turn[0] * m_normal[0] + turn[1] * m_normal[1] + turn[2] * m_normal[2];
@@ -56,9 +61,8 @@ void PathWriter::writePieces(Movement& movement, const Sweep& sweep, double part
     arc.clockwise = along > 0.0 ? FALSE : TRUE;
     arc.centre = withoutNoise(sweep.centre);
     arc.normal = m_normal;
-    for (double part = 1.0; part <= parts; ++part) {
-        movement.end =
-            part == parts ? last : withoutNoise(sweep.PointAt(sweep.angle * part / parts));
+    for (long part = 1; part <= parts; ++part) {
+        movement.end = part == parts ? last : inner(sweep, part, parts);
         m_writer.Write(movement);
         movement.start = movement.end;
         movement.toolAxis.reset();
@@ -66,11 +70,10 @@ void PathWriter::writePieces(Movement& movement, const Sweep& sweep, double part
     movement.arc.reset();
 }
 
-void PathWriter::writePoints(Movement& movement, const Sweep& sweep, double parts) {
+void PathWriter::writePoints(Movement& movement, const Sweep& sweep, long parts) {
     const gmVector3 last = movement.end;
-    for (double part = 1.0; part <= parts; ++part) {
-        movement.end =
-            part == parts ? last : withoutNoise(sweep.PointAt(sweep.angle * part / parts));
+    for (long part = 1; part <= parts; ++part) {
+        movement.end = part == parts ? last : inner(sweep, part, parts);
         m_writer.Write(movement);
         movement.toolAxis.reset();
     }

@@ -38,8 +38,8 @@ public:
 
 private:
     [[nodiscard]] bool isStatement(const Sweep& sweep) const;
-    void writePieces(Movement& movement, const Sweep& sweep, double parts);
-    void writePoints(Movement& movement, const Sweep& sweep, double parts);
+    void writePieces(Movement& movement, const Sweep& sweep, long parts);
+    void writePoints(Movement& movement, const Sweep& sweep, long parts);
 
     MovementWriter m_writer;
     gmVector3 m_normal = gmVector3(0.0, 0.0, 1.0);
