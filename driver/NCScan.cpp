@@ -186,31 +186,45 @@ std::unique_ptr<BlockSource> NCScan::makeSource() {
 // What they switch stays; nothing is written, and a movement code among them does not move.
 int NCScan::passStartCodes() {
     const MutedOutputs muted(m_outputState.get());
-    const AvailableCommands& commands = m_model->commands;
-    const auto scanAll = [&](char* line) {
-        int code = 0;
-        for (int i = 0; code == 0 && i < commands.GetCommandCount(); ++i) {
-            code = commands.GetCommand(i)->scanNC(line);
-            commands.GetCommand(i)->SetNCLineStatus(FALSE);
-        }
-        return code;
-    };
-    for (std::string start : m_model->rules.startCodes) {
-        if (const int code = scanAll(start.data()); code != 0) {
-            return code;
-        }
-        if (Control* const control = m_model->status.GetControl()) {
-            for (ActionQueue* const queue : {&control->beforeMovement, &control->actions}) {
-                if (const int code = queue->Run(); code != 0) {
-                    return code;
-                }
-            }
-            control->BeginBlock();
+    for (const std::string& start : m_model->rules.startCodes) {
+        std::string line = start;
+        if (const int code = passStartCode(line.data()); code != 0) {
+            return refuseStart(code, start);
         }
         char nothing[] = ""; // none of them was found in the first block
-        (void)scanAll(nothing);
+        (void)findStartCodes(nothing);
     }
     return 0;
+}
+
+int NCScan::findStartCodes(char* line) {
+    const AvailableCommands& commands = m_model->commands;
+    int code = 0;
+    for (int i = 0; code == 0 && i < commands.GetCommandCount(); ++i) {
+        code = commands.GetCommand(i)->scanNC(line);
+        commands.GetCommand(i)->SetNCLineStatus(FALSE);
+    }
+    return code;
+}
+
+int NCScan::passStartCode(char* line) {
+    int code = findStartCodes(line);
+    if (Control* const control = m_model->status.GetControl(); code == 0 && control != nullptr) {
+        code = control->beforeMovement.Run();
+        code = code != 0 ? code : control->actions.Run();
+        control->BeginBlock();
+    }
+    return code;
+}
+
+// A code that a control refuses there is a bad value of its key.
+int NCScan::refuseStart(int code, const std::string& start) {
+    const Control* const control = m_model->status.GetControl();
+    if (control == nullptr || control->Reason().empty()) {
+        return code;
+    }
+    KeepFailureText("REV_START has no value '" + start + "': " + control->Reason());
+    return kKeyValueUnknown;
 }
 
 int NCScan::runBlocks(BlockSource& source) {

@@ -117,6 +117,9 @@ private:
     [[nodiscard]] std::unique_ptr<BlockSource> makeSource();
     int runBlocks(BlockSource& source);
     int passStartCodes();
+    int passStartCode(char* line);
+    int findStartCodes(char* line);
+    int refuseStart(int code, const std::string& start);
     void beginBlock() noexcept;
     int convertBlock(CommandIndex& commands, const BlockText* text);
     void noteText(const BlockText& text) noexcept;

@@ -196,6 +196,9 @@ void ParamCheck::collectUnreadKeys() {
             isValue = false;
         } else if (isInCycles ? text.starts_with("CYCLE_") : looksLikeKey(text)) {
             m_unreadKeys.push_back({static_cast<long>(i) + 1, text});
+            if (text.starts_with("REV_") && !IsScannedKey(text)) {
+                m_findings.Add(kUnknownKey, static_cast<long>(i) + 1, text);
+            }
             isValue = true;
         }
     }

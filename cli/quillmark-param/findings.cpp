@@ -52,6 +52,7 @@ constexpr Row kRows[] = {
     {kReadAsOther, kWarning, "%1 is read as %2"},
     {kReplaced, kWarning, "%1 replaces the value of line %2"},
     {kLineTooLong, kWarning, "the line has more than 254 characters and is read in pieces"},
+    {kUnknownKey, kWarning, "%1 is no key, and nothing comes of it"},
     {kNoMovement, kWarning, "%1"},
     {kEmptyValue, kNote, "%1 is empty and counts as absent"},
     {kAbsent, kNote, "%1 is absent%2"},

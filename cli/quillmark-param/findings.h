@@ -28,6 +28,7 @@ enum class FindingKind : std::size_t {
     kReadAsOther,
     kReplaced,
     kLineTooLong,
+    kUnknownKey,
     kNoMovement,
     kEmptyValue,
     kAbsent,
