@@ -74,7 +74,7 @@ bool Control::NeedsModes(const Command& command) const noexcept {
 int Control::CheckAxisWords() {
     const bool areUsedTwice =
         m_axisWordsAreTakenTwice || (m_axisWordsAreTaken && m_hasMovementCommand);
-    return areUsedTwice && actions.Order() == ExecutionOrder::kOffFirst
+    return areUsedTwice && isStrict
                ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
                : 0;
 }

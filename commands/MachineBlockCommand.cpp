@@ -7,7 +7,7 @@ MachineBlockCommand::~MachineBlockCommand() = default;
 
 int MachineBlockCommand::Act() {
     const ActionQueue& actions = control().actions;
-    if (actions.Order() == ExecutionOrder::kOffFirst && !actions.Has(ActionKind::kMovement)) {
+    if (control().isStrict && !actions.Has(ActionKind::kMovement)) {
         return control().Refuse(kBlockRefused, "coordinates of the machine belong to a movement");
     }
     control().movesInMachine = true;

@@ -11,8 +11,7 @@ ShiftCommand::~ShiftCommand() = default;
 
 void ShiftCommand::takeWords(char* line) {
     m_values = {};
-    const bool movesByWords =
-        m_kind == Kind::kCancel && control().actions.Order() == ExecutionOrder::kOffFirst;
+    const bool movesByWords = m_kind == Kind::kCancel && control().isStrict;
     if (!movesByWords) {
         m_values = control().TakeAxisWords(line);
     }
@@ -26,9 +25,7 @@ int ShiftCommand::Act() {
         return 0;
     }
     if (!hasWords) {
-        return control().actions.Order() == ExecutionOrder::kOffFirst
-                   ? control().Refuse(kBlockRefused, "a shift names no axis")
-                   : 0;
+        return control().isStrict ? control().Refuse(kBlockRefused, "a shift names no axis") : 0;
     }
     if (m_kind == Kind::kSet) {
         return setPresent();

@@ -50,8 +50,7 @@ int TableCommand::act() {
     if (const int code = findSystem(index); code != 0) {
         return code;
     }
-    const bool countsUp =
-        control().actions.Order() != ExecutionOrder::kOffFirst && control().IsIncrementalMode();
+    const bool countsUp = !control().isStrict && control().IsIncrementalMode();
     if (countsUp || std::ranges::any_of(m_values, [](const auto& value) {
             return value && value->isIncremental;
         })) {
