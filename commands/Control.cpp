@@ -4,15 +4,22 @@
 #include "commands/CycleCall.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
+#include "commands/repeatedAddress.h"
 #include "commands/withoutNoise.h"
 #include "driver/returnCodes.h"
 
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace {
 
 constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
+
+// Those of which a block may hold one: where further families forgive more, only those by which a
+// word too many could move the tool.
+constexpr std::string_view kAddresses = "ABCDEFHIJKLNOPQRSTUVWXYZ";
+constexpr std::string_view kAxisAddresses = "ABCIJKUVWXYZ";
 
 bool hasInfinity(const gmVector3& point) {
     return std::isinf(point[0]) || std::isinf(point[1]) || std::isinf(point[2]);
@@ -69,6 +76,22 @@ AxisValues Control::TakeAxisWords(char* line) {
 bool Control::NeedsModes(const Command& command) const noexcept {
     const ActionKind kind = command.GetActionKind();
     return !actions.IsInUse() && (kind == ActionKind::kShift || kind == ActionKind::kZeroSystem);
+}
+
+int Control::CheckAddresses(const char* block) {
+    if (!actions.IsInUse()) {
+        return 0;
+    }
+    const char letter = repeatedAddress(block, isStrict ? kAddresses : kAxisAddresses);
+    return letter == '\0'
+               ? 0
+               : Refuse(kBlockRefused, std::string("the address ") + letter + " stands twice");
+}
+
+int Control::CheckUncompensated() {
+    return isStrict && isCompensated
+               ? Refuse(kBlockRefused, "radius compensation is on where it cannot be")
+               : 0;
 }
 
 int Control::CheckAxisWords() {

@@ -172,7 +172,7 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     if (const int code = checkNumbers(m_kind, numbers, passes); code != 0) {
         return code;
     }
-    if (const int code = checkSpindle(); code != 0) {
+    if (const int code = checkMachine(); code != 0) {
         return code;
     }
     for (auto pass = static_cast<long>(passes); pass > 0; --pass) {
@@ -191,8 +191,11 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     return 0;
 }
 
-int DrillingCycle::checkSpindle() {
+int DrillingCycle::checkMachine() {
     const CycleMode& mode = control().cycles;
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     if (!mode.rules.isStrict || m_kind.turning == CycleTurning::kAny) {
         return 0;
     }
@@ -200,8 +203,9 @@ int DrillingCycle::checkSpindle() {
     const bool isWanted =
         (turning == mode.spindle.clockwise && m_kind.turning != CycleTurning::kCounterClockwise) ||
         (turning == mode.spindle.counterClockwise && m_kind.turning != CycleTurning::kClockwise);
-    return turning != nullptr && isWanted ? 0
-                                          : refuse("the spindle does not turn as the cycle wants");
+    return turning != nullptr && isWanted && !control().awaitsSpindle
+               ? 0
+               : refuse("the spindle does not turn as the cycle wants");
 }
 
 int DrillingCycle::approach(gmVector3 place, const CycleNumbers& numbers) {

@@ -30,7 +30,7 @@ private:
     [[nodiscard]] std::optional<double> takeDwell(char* line) const;
     void keepNumbers();
     int checkCode();
-    int checkSpindle();
+    int checkMachine();
     int settle(CycleNumbers& numbers) const;
     int drill(const CycleNumbers& numbers);
     int approach(gmVector3 place, const CycleNumbers& numbers);
