@@ -49,6 +49,7 @@ void Control::BeginBlock() noexcept {
     polar.ForgetWords();
     m_hasMovementCommand = false;
     hasDwell = false;
+    pitchIsOfBlock = false;
     speedWaits = false;
 }
 
@@ -95,11 +96,10 @@ int Control::CheckUncompensated() {
 }
 
 int Control::CheckAxisWords() {
-    const bool areUsedTwice =
-        m_axisWordsAreTakenTwice || (m_axisWordsAreTaken && m_hasMovementCommand);
-    return areUsedTwice && isStrict
-               ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
-               : 0;
+    const bool areUsedTwice = (m_axisWordsAreTakenTwice && actions.IsInUse()) ||
+                              (m_axisWordsAreTaken && m_hasMovementCommand && isStrict);
+    return areUsedTwice ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
+                        : 0;
 }
 
 int Control::NoteMovementCommand() {
@@ -322,7 +322,7 @@ void Control::SwitchUnits(bool isInch) {
             m_status.InitSpindleSpeed(m_status.GetSpindleSpeed() *
                                       LengthUnits::CuttingSpeedFactor(wasInch, isInch));
         }
-        if (pitch) {
+        if (pitch && !pitchIsOfBlock) {
             *pitch *= factor;
         }
         const gmVector3 end = m_status.GetEndPosition() * factor;

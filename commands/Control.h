@@ -72,7 +72,8 @@ public:
 
     // Of the block at hand.
     bool hasDwell = false;
-    bool speedWaits = false; ///< it or its mode is to be told, unless a spindle code does
+    bool pitchIsOfBlock = false; ///< and counts in the unit that the block begins
+    bool speedWaits = false;     ///< it or its mode is to be told, unless a spindle code does
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;

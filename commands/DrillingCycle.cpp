@@ -24,7 +24,8 @@ void DrillingCycle::InitStatus(char* line) {
 bool DrillingCycle::TakeWords(char* line) {
     m_hasPosition = PathMovement::TakeWords(line);
     m_words = {};
-    const bool isCycleBlock = m_hasPosition || GetNCLineStatus() == TRUE;
+    m_hasCode = GetNCLineStatus() == TRUE;
+    const bool isCycleBlock = m_hasPosition || m_hasCode;
     if (isCycleBlock) {
         const CycleWords& words = control().cycles.words;
         m_words.clearance = words.clearance.Take(line, status());
@@ -53,10 +54,13 @@ int DrillingCycle::Act() {
     if (!m_hasPosition && mode.rules.isStrict) {
         return refuse("a cycle code has no position");
     }
-    if (const int code = mode.Use(control(), status().GetEndPosition()[normalAxis()]); code != 0) {
+    m_depth = takeDepth();
+    const bool needsPeck = m_kind.hasPeck || m_kind.hasShift;
+    const bool givesAll = m_hasCode && m_words.clearance && m_depth && (m_words.peck || !needsPeck);
+    if (const int code = mode.Use(control(), status().GetEndPosition()[normalAxis()], givesAll);
+        code != 0) {
         return code;
     }
-    m_depth = takeDepth();
     m_position.Hold(Axes());
     if (const int code = checkCode(); code != 0) {
         return code;

@@ -42,6 +42,7 @@ private:
     std::optional<CycleHeight> m_depth;
     HeldWords m_position;
     bool m_hasPosition = false;
+    bool m_hasCode = false;
     // Since the code became the active one:
     std::optional<double> m_ownDwell;
 };

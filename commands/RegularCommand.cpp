@@ -52,9 +52,9 @@ void RegularCommand::ChangeByWord(int digits, int offsetDigits) noexcept {
 void RegularCommand::keepValue(double value) noexcept {
     const int number = toolNumber(value);
     const Control* const control = status().GetControl();
-    const bool isStrict = control != nullptr && control->isStrict;
+    const bool wantsWhole = control != nullptr && control->actions.IsInUse();
     m_isRefused = (m_words != 0 && (number < 0 || number >= m_words)) ||
-                  (isStrict && static_cast<double>(number) != value);
+                  (wantsWhole && static_cast<double>(number) != value);
     status().InitTool(number / m_wordsPerTool);
 }
 

@@ -26,7 +26,7 @@ int TechnologyCommand::Compute(char* line) {
 int TechnologyCommand::checkValue() {
     Control* const control = m_status == nullptr ? nullptr : m_status->GetControl();
     const bool isNegative = std::exchange(m_isNegative, false);
-    return isNegative && control != nullptr && control->isStrict
+    return isNegative && control != nullptr && control->actions.IsInUse()
                ? control->Refuse(kBlockRefused, "a feed, a speed or a tool is below 0")
                : 0;
 }
