@@ -59,11 +59,9 @@ COOLANT_OFF
 M9
 REV_COOLANT_MIST
 M7
-# A tool word alone changes the tool; a code may stand beside it.
+# A tool word alone changes the tool; M6 may stand beside it.
 REV_TOOL_BY_WORD
 8;0
-REV_NO_EFFECT
-M6
 # Planned and optional stops.
 REV_STOP
 M0
