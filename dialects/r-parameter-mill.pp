@@ -250,6 +250,10 @@ DYNFINISH
 REV_NO_EFFECT
 STOPRE
 REV_NO_EFFECT
+SPCON
+REV_NO_EFFECT
+SPCOF
+REV_NO_EFFECT
 STARTFIFO
 REV_NO_EFFECT
 STOPFIFO
@@ -309,7 +313,7 @@ REV_NO_EFFECT
 M45
 REV_NO_EFFECT
 M70
-# Numbers of offsets, limit of the speed, angle of the spindle.
+# Numbers of offsets, limit of the speed, angle of the spindle, how far corners are rounded, overrides.
 REV_NO_EFFECT_WORD
 D
 REV_NO_EFFECT_WORD
@@ -318,6 +322,14 @@ REV_NO_EFFECT_WORD
 LIMS
 REV_NO_EFFECT_WORD
 SPOS
+REV_NO_EFFECT_WORD
+ADIS
+REV_NO_EFFECT_WORD
+ADISPOS
+REV_NO_EFFECT_WORD
+OVR
+REV_NO_EFFECT_WORD
+OVRRAP
 # Limits, texts, and the blank of a simulation are no words of the path.
 REV_OWN_WORDS
 G25
@@ -394,10 +406,6 @@ REV_NOT_CONVERTED
 G74
 REV_NOT_CONVERTED
 G75
-REV_NOT_CONVERTED
-MEAS
-REV_NOT_CONVERTED
-MEAW
 REV_NOT_CONVERTED
 MEASA
 REV_NOT_CONVERTED
@@ -501,7 +509,11 @@ REV_NOT_CONVERTED
 G973
 REV_NOT_CONVERTED
 G291
-# Arcs by angle, chamfers and corners, angles, offsets, further axes.
+# Contacts, arcs by angle, chamfers and corners, angles, offsets, further axes.
+REV_NOT_CONVERTED_WORD
+MEAS
+REV_NOT_CONVERTED_WORD
+MEAW
 REV_NOT_CONVERTED_WORD
 AR
 REV_NOT_CONVERTED_WORD
