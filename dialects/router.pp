@@ -131,7 +131,8 @@ REV_TOOL_LENGTH_ON
 G43
 REV_TOOL_LENGTH_OFF
 G49
-# Without effect on the path: no compensation, radii, how corners are taken, speed in turns, overrides.
+# Without effect on the path: no compensation, radii, how corners are taken, speed in turns, overrides,
+# parking, the number of the tool.
 REV_NO_EFFECT
 G8
 REV_NO_EFFECT
@@ -156,6 +157,8 @@ REV_NO_EFFECT
 M53
 REV_NO_EFFECT
 M56
+REV_NO_EFFECT
+M61
 REV_NO_EFFECT_WORD
 H
 # What changes the path, or what F means, and is not followed: splines, diameters, polar coordinates and
@@ -281,13 +284,21 @@ REV_NOT_CONVERTED
 G98
 REV_NOT_CONVERTED
 G99
-# inverse time, feed per revolution, cutting speed, subprograms and macros.
+# inverse time, feed per revolution, cutting speed, states that come back, subprograms and macros.
 REV_NOT_CONVERTED
 G93
 REV_NOT_CONVERTED
 G95
 REV_NOT_CONVERTED
 G96
+REV_NOT_CONVERTED
+M70
+REV_NOT_CONVERTED
+M71
+REV_NOT_CONVERTED
+M72
+REV_NOT_CONVERTED
+M73
 REV_NOT_CONVERTED
 G65
 REV_NOT_CONVERTED

@@ -88,19 +88,16 @@ class Trial:
         for letters in self.values("REV_NOT_CONVERTED_WORD"):
             word = letters + ("=2" if re.match("[A-Z]{2}", letters) else "2")
             self.expect_refusal(letters, word)
-        for word in self.values("REV_NO_EFFECT") + self.values("REV_OWN_WORDS"):
-            self.expect_silence(word, word)
-        for letters in self.values("REV_NO_EFFECT_WORD"):
-            self.expect_silence(letters, letters + ("=2" if len(letters) > 1 else "2"))
+        letters = self.values("REV_NO_EFFECT_WORD")
+        harmless = [word + ("=2" if len(word) > 1 else "2") for word in letters]
+        harmless += self.values("REV_NO_EFFECT") + self.values("REV_OWN_WORDS")
+        status, told, made = self.block("\n".join(harmless))
+        self.expect(status == 0 and told == "", f"what is harmless is told: {told}")
+        self.expect(made == self.block("")[2], "what is harmless changes the APT")
 
     def expect_refusal(self, word, text):
         status, told, _ = self.block(text)
         self.expect(status == 511 % 256 and "error 511" in told, f"{word} is not refused: {told}")
-
-    def expect_silence(self, word, text):
-        status, told, made = self.block(text)
-        self.expect(status == 0 and told == "", f"{word} is told: {told}")
-        self.expect(made == self.block("")[2], f"{word} changes the APT")
 
 
 def read_bytes(name):
