@@ -288,7 +288,9 @@ void NCScan::beginBlock() noexcept {
 int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
     MachineStatus& status = m_model->status;
     Block& block = status.GetBlock();
-    const bool isNumbered = status.GetRecordNumber()->Cut(block.Rest());
+    const RecordNumber& number = *status.GetRecordNumber();
+    const bool isNumbered =
+        text == nullptr ? number.Cut(block.Rest()) : number.CutBeforeDigit(block.Rest());
     // The bytes of the record number and of comments may be among them: they only rule words out.
     // A text that was read has none left, and what looks so stands in quotation marks.
     const bool isCommented =
