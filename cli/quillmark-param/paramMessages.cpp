@@ -1,16 +1,11 @@
 #include "cli/quillmark-param/paramMessages.h"
 
-#include "cli/shared/printText.h"
+#include "cli/shared/fileError.h"
 
 #include <cstdio>
 
 int failWith(const char* name, std::string_view text) {
-    (void)std::fflush(stdout); // one message of the reader goes there, and it comes first
-    std::fputs("quillmark-param: '", stderr);
-    printText(stderr, name);
-    std::fputs("': ", stderr);
-    printText(stderr, text);
-    std::fputc('\n', stderr);
+    printFileError("quillmark-param", name, text);
     return kParamFailed;
 }
 

@@ -1,7 +1,7 @@
 #include "cli/quillmark/writeJsonReport.h"
 
-#include "cli/quillmark/JsonWriter.h"
 #include "cli/quillmark/reportKeys.h"
+#include "cli/shared/JsonWriter.h"
 #include "driver/returnCodes.h"
 
 namespace {

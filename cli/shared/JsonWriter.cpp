@@ -1,4 +1,4 @@
-#include "cli/quillmark/JsonWriter.h"
+#include "cli/shared/JsonWriter.h"
 
 #include <charconv>
 
