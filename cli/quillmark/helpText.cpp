@@ -7,6 +7,7 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
     (void)std::fputs(
         "\n"
         "Options may also be spelled -P; -Nc, -nC, -NC; -Of, -oF, -OF; -L. Further ones:\n"
+        "  -p NAME     also takes a dialect of --dialects, when no file has that name.\n"
         "  -ot APT     kind of output; APT is the default and the only kind.\n"
         "              Also -Ot, -oT, -OT.\n"
         "  --summary   figures on standard error: blocks read, statements by kind, seconds,\n"
@@ -19,7 +20,9 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
         "              looks for subprograms in DIR, too; may be repeated.\n"
         "  --report FILE\n"
         "              writes what was not understood, the warnings and the figures as JSON.\n"
-        "  --help      this text, as the only argument.\n"
+        "  --dialects  the dialects that are ready to use, as the only argument;\n"
+        "              QUILLMARK_DIALECTS names a folder of others.\n"
+        "  --help, -h  this text, as the only argument.\n"
         "  --version   version and banner, as the only argument.\n"
         "\n"
         "Exit status 2: one of the last options is wrong, or FILE cannot be written.\n"

@@ -9,51 +9,64 @@
 #include "cli/quillmark/printReport.h"
 #include "cli/quillmark/printStoppedBlock.h"
 #include "cli/quillmark/writeJsonReport.h"
+#include "cli/shared/DialectFolder.h"
 #include "cli/shared/errorLine.h"
 #include "cli/shared/flushStandardOutput.h"
 #include "cli/shared/movementCommands.h"
+#include "cli/shared/printDialects.h"
 #include "cli/shared/versionText.h"
 #include "driver/Controller.h"
 #include "driver/StandardDescriptors.h"
 #include "driver/returnCodes.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace {
 
-bool printsInformation(const char* argument) {
-    if (std::strcmp(argument, "--help") == 0) {
-        printHelp(stdout, Controller().CmdLineParamsDesc());
-        return true;
-    }
-    if (std::strcmp(argument, "--version") == 0) {
-        printVersion(stdout, "quillmark");
-        return true;
-    }
-    return false;
+// A question about the program itself: its spelling, and the answer, which tells whether there is
+// one.
+struct Question {
+    const char* text;
+    bool (*answer)();
+};
+
+bool answerHelp() {
+    printHelp(stdout, Controller().CmdLineParamsDesc());
+    return true;
 }
 
-ConversionFiles filesOf(const Controller& controller, FrontEndOptions& options) {
-    char* parameter = nullptr;
-    char* nc = nullptr;
-    char* log = nullptr;
-    char* output = nullptr;
-    eOutputType type = eOutputAPT;
-    (void)controller.ScanParameters(options.ArgumentCount(), options.arguments.data(), parameter,
-                                    nc, log, output, type);
-    return {parameter, nc, output, log};
+constexpr Question kQuestions[] = {
+    {"--help", answerHelp},
+    {"-h", answerHelp},
+    {"--version",
+     [] {
+         printVersion(stdout, "quillmark");
+         return true;
+     }},
+    {"--dialects", [] { return printDialects(stdout, "quillmark"); }},
+};
+
+const Question* findQuestion(const char* argument) noexcept {
+    const auto* const row = std::ranges::find_if(kQuestions, [&](const Question& question) {
+        return std::strcmp(argument, question.text) == 0;
+    });
+    return row == std::end(kQuestions) ? nullptr : row;
 }
 
 // One conversion with all that the front end tells about it.
 class Run {
 public:
     explicit Run(FrontEndOptions options) : m_options(std::move(options)) {
-        m_result.files = filesOf(m_controller, m_options);
+        readArguments();
         if (m_options.skipBlocks) {
             m_controller.SkipMarkedBlocks();
         }
@@ -67,8 +80,7 @@ public:
         setProcessEndHook(
             [](void* run, const ProcessEnd& end) { static_cast<Run*>(run)->tellEnd(end); }, this);
         m_begin = std::chrono::steady_clock::now();
-        const int code =
-            m_controller.run(m_options.ArgumentCount(), m_options.arguments.data(), envp);
+        const int code = convert(envp);
         setProcessEndHook(nullptr, nullptr);
         stopClock();
         m_result.code = code;
@@ -87,6 +99,29 @@ public:
     }
 
 private:
+    void readArguments() {
+        char* parameter = nullptr;
+        char* nc = nullptr;
+        char* log = nullptr;
+        char* output = nullptr;
+        m_isComplete =
+            m_controller.ScanParameters(m_options.ArgumentCount(), m_options.arguments.data(),
+                                        parameter, nc, log, output, m_type) == 0;
+        m_result.files = {parameter, nc, output, log};
+        if (parameter != nullptr) {
+            m_parameterFile = DialectFolder().Find(parameter);
+            m_result.files.parameter = m_parameterFile.c_str();
+        }
+    }
+
+    int convert(char** envp) {
+        if (!m_isComplete) {
+            return m_controller.run(m_options.ArgumentCount(), m_options.arguments.data(), envp);
+        }
+        const ConversionFiles& files = m_result.files;
+        return m_controller.execute(files.parameter, files.nc, files.output, files.log, m_type);
+    }
+
     bool openReportFile() noexcept {
         if (m_options.report == nullptr) {
             return true;
@@ -143,8 +178,11 @@ private:
         }
     }
 
-    void tellFailure(int code) noexcept {
+    void tellFailure(int code) {
         printErrorLine(stderr, "quillmark", code, m_result.files, m_controller.LastFailure());
+        if (code == kParameterFileUnreadable && m_controller.LastFailure().systemError == ENOENT) {
+            printNearestDialect(stderr, "quillmark", m_result.files.parameter);
+        }
         printErrorStack(stderr);
         // When output or log could not be written, no block is to blame: every one was converted.
         if (code != kOutputFileUnwritable && code != kLogFileUnwritable) {
@@ -172,6 +210,9 @@ private:
 
     Controller m_controller;
     FrontEndOptions m_options;
+    bool m_isComplete = false; // the files that a conversion needs are named
+    eOutputType m_type = eOutputAPT;
+    std::string m_parameterFile; // as it was found
     RunResult m_result;
     ReportFile m_reportFile;
     std::chrono::steady_clock::time_point m_begin;
@@ -181,8 +222,9 @@ private:
 
 int main(int argc, char** argv, char** envp) try {
     const StandardDescriptors descriptors(StandardDescriptors::Output::kFails);
-    if (argc == 2 && printsInformation(argv[1])) {
-        return flushStandardOutput("quillmark") ? 0 : 1;
+    if (const Question* const question = argc == 2 ? findQuestion(argv[1]) : nullptr) {
+        const bool isAnswered = question->answer();
+        return flushStandardOutput("quillmark") && isAnswered ? 0 : 1;
     }
     FrontEndOptions options = readFrontEndOptions(argc, argv);
     if (options.usageError != nullptr) {
