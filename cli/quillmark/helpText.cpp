@@ -8,6 +8,7 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
         "\n"
         "Options may also be spelled -P; -Nc, -nC, -NC; -Of, -oF, -OF; -L. Further ones:\n"
         "  -p NAME     also takes a dialect of --dialects, when no file has that name.\n"
+        "  -           is standard input for -nc and -p, standard output for -of, -l, --report.\n"
         "  -ot APT     kind of output; APT is the default and the only kind.\n"
         "              Also -Ot, -oT, -OT.\n"
         "  --summary   figures on standard error: blocks read, statements by kind, seconds,\n"
@@ -26,6 +27,7 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
         "  --version   version and banner, as the only argument.\n"
         "\n"
         "Exit status 2: one of the last options is wrong, or FILE cannot be written.\n"
+        "129, 130, 143: SIGHUP, SIGINT or SIGTERM stopped the conversion behind a block.\n"
         "\n"
         "Return codes (the shell sees the low 8 bits):\n"
         "      0  success\n",
