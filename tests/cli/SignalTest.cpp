@@ -2,10 +2,13 @@
 #include "tests/support/convert.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <regex>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,29 +27,43 @@ protected:
         }
     }
 
-    /// Starts a conversion whose standard error is `err`, a file unless it is a descriptor.
-    void start(int err = -1) {
+    /// Starts a conversion whose standard error is `err`, a file unless it is a descriptor. Waits
+    /// for it to open the pipe.
+    void start(const char* nc, const char* output, int err = -1) {
         m_process = fork();
         if (m_process == 0) {
             const int file =
                 err >= 0 ? err : open(m_folder.path("err").c_str(), O_CREAT | O_WRONLY, 0600);
             if (chdir(m_folder.path().c_str()) == 0 && dup2(file, STDERR_FILENO) >= 0 &&
                 setenv("TERM", "xterm", 1) == 0) {
-                (void)execl(QUILLMARK_PROGRAMS "/quillmark", "quillmark", "-p", "a.pp", "-nc",
-                            "pipe", "-of", "o", "-l", "l", "--report", "r", nullptr);
+                (void)execl(QUILLMARK_PROGRAMS "/quillmark", "quillmark", "-p", "a.pp", "-nc", nc,
+                            "-of", output, "-l", "l", "--report", "r", nullptr);
             }
             _exit(1);
         }
-        m_pipe = open(m_folder.path("pipe").c_str(), O_WRONLY); // waits for the reader
+        m_pipe = open(m_folder.path("pipe").c_str(), nc == kPipe ? O_WRONLY : O_RDONLY);
+    }
+
+    std::string someBlocks(std::size_t size) {
+        std::string blocks;
+        while (blocks.size() < size) {
+            blocks += "G1 X" + std::to_string(++m_blocks) + "\n";
+        }
+        return blocks;
     }
 
     /// Gives it blocks. A pipe holds less than these, so most of them are converted by then.
     void feed() {
-        std::string blocks;
-        while (blocks.size() < 400'000) {
-            blocks += "G1 X" + std::to_string(++m_blocks) + "\n";
-        }
+        const std::string blocks = someBlocks(400'000);
         ASSERT_EQ(write(m_pipe, blocks.data(), blocks.size()), static_cast<ssize_t>(blocks.size()));
+    }
+
+    /// Reads at most that much of what it writes; empty at the end.
+    std::string drain(std::size_t most) const {
+        std::string text(most, '\0');
+        const ssize_t length = ::read(m_pipe, text.data(), most);
+        text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+        return text;
     }
 
     /// Waits for its end: the exit status, or minus the number of a signal.
@@ -58,6 +75,7 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     }
 
+    static constexpr const char* kPipe = "pipe";
     pid_t m_process = -1;
     int m_pipe = -1;
     int m_blocks = 0;
@@ -66,7 +84,7 @@ protected:
 TEST_F(Signals, EndTheConversionBehindABlock) {
     for (const auto& [signal, name] :
          {std::pair(SIGINT, "INT"), {SIGTERM, "TERM"}, {SIGHUP, "HUP"}}) {
-        start();
+        start(kPipe, "o");
         feed();
         ASSERT_EQ(kill(m_process, signal), 0);
         EXPECT_EQ(end(), 128 + signal);
@@ -95,7 +113,7 @@ TEST_F(Signals, EndTheConversionBehindABlock) {
 
 TEST_F(Signals, ChangeNothingWhenTheyAreIgnoredOrTooLate) {
     (void)std::signal(SIGHUP, SIG_IGN); // as under nohup
-    start();
+    start(kPipe, "o");
     (void)std::signal(SIGHUP, SIG_DFL);
     feed();
     ASSERT_EQ(kill(m_process, SIGHUP), 0);
@@ -115,27 +133,79 @@ TEST_F(Signals, LeaveTheOldResultWhileTheInputsAreRead) {
     EXPECT_EQ(read("o"), "old");
 }
 
-TEST_F(Signals, OfTheClockShowATerminalHowFarItIs) {
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
-    const int end = open(ptsname(terminal), O_RDWR | O_NOCTTY);
-    start(end);
-    (void)close(end);
-    (void)fcntl(terminal, F_SETFL, O_NONBLOCK);
-    std::string shown;
-    char buffer[1024];
-    // However long a second takes: blocks come until it has passed.
-    while (shown.find("quillmark: block ") == std::string::npos) {
+TEST_F(Signals, LoseNothingOfWhatAPipeHasNotTakenYet) {
+    m_folder.write("a.nc", someBlocks(4'000'000));
+    start("a.nc", kPipe);
+    int waiting = 0;
+    while (waiting < fcntl(m_pipe, F_GETPIPE_SZ)) { // then it hangs in its writing
+        ASSERT_EQ(ioctl(m_pipe, FIONREAD, &waiting), 0);
+    }
+    ASSERT_EQ(kill(m_process, SIGTERM), 0);
+    std::string apt;
+    for (std::string part; !(part = drain(65'536)).empty();) {
+        apt += part;
+    }
+    EXPECT_EQ(end(), 143);
+    const auto last = std::count(apt.begin(), apt.end(), '\n');
+    EXPECT_LT(last, m_blocks);
+    EXPECT_TRUE(apt.ends_with(goTo(static_cast<double>(last), 0, 0)));
+}
+
+/// A terminal for the standard error of a conversion.
+class Terminal : public Signals {
+protected:
+    Terminal() {
+        m_terminal = posix_openpt(O_RDWR | O_NOCTTY);
+        EXPECT_TRUE(m_terminal >= 0 && grantpt(m_terminal) == 0 && unlockpt(m_terminal) == 0);
+        EXPECT_EQ(fcntl(m_terminal, F_SETFL, O_NONBLOCK), 0);
+        m_end = open(ptsname(m_terminal), O_RDWR | O_NOCTTY);
+    }
+    ~Terminal() override {
+        (void)close(m_end);
+        (void)close(m_terminal);
+    }
+
+    /// Whether it shows the text by now.
+    bool shows(const std::string& text) {
+        std::array<char, 1024> buffer{};
+        for (ssize_t length = 0; (length = ::read(m_terminal, buffer.data(), buffer.size())) > 0;) {
+            m_shown.append(buffer.data(), static_cast<std::size_t>(length));
+        }
+        return m_shown.find(text) != std::string::npos;
+    }
+
+    int m_terminal = -1;
+    int m_end = -1;
+    std::string m_shown;
+};
+
+// However long a second takes: there are blocks until it has passed.
+TEST_F(Terminal, ShowsTheBlockOfALongConversion) {
+    start(kPipe, "o", m_end);
+    while (!shows("quillmark: block ")) {
         feed();
-        const ssize_t length = ::read(terminal, buffer, sizeof buffer);
-        shown.append(buffer, length > 0 ? static_cast<std::size_t>(length) : 0);
     }
-    EXPECT_EQ(this->end(), 0);
-    for (ssize_t length = 0; (length = ::read(terminal, buffer, sizeof buffer)) > 0;) {
-        shown.append(buffer, static_cast<std::size_t>(length));
+    EXPECT_EQ(end(), 0);
+    EXPECT_FALSE(shows("%"));
+    EXPECT_THAT(m_shown, MatchesRegex("(\r\x1B\\[Kquillmark: block [0-9]+)+\r\x1B\\[K"));
+}
+
+TEST_F(Terminal, ShowsHowMuchOfAFileIsRead) {
+    m_folder.write("a.nc", someBlocks(6'000'000));
+    start("a.nc", kPipe, m_end);
+    while (!shows(" %\r") && !drain(2048).empty()) {
+        (void)usleep(500);
     }
-    (void)close(terminal);
-    EXPECT_THAT(shown, MatchesRegex("(\r\x1B\\[Kquillmark: block [0-9]+)+\r\x1B\\[K"));
+    ASSERT_EQ(kill(m_process, SIGTERM), 0);
+    while (!drain(65'536).empty()) {
+    }
+    EXPECT_EQ(end(), 143);
+    const std::regex progress("quillmark: block ([0-9]+), ([0-9]+) %");
+    std::smatch found;
+    ASSERT_TRUE(std::regex_search(m_shown, found, progress)) << m_shown;
+    // What is read runs ahead of the block.
+    const int percent = 100 * std::stoi(found[1]) / m_blocks;
+    EXPECT_NEAR(std::stoi(found[2]), percent, 5);
 }
 
 } // namespace
