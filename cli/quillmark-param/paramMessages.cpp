@@ -10,6 +10,7 @@ int failWith(const char* name, std::string_view text) {
 }
 
 void warnOf(const char* name, std::string_view text) {
-    std::fprintf(stderr, "quillmark-param: warning: '%s': %.*s\n", name,
-                 static_cast<int>(text.size()), text.data());
+    std::fputs("quillmark-param: warning: '", stderr);
+    printText(stderr, name);
+    std::fprintf(stderr, "': %.*s\n", static_cast<int>(text.size()), text.data());
 }
