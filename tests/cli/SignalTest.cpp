@@ -66,6 +66,12 @@ protected:
         return text;
     }
 
+    /// Whether it waits in a call of the system.
+    [[nodiscard]] bool sleeps() const {
+        const std::string state = readFile("/proc/" + std::to_string(m_process) + "/stat");
+        return state.find(") S ") != std::string::npos;
+    }
+
     /// Waits for its end: the exit status, or minus the number of a signal.
     int end() {
         (void)close(m_pipe);
@@ -137,7 +143,7 @@ TEST_F(Signals, LoseNothingOfWhatAPipeHasNotTakenYet) {
     m_folder.write("a.nc", someBlocks(4'000'000));
     start("a.nc", kPipe);
     int waiting = 0;
-    while (waiting < fcntl(m_pipe, F_GETPIPE_SZ)) { // then it hangs in its writing
+    while (waiting < fcntl(m_pipe, F_GETPIPE_SZ) || !sleeps()) { // then it hangs in its writing
         ASSERT_EQ(ioctl(m_pipe, FIONREAD, &waiting), 0);
     }
     ASSERT_EQ(kill(m_process, SIGTERM), 0);
