@@ -1,6 +1,7 @@
 #include "cli/quillmark-param/paramMessages.h"
 
 #include "cli/shared/fileError.h"
+#include "cli/shared/printText.h"
 
 #include <cstdio>
 
