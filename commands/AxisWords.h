@@ -27,6 +27,9 @@ using AxisValues = std::array<std::optional<AxisValue>, 3>;
             .isAbsolute = word.IsExplicit() && word.GetIncStatus() != TRUE};
 }
 
+/// Whether an axis has both of its words in the block.
+[[nodiscard]] bool isGivenTwice(const std::array<AxisWords, 3>& axes) noexcept;
+
 /// The words of the axes that were found and not used yet; they are consumed. The absolute word of
 /// an axis wins.
 [[nodiscard]] AxisValues takeFound(const std::array<AxisWords, 3>& axes) noexcept;

@@ -13,6 +13,9 @@ void CompensationCommand::takeWords(char* line) {
 }
 
 int CompensationCommand::Act() {
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     constexpr double kMostRegisters = 1e9;
     std::optional<int> number;
     if (m_register) {
@@ -23,6 +26,7 @@ int CompensationCommand::Act() {
         number = static_cast<int>(*m_register);
     }
     m_status.Note(BlockNote::kCompensation);
+    control().isCompensated = true;
     control().writer->WriteCompensation(m_isLeft, number);
     return 0;
 }

@@ -4,15 +4,22 @@
 #include "commands/CycleCall.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
+#include "commands/repeatedAddress.h"
 #include "commands/withoutNoise.h"
 #include "driver/returnCodes.h"
 
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace {
 
 constexpr double kMostParts = 10'000'000.0; // of one arc; more are a mistake
+
+// Those of which a block may hold one: where further families forgive more, only those by which a
+// word too many could move the tool.
+constexpr std::string_view kAddresses = "ABCDEFHIJKLNOPQRSTUVWXYZ";
+constexpr std::string_view kAxisAddresses = "ABCIJKUVWXYZ";
 
 bool hasInfinity(const gmVector3& point) {
     return std::isinf(point[0]) || std::isinf(point[1]) || std::isinf(point[2]);
@@ -42,6 +49,7 @@ void Control::BeginBlock() noexcept {
     polar.ForgetWords();
     m_hasMovementCommand = false;
     hasDwell = false;
+    pitchIsOfBlock = false;
     speedWaits = false;
 }
 
@@ -71,12 +79,27 @@ bool Control::NeedsModes(const Command& command) const noexcept {
     return !actions.IsInUse() && (kind == ActionKind::kShift || kind == ActionKind::kZeroSystem);
 }
 
-int Control::CheckAxisWords() {
-    const bool areUsedTwice =
-        m_axisWordsAreTakenTwice || (m_axisWordsAreTaken && m_hasMovementCommand);
-    return areUsedTwice && isStrict
-               ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
+int Control::CheckAddresses(const char* block) {
+    if (!actions.IsInUse()) {
+        return 0;
+    }
+    const char letter = repeatedAddress(block, isStrict ? kAddresses : kAxisAddresses);
+    return letter == '\0'
+               ? 0
+               : Refuse(kBlockRefused, std::string("the address ") + letter + " stands twice");
+}
+
+int Control::CheckUncompensated() {
+    return isStrict && isCompensated
+               ? Refuse(kBlockRefused, "radius compensation is on where it cannot be")
                : 0;
+}
+
+int Control::CheckAxisWords() {
+    const bool areUsedTwice = (m_axisWordsAreTakenTwice && actions.IsInUse()) ||
+                              (m_axisWordsAreTaken && m_hasMovementCommand && isStrict);
+    return areUsedTwice ? Refuse(kBlockRefused, "two codes of the block use the words of its axes")
+                        : 0;
 }
 
 int Control::NoteMovementCommand() {
@@ -299,7 +322,7 @@ void Control::SwitchUnits(bool isInch) {
             m_status.InitSpindleSpeed(m_status.GetSpindleSpeed() *
                                       LengthUnits::CuttingSpeedFactor(wasInch, isInch));
         }
-        if (pitch) {
+        if (pitch && !pitchIsOfBlock) {
             *pitch *= factor;
         }
         const gmVector3 end = m_status.GetEndPosition() * factor;

@@ -62,6 +62,8 @@ public:
     CycleCalls calls;
     DiameterMode diameter;
     PolarCoordinates polar;
+    bool awaitsSpindle = false;  ///< a tool change stopped it, and no code has started it since
+    bool isCompensated = false;  ///< for the radius of the tool
     bool hasToolLength = false;  ///< in force, and nobody tells how long the tool is
     bool movesInMachine = false; ///< of the block: its coordinates are those of the machine
     bool isCuttingSpeed = false; ///< the number of the speed is m/min or ft/min, not rev/min
@@ -70,7 +72,8 @@ public:
 
     // Of the block at hand.
     bool hasDwell = false;
-    bool speedWaits = false; ///< it or its mode is to be told, unless a spindle code does
+    bool pitchIsOfBlock = false; ///< and counts in the unit that the block begins
+    bool speedWaits = false;     ///< it or its mode is to be told, unless a spindle code does
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
@@ -87,9 +90,13 @@ public:
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
     /// Whether the command has to wait for the modes of its block although nothing else waits.
     [[nodiscard]] bool NeedsModes(const Command& command) const noexcept;
+    /// Refuses a block in which an address stands twice, where the control does.
+    int CheckAddresses(const char* block);
     /// Refuses a block of which two codes use the axis words, where the control does.
     int CheckAxisWords();
     [[nodiscard]] bool AreAxisWordsTaken() const noexcept { return m_axisWordsAreTaken; }
+    /// Refuses what cannot be under radius compensation, where the control does.
+    int CheckUncompensated();
     /// The movement command of the block has a word; a second one in a block is refused.
     int NoteMovementCommand();
     /// Whether a movement code moves though no word with it says where to.

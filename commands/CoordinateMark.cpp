@@ -17,7 +17,8 @@ bool isSamePoint(const gmVector3& a, const gmVector3& b) {
 } // namespace
 
 CoordinateMark::CoordinateMark(const Control& control)
-    : m_plane(control.plane), m_isInch(control.units.IsInch()) {
+    : m_plane(control.plane), m_isInch(control.units.IsInch()),
+      m_system(control.coordinates.zeros.Current()) {
     for (int axis = 0; axis < 3; ++axis) {
         m_axes[static_cast<std::size_t>(axis)][axis] = 1.0;
     }
@@ -33,5 +34,7 @@ const char* CoordinateMark::ChangeSince(const CoordinateMark& before) const {
     if (m_isInch != before.m_isInch) {
         return "unit";
     }
-    return std::ranges::equal(m_axes, before.m_axes, isSamePoint) ? "" : "zero";
+    const bool isSameZero =
+        m_system == before.m_system && std::ranges::equal(m_axes, before.m_axes, isSamePoint);
+    return isSameZero ? "" : "zero";
 }

@@ -20,5 +20,6 @@ public:
 private:
     Plane m_plane = Plane::kXY;
     bool m_isInch = false;
+    std::size_t m_system = 0;        // whose origin nobody may know
     std::array<gmVector3, 4> m_axes; // origin and the ends of the axes, where they lie
 };

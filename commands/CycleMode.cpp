@@ -17,9 +17,11 @@ void CycleMode::Enter(const Command& cycle, Command* before) noexcept {
     }
 }
 
-int CycleMode::Use(Control& control, double height) {
+int CycleMode::Use(Control& control, double height, bool givesAll) {
     const CoordinateMark now(control);
-    if (m_isFresh) {
+    const std::string change = m_isFresh ? "" : now.ChangeSince(m_mark);
+    const bool beginsAgain = givesAll && !change.empty() && height == m_startHeight;
+    if (m_isFresh || beginsAgain) {
         m_isFresh = false;
         m_mark = now;
         m_startHeight = height;
@@ -31,7 +33,6 @@ int CycleMode::Use(Control& control, double height) {
         }
         return 0;
     }
-    const std::string change = now.ChangeSince(m_mark);
     return change.empty()
                ? 0
                : control.Refuse(kWordNotConverted,

@@ -74,7 +74,8 @@ public:
 
     /// For a block that moves: begins the mode unless that was done. Returns 0, or 511 when plane,
     /// unit or zero are others than at the start: the numbers kept would mean something else.
-    int Use(Control& control, double height);
+    /// A block that gives all of them anew at that height begins the mode again.
+    int Use(Control& control, double height, bool givesAll);
     /// The block has been read.
     void EndCode() noexcept { m_isNewCode = false; }
     /// Along the normal of the plane, in coordinates of the program.

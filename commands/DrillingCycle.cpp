@@ -24,7 +24,8 @@ void DrillingCycle::InitStatus(char* line) {
 bool DrillingCycle::TakeWords(char* line) {
     m_hasPosition = PathMovement::TakeWords(line);
     m_words = {};
-    const bool isCycleBlock = m_hasPosition || GetNCLineStatus() == TRUE;
+    m_hasCode = GetNCLineStatus() == TRUE;
+    const bool isCycleBlock = m_hasPosition || m_hasCode;
     if (isCycleBlock) {
         const CycleWords& words = control().cycles.words;
         m_words.clearance = words.clearance.Take(line, status());
@@ -53,10 +54,13 @@ int DrillingCycle::Act() {
     if (!m_hasPosition && mode.rules.isStrict) {
         return refuse("a cycle code has no position");
     }
-    if (const int code = mode.Use(control(), status().GetEndPosition()[normalAxis()]); code != 0) {
+    m_depth = takeDepth();
+    const bool needsPeck = m_kind.hasPeck || m_kind.hasShift;
+    const bool givesAll = m_hasCode && m_words.clearance && m_depth && (m_words.peck || !needsPeck);
+    if (const int code = mode.Use(control(), status().GetEndPosition()[normalAxis()], givesAll);
+        code != 0) {
         return code;
     }
-    m_depth = takeDepth();
     m_position.Hold(Axes());
     if (const int code = checkCode(); code != 0) {
         return code;
@@ -172,7 +176,7 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     if (const int code = checkNumbers(m_kind, numbers, passes); code != 0) {
         return code;
     }
-    if (const int code = checkSpindle(); code != 0) {
+    if (const int code = checkMachine(); code != 0) {
         return code;
     }
     for (auto pass = static_cast<long>(passes); pass > 0; --pass) {
@@ -191,8 +195,11 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     return 0;
 }
 
-int DrillingCycle::checkSpindle() {
+int DrillingCycle::checkMachine() {
     const CycleMode& mode = control().cycles;
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     if (!mode.rules.isStrict || m_kind.turning == CycleTurning::kAny) {
         return 0;
     }
@@ -200,8 +207,9 @@ int DrillingCycle::checkSpindle() {
     const bool isWanted =
         (turning == mode.spindle.clockwise && m_kind.turning != CycleTurning::kCounterClockwise) ||
         (turning == mode.spindle.counterClockwise && m_kind.turning != CycleTurning::kClockwise);
-    return turning != nullptr && isWanted ? 0
-                                          : refuse("the spindle does not turn as the cycle wants");
+    return turning != nullptr && isWanted && !control().awaitsSpindle
+               ? 0
+               : refuse("the spindle does not turn as the cycle wants");
 }
 
 int DrillingCycle::approach(gmVector3 place, const CycleNumbers& numbers) {

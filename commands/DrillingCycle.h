@@ -30,7 +30,7 @@ private:
     [[nodiscard]] std::optional<double> takeDwell(char* line) const;
     void keepNumbers();
     int checkCode();
-    int checkSpindle();
+    int checkMachine();
     int settle(CycleNumbers& numbers) const;
     int drill(const CycleNumbers& numbers);
     int approach(gmVector3 place, const CycleNumbers& numbers);
@@ -42,6 +42,7 @@ private:
     std::optional<CycleHeight> m_depth;
     HeldWords m_position;
     bool m_hasPosition = false;
+    bool m_hasCode = false;
     // Since the code became the active one:
     std::optional<double> m_ownDwell;
 };

@@ -91,7 +91,14 @@ int FrameCommand::refuse(const char* reason) { return control().Refuse(kBlockRef
 
 int FrameCommand::makeRotation() {
     const gmVector3 normal = unit(axesOf(control().plane).normal);
-    if (hasCentre() || (m_angle && m_hasWords)) {
+    const auto& aside = m_values[static_cast<std::size_t>(axesOf(control().plane).normal)];
+    if (hasCentre() && aside) {
+        return refuse("the centre of a rotation has a coordinate outside of the plane");
+    }
+    if (!hasCentre() && m_angle && m_hasWords) {
+        return refuse("a rotation has an angle in the plane, and angles about axes");
+    }
+    if (hasCentre()) {
         if (!m_angle) {
             return refuse("a rotation has no angle");
         }

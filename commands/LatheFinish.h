@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CoordinateMark.h"
 #include "commands/CycleMovement.h"
 
 /// The code that has a contour of the program followed and then leads back to where that began,
@@ -16,4 +17,5 @@ public:
 
 private:
     std::optional<gmVector3> m_start; // of the contour that is followed
+    CoordinateMark m_mark;            // of that place
 };

@@ -2,6 +2,7 @@
 
 #include "commands/Control.h"
 #include "commands/MachineStatus.h"
+#include "driver/returnCodes.h"
 
 PathMovement::~PathMovement() = default;
 
@@ -18,7 +19,10 @@ int PathMovement::Compute(char* line) {
     if (!wasFound) {
         m_hasWords = TakeWords(line);
     }
-    const Control* const control = status().GetControl();
+    Control* const control = status().GetControl();
+    if (control != nullptr && control->actions.IsInUse() && isGivenTwice(Axes())) {
+        return control->Refuse(kBlockRefused, "an axis has its place and an increment");
+    }
     const bool hasWords =
         m_hasWords && !(wasFound && control != nullptr && control->AreAxisWordsTaken());
     const bool movesAnyway = wasFound && (control == nullptr || control->MovesWithoutWords());

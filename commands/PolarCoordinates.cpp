@@ -57,26 +57,22 @@ gmVector3 PolarCoordinates::Resolve(AxisValues& values, Plane plane, bool isIncr
     m_angle = !angle                                     ? lastAngle
               : isIncremental(*angle, isIncrementalMode) ? lastAngle + angle->value
                                                          : angle->value;
-    gmVector3 result = m_pole + offset(axes);
+    gmVector3 result = m_pole + OffsetOf({.radius = *m_radius, .angle = *m_angle}, plane);
     result[axes.normal] = point[axes.normal];
     return result;
 }
 
-gmVector3 PolarCoordinates::TakeOffset(Plane plane) {
+PolarCoordinates::Direction PolarCoordinates::TakeDirection() noexcept {
     const std::optional<AxisValue> radius = std::exchange(m_radiusWord, std::nullopt);
     const std::optional<AxisValue> angle = std::exchange(m_angleWord, std::nullopt);
-    m_radius = radius ? radius->value : 0.0;
-    m_angle = angle ? angle->value : 0.0;
-    const gmVector3 result = offset(axesOf(plane));
-    m_radius.reset();
-    m_angle.reset();
-    return result;
+    return {.radius = radius ? radius->value : 0.0, .angle = angle ? angle->value : 0.0};
 }
 
-gmVector3 PolarCoordinates::offset(const PlaneAxes& axes) const {
+gmVector3 PolarCoordinates::OffsetOf(const Direction& direction, Plane plane) {
+    const PlaneAxes axes = axesOf(plane);
     gmVector3 result;
-    result[axes.first] = *m_radius * std::cos(*m_angle * kDegree);
-    result[axes.second] = *m_radius * std::sin(*m_angle * kDegree);
+    result[axes.first] = direction.radius * std::cos(direction.angle * kDegree);
+    result[axes.second] = direction.radius * std::sin(direction.angle * kDegree);
     return result;
 }
 

@@ -33,14 +33,18 @@ public:
     /// the normal stays. The latter are removed from `values`. `point` is the present one.
     [[nodiscard]] gmVector3 Resolve(AxisValues& values, Plane plane, bool isIncrementalMode,
                                     const gmVector3& point);
-    /// How far the words taken lead away from a pole; they are consumed.
-    [[nodiscard]] gmVector3 TakeOffset(Plane plane);
+    /// The words taken; they are consumed. Radius or angle left out is 0.
+    struct Direction {
+        double radius = 0.0;
+        double angle = 0.0; ///< degrees
+    };
+    [[nodiscard]] Direction TakeDirection() noexcept;
+    /// How far a direction leads away from a pole.
+    [[nodiscard]] static gmVector3 OffsetOf(const Direction& direction, Plane plane);
 
     void Rescale(double factor);
 
 private:
-    [[nodiscard]] gmVector3 offset(const PlaneAxes& axes) const;
-
     bool m_isOn = false;
     std::optional<AxisValue> m_radiusWord; // of the block at hand
     std::optional<AxisValue> m_angleWord;

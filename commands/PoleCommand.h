@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
+#include "commands/PolarCoordinates.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
 /// A code that sets the pole of polar coordinates by its axis words, or by radius and angle. A word
@@ -18,7 +19,10 @@ public:
 
 private:
     void takeWords(char* line) override;
+    int takeOffset(gmVector3& offset) const;
 
     Base m_base;
-    gmVector3 m_offset; // of the block at hand
+    // Of the block at hand.
+    AxisValues m_values;
+    std::optional<PolarCoordinates::Direction> m_direction;
 };

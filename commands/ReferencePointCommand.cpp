@@ -25,6 +25,9 @@ bool ReferencePointCommand::isNamed(int axis) const {
 }
 
 int ReferencePointCommand::Act() {
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     if (const int code = goThrough(); code != 0) {
         return code;
     }

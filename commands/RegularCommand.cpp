@@ -51,7 +51,10 @@ void RegularCommand::ChangeByWord(int digits, int offsetDigits) noexcept {
 
 void RegularCommand::keepValue(double value) noexcept {
     const int number = toolNumber(value);
-    m_isRefused = m_words != 0 && (number < 0 || number >= m_words);
+    const Control* const control = status().GetControl();
+    const bool wantsWhole = control != nullptr && control->actions.IsInUse();
+    m_isRefused = (m_words != 0 && (number < 0 || number >= m_words)) ||
+                  (wantsWhole && static_cast<double>(number) != value);
     status().InitTool(number / m_wordsPerTool);
 }
 
@@ -64,9 +67,16 @@ int RegularCommand::ClaimWords(char* line) { return m_words == 0 ? 0 : Compute(l
 
 int RegularCommand::Act() {
     if (m_isRefused) {
-        return status().GetControl()->Refuse(kBlockRefused, "a tool word has too many digits");
+        return status().GetControl()->Refuse(
+            kBlockRefused, "the number of a tool has too many digits or a fraction");
     }
     m_changedTo = status().GetTool();
+    if (Control* const control = status().GetControl()) {
+        if (const int code = control->CheckUncompensated(); code != 0) {
+            return code;
+        }
+        control->awaitsSpindle = control->isStrict;
+    }
     writer().InitOutput(status().GetTool());
     return 0;
 }

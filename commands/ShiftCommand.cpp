@@ -27,6 +27,9 @@ int ShiftCommand::Act() {
     if (!hasWords) {
         return control().isStrict ? control().Refuse(kBlockRefused, "a shift names no axis") : 0;
     }
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     if (m_kind == Kind::kSet) {
         return setPresent();
     }

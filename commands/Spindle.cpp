@@ -27,6 +27,7 @@ void Spindle::keepValue(double value) noexcept {
 void Spindle::InitStatus(char* line) {
     if (Control* const control = status().GetControl()) {
         control->speedWaits = false;
+        m_starts = true;
     }
     m_newSpeed.reset();
     TechnologyCommand::InitStatus(line);
@@ -36,6 +37,9 @@ int Spindle::Compute(char* line) {
     Control* const control = status().GetControl();
     const bool speedWaits = control != nullptr && std::exchange(control->speedWaits, false);
     const bool hasSpeed = TakeWords(line);
+    if (const int code = checkValue(); code != 0) {
+        return code;
+    }
     if (!actsOnValueAlone()) {
         m_newSpeed.reset();
         return 0;
@@ -50,7 +54,10 @@ int Spindle::Act() {
         m_newSpeed.reset();
     }
     const double speed = status().GetSpindleSpeed();
-    const Control* const control = status().GetControl();
+    Control* const control = status().GetControl();
+    if (control != nullptr && std::exchange(m_starts, false)) {
+        control->awaitsSpindle = false;
+    }
     if (control != nullptr && control->isCuttingSpeed) {
         const LengthUnits& units = control->units;
         writer().WriteCuttingSpeed(m_mode, speed * units.CuttingSpeedToOutput(),

@@ -33,5 +33,6 @@ private:
     [[nodiscard]] bool actsOnValueAlone() const noexcept override { return m_mode != 0; }
 
     std::optional<double> m_newSpeed; // of the block at hand
+    bool m_starts = false;            // a code has been met
     int m_mode = 0;
 };

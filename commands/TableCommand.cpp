@@ -13,6 +13,8 @@ namespace {
 constexpr double kOrigins = 2.0;
 constexpr double kOriginsByPosition = 20.0;
 
+constexpr double kParameters = 50.0; // this kind and those above it
+
 constexpr double kToolTables[] = {0.0, 1.0, 10.0, 11.0};
 
 bool isWhole(double value) noexcept {
@@ -39,6 +41,9 @@ int TableCommand::Act() {
     if (kind == kOrigins || kind == kOriginsByPosition) {
         return act();
     }
+    if (kind >= kParameters && !control().isStrict) {
+        return control().Refuse(kWordNotConverted, "the program changes parameters of the control");
+    }
     const bool isTool = std::ranges::find(kToolTables, kind) != std::end(kToolTables);
     return control().isStrict && !(m_kind && isTool)
                ? control().Refuse(kBlockRefused, "there is no table of that kind")
@@ -57,6 +62,9 @@ int TableCommand::act() {
         return control().Refuse(kBlockRefused, "an origin is given in incremental dimensions");
     }
     ZeroSystems& zeros = control().coordinates.zeros;
+    if (const int code = index == zeros.Current() ? control().CheckUncompensated() : 0; code != 0) {
+        return code;
+    }
     if (std::round(*m_kind) == kOrigins) {
         return setOrigin(index);
     }

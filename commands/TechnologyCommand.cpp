@@ -1,18 +1,34 @@
 #include "commands/TechnologyCommand.h"
 
+#include "commands/Control.h"
+#include "commands/MachineStatus.h"
 #include "commands/Parameter.h"
+#include "driver/returnCodes.h"
+
+#include <utility>
 
 TechnologyCommand::~TechnologyCommand() = default;
 
 void TechnologyCommand::InitStatus(char* line) {
     TakeWords(line);
-    keepCode(perform());
+    const int code = checkValue();
+    keepCode(code != 0 ? code : perform());
     SetNCLineStatus(FALSE);
     InitActiveCommand();
 }
 
 int TechnologyCommand::Compute(char* line) {
-    return TakeWords(line) && actsOnValueAlone() ? perform() : 0;
+    const bool isGiven = TakeWords(line);
+    const int code = checkValue();
+    return code == 0 && isGiven && actsOnValueAlone() ? perform() : code;
+}
+
+int TechnologyCommand::checkValue() {
+    Control* const control = m_status == nullptr ? nullptr : m_status->GetControl();
+    const bool isNegative = std::exchange(m_isNegative, false);
+    return isNegative && control != nullptr && control->actions.IsInUse()
+               ? control->Refuse(kBlockRefused, "a feed, a speed or a tool is below 0")
+               : 0;
 }
 
 bool TechnologyCommand::TakeWords(char* line) {
@@ -20,6 +36,7 @@ bool TechnologyCommand::TakeWords(char* line) {
         return false;
     }
     m_valueWord->SetNCLineStatus(FALSE);
+    m_isNegative = m_valueWord->GetValue() < 0.0;
     keepValue(m_valueWord->GetValue());
     return true;
 }

@@ -33,6 +33,9 @@ protected:
     [[nodiscard]] MachineStatus& status() const noexcept { return *m_status; }
     [[nodiscard]] Parameter* valueWord() const noexcept { return m_valueWord; }
 
+    /// Refuses a value below 0, where the control does. Returns 0 or the code.
+    int checkValue();
+
 private:
     virtual void keepValue(double /*value*/) noexcept {}
     /// Whether a value without the command's own word is a reason to act.
@@ -40,4 +43,5 @@ private:
 
     MachineStatus* m_status;
     Parameter* m_valueWord = nullptr;
+    bool m_isNegative = false; // the value taken last
 };

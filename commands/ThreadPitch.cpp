@@ -21,6 +21,7 @@ void ThreadPitch::Take(char* line) {
     const Parameter* const feed = control.words.feed;
     if (feed != nullptr && std::string_view(word->GetSyntaxString()) == feed->GetSyntaxString()) {
         control.pitch = m_pitch;
+        control.pitchIsOfBlock = true;
     }
 }
 

@@ -11,6 +11,9 @@ int ZeroSystemCommand::Act() {
         zeros.StartIn(m_index);
         return 0;
     }
+    if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
     control().Recoordinate([&] { zeros.Use(m_index); });
     if (!zeros.IsKnown(m_index)) {
         control().Status().Note(BlockNote::kUnknownOrigin);

@@ -306,6 +306,11 @@ int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
             return code;
         }
     }
+    if (Control* const control = status.GetControl()) {
+        if (const int code = control->CheckAddresses(block.Rest()); code != 0) {
+            return code;
+        }
+    }
     const int code = commands.scanNC(block);
     return code != 0 ? code : computeBlock();
 }

@@ -1,6 +1,7 @@
 #include "paramfile/keys.h"
 
 #include "commands/Control.h"
+#include "commands/PlaneCommand.h"
 #include "commands/StateCommand.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
@@ -27,8 +28,7 @@ template<Plane Value>
 int plane(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     Control& control = builder.GetStages();
     control.computesArcs = true;
-    return builder.AddCode<StateCommand>(value, ActionKind::kPlane, control,
-                                         [](Control& c) { c.plane = Value; });
+    return builder.AddCode<PlaneCommand>(value, ActionKind::kPlane, control, Value);
 }
 
 template<bool IsAbsolute>

@@ -38,7 +38,10 @@ int change(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
 
 void stop(Control& control) { control.writer->WriteStop(false); }
 void stopOptionally(Control& control) { control.writer->WriteStop(true); }
-void endCompensation(Control& control) { control.writer->WriteCompensationOff(); }
+void endCompensation(Control& control) {
+    control.isCompensated = false;
+    control.writer->WriteCompensationOff();
+}
 
 int mist(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddMember<CoolantMist>(value, ActionKind::kCoolant, ModalGroup::kCoolant,

@@ -156,6 +156,13 @@ bool HashGrammar::addFollowing(const BlockWord& code, std::vector<BlockWord> wor
     if (!part.firstNumber || !part.lastNumber) {
         return fail(cursor, "the numbers of the first and of the last block are missing");
     }
+    constexpr std::string_view kAxes = "XYZUVW";
+    if (std::ranges::any_of(words, [&](const BlockWord& word) {
+            return word.letters.size() == 1 &&
+                   kAxes.find(word.letters.front()) != std::string_view::npos;
+        })) {
+        return fail(cursor, "a code that follows blocks has no place of its own");
+    }
     addWords(words, line);
     line.statements.emplace_back(std::move(part));
     addWords({code}, line);

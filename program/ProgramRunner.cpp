@@ -361,10 +361,20 @@ ProgramRunner::Step ProgramRunner::jump(const JumpTarget& target,
                               : "there is no label " + target.label);
     }
     while (top().isPart && (*found < top().first || *found >= top().end)) {
-        pop();
+        if (!leavePart()) {
+            return Step::kFailed;
+        }
     }
     goTo(*found);
     return Step::kGoOn;
+}
+
+bool ProgramRunner::leavePart() {
+    if (top().isBound) {
+        return fail(kWordNotConverted, "the program leaves the blocks that a code follows");
+    }
+    pop();
+    return true;
 }
 
 ProgramRunner::Step ProgramRunner::missing(std::string text) {
@@ -793,7 +803,7 @@ bool ProgramRunner::locateByNumbers(const RepeatStatement& statement, Level& lev
     level.file = top().file;
     level.first = level.line = *lines[0];
     level.end = *lines[1] + 1;
-    level.isPart = true;
+    level.isPart = level.isBound = true;
     return true;
 }
 
@@ -832,7 +842,9 @@ ProgramRunner::Step ProgramRunner::execute(const ReturnStatement& statement) {
         return Step::kFailed;
     }
     while (top().isPart) {
-        pop();
+        if (!leavePart()) {
+            return Step::kFailed;
+        }
     }
     if (m_levels.size() == 1 && statement.needsCall) {
         return missing("there is no subprogram to return from");

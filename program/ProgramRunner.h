@@ -68,7 +68,8 @@ private:
         long line = 0;  // executed next
         std::size_t statement = 0;
         long passes = 1;
-        bool isPart = false; // of the level below: a return leaves that one, too
+        bool isPart = false;  // of the level below: a return leaves that one, too
+        bool isBound = false; // a part that is left at its end only
         bool hasLocals = false;
         bool isModal = false;
         std::vector<Value> arguments; // by place; vacant ones were left out
@@ -124,6 +125,7 @@ private:
     [[nodiscard]] bool fix(std::optional<Expression>& expression);
     [[nodiscard]] bool push(Level level);
     void pop();
+    [[nodiscard]] bool leavePart();
     void endPass();
 
     [[nodiscard]] bool evaluate(const Expression& expression, Value& value);

@@ -3,6 +3,7 @@
 #include "driver/Controller.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace {
@@ -18,10 +19,22 @@ constexpr Switch kSwitches[] = {
     {"--quiet", &FrontEndOptions::quiet, "--quiet takes no value"},
     {"--strict", &FrontEndOptions::strict, "--strict takes no value"},
     {"--skip-blocks", &FrontEndOptions::skipBlocks, "--skip-blocks takes no value"},
+    {"--whole", &FrontEndOptions::whole, "--whole takes no value"},
+    {"--resume", &FrontEndOptions::resume, "--resume takes no value"},
 };
 
-constexpr std::string_view kReport = "--report";
-constexpr const char* kReportNeedsName = "--report needs the name of a file as its own argument";
+struct ValuedOption {
+    std::string_view text;
+    const char* FrontEndOptions::*value;
+    const char* valueError;
+};
+
+constexpr ValuedOption kValuedOptions[] = {
+    {"--report", &FrontEndOptions::report, "--report needs the name of a file as its own argument"},
+    {"--into", &FrontEndOptions::into, "--into needs the name of a folder as its own argument"},
+    {"--jobs", &FrontEndOptions::jobs, "--jobs needs a number as its own argument"},
+};
+
 constexpr std::string_view kSubprograms = "--subprograms";
 constexpr const char* kSubprogramsNeedName =
     "--subprograms needs the name of a folder as its own argument";
@@ -45,6 +58,14 @@ bool readSwitch(std::string_view argument, FrontEndOptions& options) noexcept {
     return false;
 }
 
+// The row of `argument`, with or without "=" behind it; null when there is none.
+const ValuedOption* findValuedOption(std::string_view argument) noexcept {
+    const auto* const row = std::ranges::find_if(kValuedOptions, [&](const ValuedOption& option) {
+        return argument == option.text || isAssignment(argument, option.text);
+    });
+    return row == std::end(kValuedOptions) ? nullptr : row;
+}
+
 } // namespace
 
 FrontEndOptions readFrontEndOptions(int argc, char** argv) {
@@ -59,13 +80,13 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
             if (i + 1 < argc) {
                 options.arguments.push_back(argv[++i]);
             }
-        } else if (argument == kReport) {
-            options.report = i + 1 < argc ? argv[++i] : "";
-            if (*options.report == '\0') {
-                options.usageError = kReportNeedsName;
+        } else if (const ValuedOption* const row = findValuedOption(argument)) {
+            const bool hasValue = argument == row->text && i + 1 < argc && *argv[i + 1] != '\0';
+            if (hasValue) {
+                options.*row->value = argv[++i];
+            } else {
+                options.usageError = row->valueError;
             }
-        } else if (isAssignment(argument, kReport)) {
-            options.usageError = kReportNeedsName;
         } else if (argument == kSubprograms) {
             options.subprograms.emplace_back(i + 1 < argc ? argv[++i] : "");
             if (options.subprograms.back().empty()) {
@@ -80,6 +101,10 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
     options.arguments.push_back(nullptr);
     if (options.usageError == nullptr && options.summary && options.quiet) {
         options.usageError = "--summary and --quiet exclude each other";
+    }
+    if (options.usageError == nullptr && options.into == nullptr &&
+        (options.resume || options.jobs != nullptr)) {
+        options.usageError = "--resume and --jobs need --into FOLDER";
     }
     return options;
 }

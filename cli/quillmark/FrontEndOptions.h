@@ -9,7 +9,11 @@ struct FrontEndOptions {
     bool quiet = false;
     bool strict = false;
     bool skipBlocks = false;
+    bool whole = false;                   ///< results get their names when they are whole
+    bool resume = false;                  ///< of a batch: what is there and newer stays
     const char* report = nullptr;         ///< name of the report file; null for none
+    const char* into = nullptr;           ///< folder for the results of a batch; null for none
+    const char* jobs = nullptr;           ///< as given; null for one for each processor
     std::vector<std::string> subprograms; ///< folders in which subprograms are looked for
 
     /// What is wrong with the options, for a message; null when nothing is.

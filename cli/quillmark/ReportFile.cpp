@@ -12,7 +12,7 @@ const char* ReportFile::Open(const char* name, std::span<const Other> others) no
     const bool isNew = lstat(name, &before) != 0 && errno == ENOENT;
     // Appending leaves the file as it is until it is known not to be another file of the run. It
     // exists from here on, so names of files that are yet to be made compare as well.
-    m_file.reset(std::fopen(name, "a"));
+    m_file.reset(std::fopen(name, "ae"));
     if (m_file == nullptr) {
         return std::strerror(errno);
     }

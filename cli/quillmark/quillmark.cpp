@@ -1,6 +1,9 @@
 // The command line front end: a thin shell around Controller::run.
 
+#include "cli/quillmark/BatchOptions.h"
+#include "cli/quillmark/BatchRun.h"
 #include "cli/quillmark/FrontEndOptions.h"
+#include "cli/quillmark/PartFile.h"
 #include "cli/quillmark/ReportFile.h"
 #include "cli/quillmark/RunResult.h"
 #include "cli/quillmark/exitStatus.h"
@@ -12,6 +15,7 @@
 #include "cli/shared/errorLine.h"
 #include "cli/shared/flushStandardOutput.h"
 #include "cli/shared/movementCommands.h"
+#include "cli/shared/printText.h"
 #include "cli/shared/versionText.h"
 #include "driver/Controller.h"
 #include "driver/StandardDescriptors.h"
@@ -54,6 +58,9 @@ class Run {
 public:
     explicit Run(FrontEndOptions options) : m_options(std::move(options)) {
         m_result.files = filesOf(m_controller, m_options);
+        if (m_options.whole) {
+            writeToParts();
+        }
         if (m_options.skipBlocks) {
             m_controller.SkipMarkedBlocks();
         }
@@ -80,13 +87,48 @@ public:
                 tellFailure(code);
             }
         }
+        if (m_result.exitStatus == 0 && m_options.whole) {
+            m_result.files = m_wholeFiles;
+        }
         if (!writeReportFile() && code == 0) {
+            m_result.exitStatus = kExitUsage;
+        }
+        // The output comes last: where it has its name, log and report have theirs.
+        if (m_result.exitStatus == 0 && !(hasItsName(m_log) && hasItsName(m_output))) {
             m_result.exitStatus = kExitUsage;
         }
         return *m_result.exitStatus;
     }
 
 private:
+    // From here on the results of the run are the parts, until they are whole.
+    void writeToParts() {
+        m_wholeFiles = m_result.files;
+        const char* const inputs[] = {m_wholeFiles.parameter, m_wholeFiles.nc};
+        m_output.Choose(m_wholeFiles.output, inputs);
+        m_log.Choose(m_wholeFiles.log, inputs);
+        m_report.Choose(m_options.report, inputs);
+        for (char*& argument : m_options.arguments) {
+            if (argument != nullptr && argument == m_wholeFiles.output) {
+                argument = m_output.Name();
+            } else if (argument != nullptr && argument == m_wholeFiles.log) {
+                argument = m_log.Name();
+            }
+        }
+        m_result.files = filesOf(m_controller, m_options);
+        m_options.report = m_report.Name();
+    }
+
+    static bool hasItsName(const PartFile& part) noexcept {
+        const char* const reason = part.GiveName();
+        if (reason != nullptr) {
+            std::fputs("quillmark: cannot rename '", stderr);
+            printText(stderr, part.Name());
+            std::fprintf(stderr, "': %s\n", reason);
+        }
+        return reason == nullptr;
+    }
+
     bool openReportFile() noexcept {
         if (m_options.report == nullptr) {
             return true;
@@ -105,7 +147,7 @@ private:
             return true;
         }
         writeJsonReport(m_reportFile.get(), m_controller, m_result);
-        return !failsWith(m_reportFile.Close());
+        return !failsWith(m_reportFile.Close()) && hasItsName(m_report);
     }
 
     bool failsWith(const char* reason) const noexcept {
@@ -174,6 +216,10 @@ private:
     FrontEndOptions m_options;
     RunResult m_result;
     ReportFile m_reportFile;
+    ConversionFiles m_wholeFiles; // as on the command line; only with --whole
+    PartFile m_output;
+    PartFile m_log;
+    PartFile m_report;
     std::chrono::steady_clock::time_point m_begin;
 };
 
@@ -188,6 +234,10 @@ int main(int argc, char** argv, char** envp) try {
     if (options.usageError != nullptr) {
         std::fprintf(stderr, "quillmark: %s\n", options.usageError);
         return kExitUsage;
+    }
+    if (options.into != nullptr) {
+        const BatchOptions batch = readBatchOptions(options);
+        return batch.error.empty() ? BatchRun(batch).Execute() : tellBatchError(batch);
     }
     return Run(std::move(options)).Execute(envp);
 } catch (const std::bad_alloc&) {

@@ -77,7 +77,7 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kUnknownOrigin, "unknown_origins", "work offsets whose origin is unknown",
      "the positions count from the zero of the first blocks", true},
     {Oddity::kUnknownPlace, "unknown_machine_places",
-     "warning: ways to places of the machine, of which the file does not say where they lie,",
+     "warning: ways to places of the machine that the parameter file does not tell",
      "REV_MACHINE_ZERO says where machine zero lies"},
     {Oddity::kHeldRapid, "held_rapids", "rapid movements at the end to an axis that is unknown",
      "nothing was written for them"},

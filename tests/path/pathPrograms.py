@@ -56,8 +56,6 @@ class Writer:
                 self.wrong()
             else:
                 self.something()
-        if self.compensated:
-            self.put(["G40"])
         self.blocks.append([rng.choice(["M2", "M30"])])
         return self.blocks
 
@@ -193,7 +191,7 @@ class Writer:
         if self.chance(0.08):
             self.absolute = not self.absolute
             words.append("G90" if self.absolute else "G91")
-        if self.chance(0.02) and not self.turned:
+        if self.chance(0.02) and not self.turned and not self.compensated:
             words += [f"T{self.rng.randrange(1, 4)}", "M6"]
             self.turning = None
         if self.chance(0.04):
@@ -334,10 +332,15 @@ class Writer:
         self.put(words)
 
     def compensation(self):
-        if self.compensated or self.plane != "G17":
+        """A stretch of what can be under it."""
+        if self.plane != "G17":
             return
         self.compensated = True
         self.put([self.rng.choice(["G41", "G42"]), "D1"])
+        for _ in range(self.rng.randrange(6)):
+            self.rng.choice([self.straight, self.arc] if "arcs" in self.subjects else [self.straight])()
+        self.compensated = False
+        self.put(["G40"])
 
     def thread(self):
         if self.turning not in ("M3", "M4"):
@@ -374,7 +377,7 @@ class Writer:
 
     def arc_modes(self):
         words = []
-        if "planes" in self.subjects and self.chance(0.08):
+        if not self.compensated and "planes" in self.subjects and self.chance(0.08):
             self.plane = self.rng.choice(list(PLANES))
             words.append(self.plane)
         if self.chance(0.06):
