@@ -1,6 +1,6 @@
 #include "cli/quillmark/writeBatchReport.h"
 
-#include "cli/quillmark/JsonWriter.h"
+#include "cli/shared/JsonWriter.h"
 
 #include <algorithm>
 
