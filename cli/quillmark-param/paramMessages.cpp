@@ -1,6 +1,7 @@
 #include "cli/quillmark-param/paramMessages.h"
 
 #include "cli/shared/fileError.h"
+#include "cli/shared/printText.h"
 
 #include <cstdio>
 
@@ -10,6 +11,7 @@ int failWith(const char* name, std::string_view text) {
 }
 
 void warnOf(const char* name, std::string_view text) {
-    std::fprintf(stderr, "quillmark-param: warning: '%s': %.*s\n", name,
-                 static_cast<int>(text.size()), text.data());
+    std::fputs("quillmark-param: warning: '", stderr);
+    printText(stderr, name);
+    std::fprintf(stderr, "': %.*s\n", static_cast<int>(text.size()), text.data());
 }

@@ -59,6 +59,8 @@ void printHelp() noexcept {
     }
     (void)std::fputs("\n"
                      "  -           as IN is standard input, as OUT standard output\n"
+                     "  NAME        as IN is also a dialect of quillmark --dialects, when no file\n"
+                     "              has that name\n"
                      "  --help      this text, as the only argument\n"
                      "  --version   version and banner, as the only argument\n"
                      "\n"

@@ -1,5 +1,7 @@
 #include "cli/quillmark/BatchJob.h"
 
+#include "cli/quillmark/exitStatus.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <spawn.h>
@@ -102,8 +104,8 @@ void BatchJob::takeEnd(int stopSignal) noexcept {
     BatchResult& result = *m_result;
     result.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     result.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
-    const bool isStopped = stopSignal != 0 && (statusOf(result) == 128 + stopSignal ||
-                                               statusOf(result) == 128 + SIGKILL);
+    const bool isStopped = stopSignal != 0 && (statusOf(result) == kExitSignal + stopSignal ||
+                                               statusOf(result) == kExitSignal + SIGKILL);
     const bool isConverted = statusOf(result) == 0;
     result.outcome = isConverted ? BatchOutcome::kConverted
                      : isStopped ? BatchOutcome::kStopped

@@ -1,7 +1,6 @@
 #include "cli/quillmark/BatchOptions.h"
 
-#include "driver/Controller.h"
-
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include <sched.h>
 #include <set>
 #include <string_view>
+#include <strings.h>
 #include <sys/stat.h>
 
 namespace {
@@ -62,7 +62,7 @@ BatchProgram programOf(const char* nc, const std::filesystem::path& folder) {
     return {nc, stem + ".apt", stem + ".log", stem + ".json"};
 }
 
-void readArgument(std::string_view argument, BatchOptions& batch) {
+void readProgram(std::string_view argument, BatchOptions& batch) {
     const std::string text(argument);
     if (argument.starts_with('-')) {
         batch.error = "'" + text +
@@ -76,27 +76,23 @@ void readArgument(std::string_view argument, BatchOptions& batch) {
     }
 }
 
-// What is neither an option of the front end nor one of the conversion is a program.
-void readArguments(FrontEndOptions& options, BatchOptions& batch) {
-    for (std::size_t i = 1; i + 1 < options.arguments.size(); ++i) {
-        if (Controller::TakesValue(options.arguments[i])) {
-            ++i;
+// Of the options of the conversion, a batch takes the parameter file alone.
+void readArguments(const FrontEndOptions& options, BatchOptions& batch) {
+    for (const char* const stray : options.strays) {
+        readProgram(stray, batch);
+    }
+    bool takesOthers = false;
+    for (std::size_t i = 1; i + 1 < options.arguments.size(); i += 2) {
+        if (strcasecmp(options.arguments[i], "-p") == 0) {
+            batch.parameter = options.arguments[i + 1];
         } else {
-            readArgument(options.arguments[i], batch);
+            takesOthers = true;
         }
     }
-    char* parameter = nullptr;
-    char* nc = nullptr;
-    char* log = nullptr;
-    char* output = nullptr;
-    eOutputType type = eOutputAPT;
-    (void)Controller().ScanParameters(options.ArgumentCount(), options.arguments.data(), parameter,
-                                      nc, log, output, type);
-    batch.parameter = parameter;
-    if (nc != nullptr || log != nullptr || output != nullptr || type != eOutputAPT) {
+    if (takesOthers) {
         batch.error = "with --into, programs stand by themselves and their results get names from "
                       "them: -nc, -of, -l and -ot do not go together with it";
-    } else if (parameter == nullptr) {
+    } else if (batch.parameter == nullptr) {
         batch.error = "--into needs a parameter file: -p paramfile";
     } else if (batch.programs.empty() && batch.error.empty()) {
         batch.error = "--into needs the names of programs";
@@ -149,7 +145,7 @@ void refuseInputsAsResults(BatchOptions& batch) {
 
 } // namespace
 
-BatchOptions readBatchOptions(FrontEndOptions& options) {
+BatchOptions readBatchOptions(const FrontEndOptions& options) {
     BatchOptions batch;
     batch.folder = options.into;
     batch.resume = options.resume;

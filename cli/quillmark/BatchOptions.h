@@ -15,7 +15,7 @@ struct BatchProgram {
 
 /// What a batch is to do: many programs of one dialect, each in a process of its own.
 struct BatchOptions {
-    const char* parameter = nullptr;
+    const char* parameter = nullptr; ///< a file, a dialect by name, or "-"
     std::string folder;              ///< of all results
     int jobs = 1;                    ///< how many programs at once
     bool resume = false;             ///< results that are there and newer stay
@@ -30,4 +30,4 @@ struct BatchOptions {
 
 /// Takes what `options`, which name a folder, want of a batch. Nothing is opened or made; the
 /// programs need not exist. No two programs share a name of a result, and no result is an input.
-[[nodiscard]] BatchOptions readBatchOptions(FrontEndOptions& options);
+[[nodiscard]] BatchOptions readBatchOptions(const FrontEndOptions& options);

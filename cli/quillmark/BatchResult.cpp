@@ -10,7 +10,7 @@ int statusOf(const BatchResult& result) noexcept {
     if (result.startError != 0) {
         return kExitUsage;
     }
-    return result.signal != 0 ? 128 + result.signal : result.exitStatus;
+    return result.signal != 0 ? kExitSignal + result.signal : result.exitStatus;
 }
 
 int severityOf(const BatchResult& result) noexcept {

@@ -3,10 +3,13 @@
 #include "cli/quillmark/exitStatus.h"
 #include "cli/quillmark/writeBatchReport.h"
 #include "cli/shared/errorLine.h"
+#include "cli/shared/printDialects.h"
 #include "cli/shared/printText.h"
 #include "driver/Controller.h"
+#include "driver/returnCodes.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <sys/stat.h>
@@ -54,13 +57,19 @@ int BatchRun::Execute() {
 }
 
 // What is wrong with it would be told by every job, so an empty program is converted first.
-int BatchRun::readParameterFile() const {
+int BatchRun::readParameterFile() {
     Controller controller;
-    const int code =
-        controller.execute(m_options.parameter, "/dev/null", "/dev/null", nullptr, eOutputAPT);
+    int code = m_inputs.Test(controller);
+    if (code == 0) {
+        code = controller.execute(m_inputs.OpenedParameterName(), "/dev/null", "/dev/null", nullptr,
+                                  eOutputAPT);
+    }
     if (code != 0) {
-        printErrorLine(stderr, "quillmark", code, {.parameter = m_options.parameter},
+        printErrorLine(stderr, "quillmark", code, {.parameter = m_inputs.ParameterName()},
                        controller.LastFailure());
+        if (code == kParameterFileUnreadable && controller.LastFailure().systemError == ENOENT) {
+            printNearestDialect(stderr, "quillmark", m_options.parameter);
+        }
     }
     return code;
 }
@@ -83,7 +92,7 @@ bool BatchRun::openReport() {
     if (m_options.report == nullptr) {
         return true;
     }
-    std::vector<ReportFile::Other> others{{m_options.parameter, "it is an input of this run"}};
+    std::vector<ReportFile::Other> others{{m_inputs.ParameterName(), "it is an input of this run"}};
     for (const BatchProgram& program : m_options.programs) {
         others.push_back({program.nc.c_str(), "it is an input of this run"});
         for (const std::string* const name : {&program.output, &program.log, &program.report}) {
@@ -103,8 +112,9 @@ bool BatchRun::writeReport(int exitStatus) {
 
 bool BatchRun::canWriteReport(const char* reason) const noexcept {
     if (reason != nullptr) {
-        std::fprintf(stderr, "quillmark: cannot write report file '%s': %s\n", m_options.report,
-                     reason);
+        std::fputs("quillmark: cannot write report file ", stderr);
+        printQuoted(m_options.report);
+        std::fprintf(stderr, ": %s\n", reason);
     }
     return reason == nullptr;
 }
@@ -125,9 +135,11 @@ void BatchRun::startJob(std::size_t number) {
         result.outcome = BatchOutcome::kLeftAlone;
         return;
     }
-    std::vector<std::string> arguments{"quillmark", "-p",       m_options.parameter, "-nc",
-                                       program.nc,  "-of",      program.output,      "-l",
-                                       program.log, "--report", program.report};
+    std::vector<std::string> arguments{
+        "quillmark",    "-p",          m_inputs.OpenedParameterName(),
+        "-nc",          program.nc,    "-of",
+        program.output, "-l",          program.log,
+        "--report",     program.report};
     arguments.insert(arguments.end(), m_options.passed.begin(), m_options.passed.end());
     BatchJob job(arguments, m_signals.MaskBefore(), result);
     if (job.IsRunning()) {
@@ -140,8 +152,8 @@ bool BatchRun::isUpToDate(const BatchProgram& program) const {
     struct stat nc {};
     struct stat parameter {};
     return stat(program.output.c_str(), &output) == 0 && stat(program.nc.c_str(), &nc) == 0 &&
-           stat(m_options.parameter, &parameter) == 0 && isBefore(nc.st_mtim, output.st_mtim) &&
-           isBefore(parameter.st_mtim, output.st_mtim);
+           stat(m_inputs.OpenedParameterName(), &parameter) == 0 &&
+           isBefore(nc.st_mtim, output.st_mtim) && isBefore(parameter.st_mtim, output.st_mtim);
 }
 
 void BatchRun::waitForJobs() {
@@ -248,7 +260,7 @@ long BatchRun::countOf(BatchOutcome outcome) const noexcept {
 
 int BatchRun::exitStatus() const noexcept {
     if (m_signals.First() != 0) {
-        return 128 + m_signals.First();
+        return kExitSignal + m_signals.First();
     }
     return statusOf(*std::ranges::max_element(m_results, {}, severityOf));
 }

@@ -3,6 +3,7 @@
 #include "cli/quillmark/BatchJob.h"
 #include "cli/quillmark/BatchOptions.h"
 #include "cli/quillmark/BatchResult.h"
+#include "cli/quillmark/InputFiles.h"
 #include "cli/quillmark/ReportFile.h"
 #include "cli/quillmark/StopSignals.h"
 
@@ -14,14 +15,15 @@
 class BatchRun {
 public:
     /// `options` have no error and outlive the run.
-    explicit BatchRun(const BatchOptions& options) : m_options(options) {}
+    explicit BatchRun(const BatchOptions& options)
+        : m_options(options), m_inputs(options.parameter, "/dev/null") {}
     /// Returns the exit status: that of the worst program, the first of these; 128 and the number
     /// of the signal after being told to stop; 2 when folder or report cannot be written; that of
     /// the conversion's code when the parameter file cannot be read.
     [[nodiscard]] int Execute();
 
 private:
-    [[nodiscard]] int readParameterFile() const;
+    [[nodiscard]] int readParameterFile();
     [[nodiscard]] bool makeFolder() const;
     [[nodiscard]] bool openReport();
     [[nodiscard]] bool writeReport(int exitStatus);
@@ -42,6 +44,7 @@ private:
     [[nodiscard]] int exitStatus() const noexcept;
 
     const BatchOptions& m_options;
+    InputFiles m_inputs; // the parameter file, and an empty program
     StopSignals m_signals;
     ReportFile m_report;
     std::vector<BatchResult> m_results; // of the programs, in their order

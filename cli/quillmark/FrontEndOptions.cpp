@@ -1,10 +1,13 @@
 #include "cli/quillmark/FrontEndOptions.h"
 
+#include "cli/shared/nearestName.h"
 #include "driver/Controller.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <strings.h>
+#include <utility>
 
 namespace {
 
@@ -43,6 +46,11 @@ bool isAssignment(std::string_view argument, std::string_view option) noexcept {
     return argument.starts_with(option) && argument.substr(option.size()).starts_with('=');
 }
 
+// Options of the conversion may be spelled in small and capital letters.
+bool isSpelling(const char* argument, const char* option) noexcept {
+    return strcasecmp(argument, option) == 0;
+}
+
 // Whether `argument` belongs to the front end; then it has had its effect.
 bool readSwitch(std::string_view argument, FrontEndOptions& options) noexcept {
     for (const Switch& row : kSwitches) {
@@ -66,6 +74,45 @@ const ValuedOption* findValuedOption(std::string_view argument) noexcept {
     return row == std::end(kValuedOptions) ? nullptr : row;
 }
 
+// For the value of -ot; the names of the kinds are those that the conversion knows.
+void judgeOutputType(const char* value, FrontEndOptions& options) {
+    constexpr std::string_view kTypes[] = {"APT", "TOOLPATH"};
+    if (value == nullptr || std::ranges::find(kTypes, value) != std::end(kTypes)) {
+        return;
+    }
+    const std::string_view nearest = nearestName(value, kTypes);
+    options.warnings.push_back(
+        "kind of output '" + std::string(value) + "' is passed over; " +
+        (nearest.empty() ? "the only kind is APT" : "the nearest is " + std::string(nearest)));
+}
+
+std::string describeOption(std::string_view argument) {
+    constexpr std::string_view kQuestions[] = {"--dialects", "--help", "--version", "-h"};
+    constexpr std::string_view kOptions[] = {
+        "-l",         "-nc",       "-of",           "-ot",      "-p",
+        "--dialects", "--help",    "--into",        "--jobs",   "--quiet",
+        "--report",   "--resume",  "--skip-blocks", "--strict", "--subprograms",
+        "--summary",  "--version", "--whole"};
+    const std::string name(argument.substr(0, argument.find('=')));
+    if (std::ranges::find(kQuestions, argument) != std::end(kQuestions)) {
+        return "'" + name + "' is passed over: it stands alone";
+    }
+    const std::string_view nearest = nearestName(name, kOptions);
+    return "unknown option '" + name + "' is passed over; " +
+           (nearest.empty() ? "'quillmark --help' lists the options"
+                            : "the nearest is '" + std::string(nearest) + "'");
+}
+
+// For an argument that nothing takes; `before` is the option that took the one in front of it.
+std::string describeStray(std::string_view argument, const char* before) {
+    if (argument.size() > 1 && argument[0] == '-') {
+        return describeOption(argument);
+    }
+    return "'" + std::string(argument) + "' is passed over: " +
+           (before != nullptr && isSpelling(before, "-nc") ? "-nc takes one program"
+                                                           : "no option takes it");
+}
+
 } // namespace
 
 FrontEndOptions readFrontEndOptions(int argc, char** argv) {
@@ -73,12 +120,18 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
     if (argc > 0) {
         options.arguments.push_back(argv[0]);
     }
+    const char* before = nullptr;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
+        const char* const optionBefore = std::exchange(before, nullptr);
         if (Controller::TakesValue(argv[i])) {
+            before = argv[i];
             options.arguments.push_back(argv[i]);
             if (i + 1 < argc) {
                 options.arguments.push_back(argv[++i]);
+            }
+            if (isSpelling(before, "-ot")) {
+                judgeOutputType(argv[i] == before ? nullptr : argv[i], options);
             }
         } else if (const ValuedOption* const row = findValuedOption(argument)) {
             const bool hasValue = argument == row->text && i + 1 < argc && *argv[i + 1] != '\0';
@@ -95,7 +148,8 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
         } else if (isAssignment(argument, kSubprograms)) {
             options.usageError = kSubprogramsNeedName;
         } else if (!readSwitch(argument, options)) {
-            options.arguments.push_back(argv[i]);
+            options.strays.push_back(argv[i]);
+            options.warnings.push_back(describeStray(argument, optionBefore));
         }
     }
     options.arguments.push_back(nullptr);

@@ -18,6 +18,10 @@ struct FrontEndOptions {
 
     /// What is wrong with the options, for a message; null when nothing is.
     const char* usageError = nullptr;
+    /// What is passed over without effect, and likely was meant: a line for each.
+    std::vector<std::string> warnings;
+    /// The arguments that no option takes: the programs of a batch.
+    std::vector<const char*> strays;
     /// The program's name and the arguments of Controller::run, with a null behind them.
     std::vector<char*> arguments;
 

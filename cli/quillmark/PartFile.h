@@ -8,8 +8,8 @@
 class PartFile {
 public:
     /// Takes the name of the result, which may be null. A link stays: its target is what is
-    /// replaced. What cannot be replaced (a pipe, a terminal, a folder) and what must not be (one
-    /// of `inputs`, which may be null) is left as it is, and to be written itself.
+    /// replaced. What cannot be replaced ("-", a pipe, a terminal, a folder) and what must not be
+    /// (one of `inputs`, which may be null) is left as it is, and to be written itself.
     void Choose(const char* name, std::span<const char* const> inputs);
     /// The name to be written to; null when no result was chosen.
     [[nodiscard]] char* Name() noexcept { return m_isChosen ? m_part.data() : nullptr; }

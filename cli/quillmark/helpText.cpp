@@ -7,6 +7,8 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
     (void)std::fputs(
         "\n"
         "Options may also be spelled -P; -Nc, -nC, -NC; -Of, -oF, -OF; -L. Further ones:\n"
+        "  -p NAME     also takes a dialect of --dialects, when no file has that name.\n"
+        "  -           is standard input for -nc and -p, standard output for -of, -l, --report.\n"
         "  -ot APT     kind of output; APT is the default and the only kind.\n"
         "              Also -Ot, -oT, -OT.\n"
         "  --summary   figures on standard error: blocks read, statements by kind, seconds,\n"
@@ -21,7 +23,9 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
         "              writes what was not understood, the warnings and the figures as JSON.\n"
         "  --whole     writes to NAME.part; output and log take their names when the exit\n"
         "              status is 0, so a run that fails leaves the last ones.\n"
-        "  --help      this text, as the only argument.\n"
+        "  --dialects  the dialects that are ready to use, as the only argument;\n"
+        "              QUILLMARK_DIALECTS names a folder of others.\n"
+        "  --help, -h  this text, as the only argument.\n"
         "  --version   version and banner, as the only argument.\n"
         "\n"
         "Several programs in one run, each in a process of its own:\n"
@@ -34,6 +38,7 @@ void printHelp(std::FILE* stream, const char* usage) noexcept {
         "The exit status is that of the worst program.\n"
         "\n"
         "Exit status 2: an option with two dashes is used wrongly, or its file cannot be written.\n"
+        "129, 130, 143: SIGHUP, SIGINT or SIGTERM stopped the conversion behind a block.\n"
         "\n"
         "Return codes (the shell sees the low 8 bits):\n"
         "      0  success\n",

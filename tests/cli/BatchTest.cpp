@@ -57,7 +57,7 @@ quillmark: unrecognised text in 1 of 2 blocks
 quillmark: 5 programs: 3 converted, 2 failed
 )");
     EXPECT_EQ(results(), "arc.apt.part arc.json arc.log.part good.apt good.json good.log late.apt "
-                         "late.json late.log missing.apt.part missing.json missing.log.part "
+                         "late.json late.log missing.json "
                          "word.apt word.json word.log\n");
     EXPECT_EQ(read("out/good.apt"), goTo(1, 0, 0));
     EXPECT_THAT(read("out/word.log"), EndsWith("\nG1 X2\n" + goTo(2, 0, 0) + "\nG77\n"));
@@ -115,6 +115,8 @@ TEST_F(Batch, PassesOptionsToEveryProgram) {
     m_folder.write("call.nc", "o<drill> call\n/X8\n");
     EXPECT_EQ(batch("--subprograms subs call.nc --skip-blocks --summary good.nc").status, 0);
     EXPECT_EQ(read("out/call.apt"), goTo(7, 0, 0));
+    EXPECT_EQ(shell("quillmark -p - --into out good.nc word.nc --quiet <a.pp").status, 0);
+    EXPECT_EQ(read("out/word.apt"), goTo(2, 0, 0));
     EXPECT_THAT(batch("--summary good.nc").err,
                 StartsWith("quillmark: 'good.nc':\nquillmark: blocks read: 1\n"));
 }
@@ -184,6 +186,7 @@ TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
 -p a.pp --into=out good.nc|2|--into needs the name of a folder as its own argument
 -p a.pp -nc good.nc -of o --resume|2|--resume and --jobs need --into FOLDER
 -p x.pp --into out good.nc word.nc|45|error 301: cannot open parameter file 'x.pp': No such file or directory
+-p good.nc --into out good.nc word.nc|50|error 306: cannot convert parameter file of the old format 'good.nc': it looks like an NC program
 -p short.pp --into out good.nc word.nc|46|error 302: unexpected end of parameter file 'short.pp': the file is empty, or its last key lacks the lines that belong to it)";
     const std::string before = shell("ls -AR | md5sum").out;
     for (const auto& [arguments, status, said] : rowsOf(table)) {

@@ -54,6 +54,17 @@ def places(value):
             yield from places(value[key])
 
 
+def stop_in_the_middle(dialect, report):
+    os.mkfifo("pipe.nc")
+    with subprocess.Popen([quillmark, "-p", dialect, "-nc", "pipe.nc", "-of", "o", "--report", report],
+                          stderr=subprocess.DEVNULL) as process:
+        with open("pipe.nc", "w", encoding="latin-1") as pipe:
+            pipe.write("G1 X1\n")
+            pipe.flush()
+            process.terminate()
+            process.wait()
+
+
 def check(name, schema, report):
     validator = jsonschema.Draft202012Validator(closed(schema))
     errors = [f"{name}: {list(error.path)}: {error.message}" for error in validator.iter_errors(report)]
@@ -86,6 +97,8 @@ def main():
         names = [f"{name}.nc" for name in PROGRAMS] + ["missing.nc"]
         reports = {"usage.json": "report"}
         subprocess.run([quillmark, "--report", "usage.json"], stderr=subprocess.DEVNULL, check=False)
+        stop_in_the_middle(f"{source}/{DIALECTS['lenient']}", "stopped.json")
+        reports["stopped.json"] = "report"
         for folder, dialect in DIALECTS.items():
             command = [quillmark, "-p", f"{source}/{dialect}", "--into", folder, "--quiet",
                        "--subprograms", "below", "--report", f"{folder}.json"]
@@ -98,7 +111,7 @@ def main():
             met |= {key for parent, key in places(report) if isinstance(key, str) and parent[key]}
             errors += check(name, schemas[schema], report)
     # What only some programs have was there.
-    for key in ("process_end", "failure", "file", "word", "rest", "warnings", "signal"):
+    for key in ("process_end", "failure", "file", "word", "rest", "warnings", "signal", "stopped"):
         if key not in met:
             errors.append(f"no report has '{key}'")
     print("\n".join(errors))
