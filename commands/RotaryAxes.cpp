@@ -102,6 +102,7 @@ void RotaryAxes::ForgetWords() noexcept {
     m_usedValues = {};
     m_aimsAtZero = {};
     m_vectorValues = {};
+    m_countsVectors.reset();
 }
 
 bool RotaryAxes::HasWords() const noexcept {

@@ -101,6 +101,10 @@ public:
     [[nodiscard]] gmVector3 ToolAxis() const { return m_vector ? *m_vector : Pose().ToolAxis(); }
     /// Whether the axes stand so that a position of the tip is none of the machine.
     [[nodiscard]] bool HidesMachine() const;
+    /// A code of the block at hand switches it: the block's words mean what they do then.
+    void AnnounceRtcp(bool isOn, bool takesVectors) noexcept {
+        m_countsVectors = isOn && (takesVectors || !hasVectorCode);
+    }
     /// The tip stays and its coordinates are computed anew.
     void SwitchRtcp(Control& control, bool isOn, bool takesVectors);
     /// Tool `number` is in the spindle.
@@ -108,7 +112,7 @@ public:
 
 private:
     [[nodiscard]] bool takesVectors() const noexcept {
-        return isRtcpOn && (m_takesVectors || !hasVectorCode);
+        return m_countsVectors.value_or(isRtcpOn && (m_takesVectors || !hasVectorCode));
     }
     [[nodiscard]] double targetOf(std::size_t axis, const RotaryWord& word,
                                   const Control& control) const;
@@ -124,6 +128,7 @@ private:
     RotaryValues m_usedValues;
     std::array<bool, 2> m_aimsAtZero = {};
     std::array<std::optional<double>, 3> m_vectorValues;
+    std::optional<bool> m_countsVectors; // as a code of the block says
     bool m_takesVectors = false;
     std::array<bool, 2> m_isLimitTold = {};
 };

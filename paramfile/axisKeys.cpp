@@ -3,7 +3,7 @@
 #include "commands/Control.h"
 #include "commands/InverseTime.h"
 #include "commands/Parameter.h"
-#include "commands/StateCommand.h"
+#include "commands/RtcpCommand.h"
 #include "driver/returnCodes.h"
 #include "paramfile/MachineSection.h"
 #include "paramfile/ModelBuilder.h"
@@ -55,9 +55,8 @@ int vectorAddress(ModelBuilder& builder, const KeyValue& value, int argument) {
 template<bool IsOn, bool TakesVectors>
 int rtcp(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     builder.GetRotary().hasVectorCode |= TakesVectors;
-    return builder.AddCode<StateCommand>(
-        value, ActionKind::kShift, builder.GetStages(),
-        [](Control& c) { c.rotary->SwitchRtcp(c, IsOn, TakesVectors); });
+    return builder.AddCode<RtcpCommand>(value, ActionKind::kShift, builder.GetStages(), IsOn,
+                                        TakesVectors);
 }
 
 int inverseTime(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
