@@ -265,6 +265,10 @@ public:
                 m_before.push_back(contestant);
             }
         }
+        const std::string view = m_quillmark + "-view";
+        if (access(view.c_str(), X_OK) == 0) {
+            m_view.push_back({"quillmark-view --measure", {view, m_partApt, "--measure"}, {}});
+        }
         if (rs274 != nullptr) {
             const std::string canon = m_work + "/part.canon";
             m_rs274.push_back({"rs274 -g", {rs274, "-g", part(), canon}, canon});
@@ -294,7 +298,7 @@ public:
                                              &m_limitOwnDigits, &m_loop, &m_written}) {
             printRow(*contestant, kPartBlocks);
         }
-        for (const auto& others : {m_before, m_rs274}) {
+        for (const auto& others : {m_before, m_view, m_rs274}) {
             for (const Contestant& contestant : others) {
                 printRow(contestant, kPartBlocks);
             }
@@ -367,6 +371,9 @@ private:
             for (Contestant& contestant : m_before) {
                 turns.emplace_back([this, &contestant] { runAndCompare(contestant, m_partApt); });
             }
+            for (Contestant& contestant : m_view) {
+                turns.emplace_back([this, &contestant] { run(contestant, m_work); });
+            }
         }
         turns.emplace_back([this] { runAndCompare(m_naive, m_partApt); });
         for (std::size_t k = 0; k < m_rs274.size(); ++k) {
@@ -405,6 +412,10 @@ private:
         if (!m_before.empty()) {
             printRatio("quillmark / quillmark before", m_plain, m_before[0], Bound::kAtMost, 1.03);
             printRatio("the same with log", m_logged, m_before[1], Bound::kAtMost, 1.03);
+        }
+        if (!m_view.empty()) {
+            printRatio("reading back and measuring / quillmark", m_view[0], m_plain, Bound::kAtMost,
+                       2);
         }
         if (m_rs274.empty()) {
             std::printf("rs274 -g / quillmark: skipped, rs274 is not installed\n");
@@ -461,6 +472,7 @@ private:
     Contestant m_empty{"empty C++ program", {m_programs + "/empty"}, {}};
     Contestant m_emptyRuntime{"empty, C++ runtime loaded", {m_programs + "/emptyRuntime"}, {}};
     std::vector<Contestant> m_before; ///< without and with log, or none when no one is named
+    std::vector<Contestant> m_view;   ///< reads what quillmark wrote; none when it is not built
     std::vector<Contestant> m_rs274;  ///< of part and loop, or none when it is not installed
 };
 

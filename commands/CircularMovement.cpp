@@ -96,8 +96,10 @@ int CircularMovement::makeSweep(Control& control, Movement& movement) const {
         request.needsWholeCentre |= isAbsolute && !word->isMarked;
         gmVector3 offset;
         offset[axis] = word->value;
-        const double length =
-            control.centreIsRadius ? word->value : control.ToLengths(offset, Mapping())[axis];
+        // Where a word alone is marked absolute it is a position, which is programmed as the ends
+        // are.
+        const bool isLength = control.centreIsRadius && !(word->isMarked && isAbsolute);
+        const double length = isLength ? word->value : control.ToLengths(offset, Mapping())[axis];
         request.centre[index] = isAbsolute ? length : request.start[axis] + length;
     }
     std::string reason = resolveArc(request, movement.sweep.emplace());

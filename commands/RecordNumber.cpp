@@ -1,6 +1,7 @@
 #include "commands/RecordNumber.h"
 
 #include "commands/wordMatcher.h"
+#include "softCommon/CStringUtil/asciiBytes.h"
 
 #include <cstring>
 
@@ -13,4 +14,9 @@ bool RecordNumber::Cut(char* line) const noexcept {
     }
     cutOut(line, skipDigits(line + m_address.size()));
     return true;
+}
+
+bool RecordNumber::CutBeforeDigit(char* line) const noexcept {
+    return line != nullptr && std::strlen(line) > m_address.size() &&
+           isDigitByte(line[m_address.size()]) && Cut(line);
 }

@@ -17,6 +17,8 @@ public:
     }
     /// The same; tells whether something was removed.
     bool Cut(char* line) const noexcept;
+    /// The same, but only in front of a digit: of names such as NORM the address is no number's.
+    bool CutBeforeDigit(char* line) const noexcept;
 
 private:
     TextCopy m_address;

@@ -4,6 +4,7 @@
 #include "commands/wordMatcher.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -40,6 +41,12 @@ WordCode::WordCode(std::string_view text) {
     if (m_letters.get() == nullptr) {
         throw std::bad_alloc();
     }
+}
+
+bool WordCode::IsWord() const noexcept {
+    const std::string_view letters = Letters();
+    return !letters.empty() && isLetterByte(letters.front()) &&
+           std::ranges::all_of(letters, isNameByte);
 }
 
 std::string WordCode::Spelling() const {

@@ -26,6 +26,8 @@ public:
 
     /// Without letters nothing is this code.
     [[nodiscard]] bool HasLetters() const noexcept { return !m_letters.empty(); }
+    /// Whether it can be a code of movements and modes: a letter, then letters and digits.
+    [[nodiscard]] bool IsWord() const noexcept;
     [[nodiscard]] std::string_view Letters() const noexcept {
         return {m_letters.get(), m_letters.size()};
     }

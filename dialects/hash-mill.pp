@@ -1,7 +1,7 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
-# Mill with three axes whose programs are of the hash family (ISO with macros): #100, GOTO, G65.
+# hash-mill: mills of the hash family (ISO with macros), mm at the start: #100, GOTO, G65, M98
 # Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
@@ -188,11 +188,11 @@ G64
 # the end of tables,
 REV_NO_EFFECT
 G11
-# tool lengths with their H (positions are those of the tool's tip), limits off, contour control,
-# orientation, rigid tapping, overrides.
+# tool lengths with their H (positions are those of the tool's tip), limits off, contour control, speeds
+# that waver, the ends of modes, orientation, rigid tapping, overrides.
 REV_TOOL_LENGTH_ON
 G43
-REV_NO_EFFECT
+REV_TOOL_LENGTH_ON
 G44
 REV_TOOL_LENGTH_OFF
 G49
@@ -202,6 +202,16 @@ REV_NO_EFFECT
 G5.1
 REV_NO_EFFECT
 G8
+REV_NO_EFFECT
+G13.1
+REV_NO_EFFECT
+G113
+REV_NO_EFFECT
+G25
+REV_NO_EFFECT
+G26
+REV_NO_EFFECT
+G67
 REV_NO_EFFECT
 M19
 REV_NO_EFFECT
@@ -218,8 +228,24 @@ H
 # The corners of limits are no positions.
 REV_OWN_WORDS
 G22
-# What changes the path, or what F means, and is not followed: splines, cylinders and polar
-# interpolation, further zeros, tilted planes,
+# What changes the path, or what F means, and is not followed: other arcs and splines, cylinders and
+# polar interpolation, further zeros, tilted planes,
+REV_NOT_CONVERTED
+G2.1
+REV_NOT_CONVERTED
+G2.2
+REV_NOT_CONVERTED
+G2.3
+REV_NOT_CONVERTED
+G2.4
+REV_NOT_CONVERTED
+G3.1
+REV_NOT_CONVERTED
+G3.2
+REV_NOT_CONVERTED
+G3.3
+REV_NOT_CONVERTED
+G3.4
 REV_NOT_CONVERTED
 G5
 REV_NOT_CONVERTED
@@ -227,13 +253,29 @@ G6.2
 REV_NOT_CONVERTED
 G7.1
 REV_NOT_CONVERTED
+G107
+REV_NOT_CONVERTED
+G12
+REV_NOT_CONVERTED
+G13
+REV_NOT_CONVERTED
 G12.1
+REV_NOT_CONVERTED
+G112
 REV_NOT_CONVERTED
 G54.1
 REV_NOT_CONVERTED
 G54.2
 REV_NOT_CONVERTED
+G54.4
+REV_NOT_CONVERTED
+G53.1
+REV_NOT_CONVERTED
 G68.2
+REV_NOT_CONVERTED
+G68.3
+REV_NOT_CONVERTED
+G68.4
 # the check of reference points and the way back from them, contacts, other compensations, positions
 # that are reached from one side,
 REV_NOT_CONVERTED
@@ -243,9 +285,27 @@ G29
 REV_NOT_CONVERTED
 G31
 REV_NOT_CONVERTED
+G32
+REV_NOT_CONVERTED
+G34
+REV_NOT_CONVERTED
+G36
+REV_NOT_CONVERTED
+G37
+REV_NOT_CONVERTED
+G39
+REV_NOT_CONVERTED
+G41.1
+REV_NOT_CONVERTED
+G42.1
+REV_NOT_CONVERTED
 G41.2
 REV_NOT_CONVERTED
 G42.2
+REV_NOT_CONVERTED
+G43.1
+REV_NOT_CONVERTED
+G43.3
 REV_NOT_CONVERTED
 G43.4
 REV_NOT_CONVERTED
@@ -260,7 +320,27 @@ REV_NOT_CONVERTED
 G48
 REV_NOT_CONVERTED
 G60
-# other taps, boring from behind and by hand, inverse time.
+# other taps, patterns and pockets, grinding, boring from behind and by hand, inverse time.
+REV_NOT_CONVERTED
+G70
+REV_NOT_CONVERTED
+G71
+REV_NOT_CONVERTED
+G72
+REV_NOT_CONVERTED
+G72.1
+REV_NOT_CONVERTED
+G72.2
+REV_NOT_CONVERTED
+G75
+REV_NOT_CONVERTED
+G77
+REV_NOT_CONVERTED
+G78
+REV_NOT_CONVERTED
+G79
+REV_NOT_CONVERTED
+G81.1
 REV_NOT_CONVERTED
 G84.2
 REV_NOT_CONVERTED
@@ -272,6 +352,8 @@ G88
 REV_NOT_CONVERTED
 G93
 # Chamfers and corners, and further axes.
+REV_NOT_CONVERTED_WORD
+,A
 REV_NOT_CONVERTED_WORD
 ,R
 REV_NOT_CONVERTED_WORD

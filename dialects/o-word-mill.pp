@@ -1,7 +1,7 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
-# Mill with three axes whose programs are of the o-word family (RS274NGC): #5, #<name>, o100 call.
+# o-word-mill: mills of the o-word family (RS274NGC): #5, #<name>, o100 call
 # Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME
@@ -222,6 +222,9 @@ REV_NO_EFFECT
 M67
 REV_NO_EFFECT
 M68
+# Saved states that count no more.
+REV_NO_EFFECT
+M71
 # Number of the tool length.
 REV_NO_EFFECT_WORD
 H

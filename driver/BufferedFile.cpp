@@ -1,13 +1,24 @@
 #include "driver/BufferedFile.h"
 
+#include "driver/openAnotherStream.h"
+
 #include <cerrno>
 #include <cstddef>
 #include <new>
 
 bool BufferedFile::open(const char* name) noexcept {
-    constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
     close(); // before the same name is truncated
-    m_file.reset(std::fopen(name, "wt"));
+    return take(std::fopen(name, "wt"));
+}
+
+bool BufferedFile::openAnother(int descriptor) noexcept {
+    close();
+    return take(openAnotherStream(descriptor, "wt"));
+}
+
+bool BufferedFile::take(std::FILE* file) noexcept {
+    constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
+    m_file.reset(file);
     if (m_file == nullptr) {
         return false;
     }

@@ -111,6 +111,9 @@ int Controller::runSteps(const char* paramfile, const char* ncfile, const char* 
 
 int Controller::protectInputs(const char* paramfile, const char* ncfile, const char* outputfile,
                               const char* logfile) noexcept {
+    ncfile = IsStandardStream(ncfile) ? "/dev/stdin" : ncfile;
+    outputfile = IsStandardStream(outputfile) ? "/dev/stdout" : outputfile;
+    logfile = IsStandardStream(logfile) ? "/dev/stdout" : logfile;
     const auto isInput = [&](const char* name) {
         return isSameRegularFile(name, paramfile) || isSameRegularFile(name, ncfile);
     };

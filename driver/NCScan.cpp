@@ -10,6 +10,7 @@
 #include "driver/ModelVocabulary.h"
 #include "driver/TextSource.h"
 #include "driver/fileIdentity.h"
+#include "driver/openAnotherStream.h"
 #include "driver/returnCodes.h"
 #include "program/ProgramSource.h"
 
@@ -18,6 +19,8 @@
 #include <cmath>
 #include <cstring>
 #include <new>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 NCScan::NCScan() noexcept = default;
@@ -25,6 +28,7 @@ NCScan::NCScan() noexcept = default;
 NCScan::~NCScan() { detachOutputs(); }
 
 void NCScan::BeginConversion() noexcept {
+    m_wasStopped = false;
     // What a host put into the model before its first conversion belongs to that.
     if (std::exchange(m_isFresh, false)) {
         return;
@@ -48,6 +52,21 @@ bool NCScan::IsOwnOutput(std::FILE* file) const noexcept {
     return isSameRegularFile(file, m_outputFile.get()) || isSameRegularFile(file, m_logFile.get());
 }
 
+bool NCScan::IsStandardStream(const char* name) const noexcept {
+    return m_usesStandardStreams && name != nullptr && std::strcmp(name, "-") == 0;
+}
+
+int NCScan::PercentRead() const noexcept {
+    struct stat file {};
+    if (m_ncFile == nullptr || m_model->rules.text.language != ProgramLanguage::kNone ||
+        fstat(fileno(m_ncFile.get()), &file) != 0 || !S_ISREG(file.st_mode) || file.st_size == 0) {
+        return -1;
+    }
+    const auto read = std::min<double>(static_cast<double>(ftello(m_ncFile.get())),
+                                       static_cast<double>(file.st_size));
+    return static_cast<int>(100.0 * read / static_cast<double>(file.st_size));
+}
+
 int NCScan::SetNCFileName(const char* name) {
     m_ncFile.reset();
     m_ncFileName = TextCopy(name);
@@ -57,7 +76,8 @@ int NCScan::SetNCFileName(const char* name) {
     if (m_ncFileName.get() == nullptr) {
         return kMemoryExhausted;
     }
-    m_ncFile.reset(std::fopen(name, "rt"));
+    m_ncFile.reset(IsStandardStream(name) ? openAnotherStream(STDIN_FILENO, "rt")
+                                          : std::fopen(name, "rt"));
     if (m_ncFile == nullptr) {
         KeepFailure({.systemError = errno});
         return kNCFileUnreadable;
@@ -100,9 +120,13 @@ void NCScan::SetNoOutput() {
     m_factory = std::make_unique<APTFactory>(nullptr, nullptr);
 }
 
+bool NCScan::open(BufferedFile& file, const char* name) const noexcept {
+    return IsStandardStream(name) ? file.openAnother(STDOUT_FILENO) : file.open(name);
+}
+
 int NCScan::openOutput(const char* name) noexcept {
     m_outputFile.close();
-    if (name == nullptr || !m_outputFile.open(name)) {
+    if (name == nullptr || !open(m_outputFile, name)) {
         KeepFailure({.systemError = name == nullptr ? 0 : errno});
         return kOutputFileUnwritable;
     }
@@ -118,7 +142,7 @@ int NCScan::openLog(const char* name) noexcept {
         KeepFailure({.text = "it is the output file as well"});
         return kLogFileUnwritable;
     }
-    if (!m_logFile.open(name)) {
+    if (!open(m_logFile, name)) {
         KeepFailure({.systemError = errno});
         return kLogFileUnwritable;
     }
@@ -230,7 +254,10 @@ int NCScan::refuseStart(int code, const std::string& start) {
 int NCScan::runBlocks(BlockSource& source) {
     CommandIndex commands(m_model->commands);
     const TextRules& rules = m_model->rules.text;
-    while (source.Next(block())) {
+    while (goesOn()) {
+        if (!source.Next(block())) {
+            return endBlocks(source);
+        }
         beginBlock();
         const BlockText* const text = rules.isInUse ? source.Text() : nullptr;
         if (const int code = convertBlock(commands, text); code != 0) {
@@ -242,12 +269,20 @@ int NCScan::runBlocks(BlockSource& source) {
             return 0;
         }
     }
-    if (const int code = source.Code(); code != 0) {
-        KeepFailure(source.LastFailure());
-        return code;
-    }
-    noteHeld();
+    m_wasStopped = true;
     return 0;
+}
+
+int NCScan::endBlocks(const BlockSource& source) noexcept {
+    const int code = source.Code();
+    if (code == 0) {
+        noteHeld();
+        return 0;
+    }
+    // A signal that asks the watch may have ended the reading as well.
+    KeepFailure(source.LastFailure());
+    m_wasStopped = m_failure.systemError == EINTR && !goesOn();
+    return m_wasStopped ? 0 : code;
 }
 
 void NCScan::noteHeld() noexcept {
@@ -288,7 +323,9 @@ void NCScan::beginBlock() noexcept {
 int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
     MachineStatus& status = m_model->status;
     Block& block = status.GetBlock();
-    const bool isNumbered = status.GetRecordNumber()->Cut(block.Rest());
+    const RecordNumber& number = *status.GetRecordNumber();
+    const bool isNumbered =
+        text == nullptr ? number.Cut(block.Rest()) : number.CutBeforeDigit(block.Rest());
     // The bytes of the record number and of comments may be among them: they only rule words out.
     // A text that was read has none left, and what looks so stands in quotation marks.
     const bool isCommented =

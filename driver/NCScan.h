@@ -10,6 +10,7 @@
 #include "commands/MachineStatus.h"
 #include "commands/TextCopy.h"
 #include "driver/BlockSource.h"
+#include "driver/BlockWatch.h"
 #include "driver/BufferedFile.h"
 #include "driver/DialectRules.h"
 #include "driver/Failure.h"
@@ -82,6 +83,20 @@ public:
     /// out in every dialect that has such a mark.
     void SkipMarkedBlocks() noexcept { m_skipsBlocks = true; }
 
+    /// From now on "-" is standard input as NC file, and standard output as output and log. For a
+    /// host it is the name of a file; command lines want it.
+    void UseStandardStreams() noexcept { m_usesStandardStreams = true; }
+    [[nodiscard]] bool IsStandardStream(const char* name) const noexcept;
+
+    /// Has `watch` asked between the blocks of every later conversion; null for none. Not owned.
+    void SetWatch(BlockWatch* watch) noexcept { m_watch = watch; }
+    /// Whether the watch ended the last conversion, which then returned 0: what is written are
+    /// whole blocks up to the current one.
+    [[nodiscard]] bool WasStopped() const noexcept { return m_wasStopped; }
+    /// How much of the NC file is read, from 0 to 100; -1 when that tells nothing: it is no regular
+    /// file, or its program computes.
+    [[nodiscard]] int PercentRead() const noexcept;
+
     /// The block that is converted or was converted last.
     [[nodiscard]] const Block& CurrentBlock() const noexcept { return m_model->status.GetBlock(); }
 
@@ -112,10 +127,13 @@ private:
     };
 
     void detachOutputs() noexcept;
+    bool open(BufferedFile& file, const char* name) const noexcept;
     int openOutput(const char* name) noexcept;
     int openLog(const char* name) noexcept;
     [[nodiscard]] std::unique_ptr<BlockSource> makeSource();
     int runBlocks(BlockSource& source);
+    int endBlocks(const BlockSource& source) noexcept;
+    [[nodiscard]] bool goesOn() const noexcept { return m_watch == nullptr || m_watch->GoesOn(); }
     int passStartCodes();
     int passStartCode(char* line);
     int findStartCodes(char* line);
@@ -151,6 +169,9 @@ private:
     std::unique_ptr<Vocabulary> m_vocabulary;
     std::unique_ptr<BlockSource> m_source; // until the next conversion: places name its files
     bool m_skipsBlocks = false;
+    bool m_usesStandardStreams = false;
+    bool m_wasStopped = false;
+    BlockWatch* m_watch = nullptr;
 
     ScanReport m_report;
     Failure m_failure;

@@ -128,7 +128,7 @@ int ModelBuilder::AddEndCommand(const KeyValue& value, bool isEnd) {
 int ModelBuilder::addCode(const KeyValue& value, ActionKind kind,
                           std::unique_ptr<Command> command) {
     const WordCode code(value.text);
-    if (!code.HasLetters()) {
+    if (!code.IsWord()) {
         return kKeyValueUnknown;
     }
     command->InitCode(code);

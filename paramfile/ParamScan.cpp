@@ -3,6 +3,7 @@
 #include "commands/Parameter.h"
 #include "driver/NCScan.h"
 #include "driver/fileIdentity.h"
+#include "driver/openAnotherStream.h"
 #include "driver/returnCodes.h"
 #include "paramfile/fileLines.h"
 #include "paramfile/keys.h"
@@ -16,7 +17,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <unistd.h>
 
 ParamScan::ParamScan(NCScan& ncscan) noexcept : m_ncscan(ncscan), m_builder(ncscan) {}
 
@@ -102,13 +102,9 @@ int ParamScan::decode(std::FILE* in, std::FILE* out) {
 
 // The updater takes over and closes the stream that it reads, so it gets one of its own.
 int ParamScan::update(std::FILE* in, std::FILE* out) {
-    const int descriptor = dup(fileno(in));
-    std::FILE* const own = descriptor < 0 ? nullptr : fdopen(descriptor, "rt");
+    std::FILE* const own = openAnotherStream(fileno(in), "rt");
     if (own == nullptr) {
         m_ncscan.KeepFailure({.systemError = errno});
-        if (descriptor >= 0) {
-            (void)close(descriptor);
-        }
         return kUpdateFailed;
     }
     // Both streams share one position, and `in` may have kept its rewinding to its own buffer.

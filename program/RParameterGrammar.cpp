@@ -392,7 +392,9 @@ bool RParameterGrammar::readWords(BlockCursor& cursor, ProgramLine& line) {
     Block block = {.cursor = cursor, .line = line, .words = {}, .last = {}};
     if (line.blockNumber) {
         const std::string_view words = line.text.words;
-        block.words.emplace_back().text = words.substr(0, words.find_first_not_of("N 0123456789"));
+        const std::size_t digits = words.find('N') + 1;
+        block.words.emplace_back().text =
+            words.substr(0, words.find_first_not_of(" 0123456789", digits));
     }
     for (;;) {
         const std::size_t first = cursor.position();

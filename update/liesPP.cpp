@@ -70,7 +70,11 @@ Step readRecord(std::FILE* in, Record& record) noexcept {
     return Step::kRecord;
 }
 
+std::FILE* g_messages = nullptr; // null is standard output
+
 } // namespace
+
+void setLiesPPMessages(std::FILE* stream) noexcept { g_messages = stream; }
 
 char** liesPP(std::FILE* in) noexcept {
     LineCollector lines;
@@ -85,7 +89,8 @@ char** liesPP(std::FILE* in) noexcept {
         }
         std::array<char, kOldLineLength + 1> line{};
         if (pp_vxveh(kDecodeOption, std::span(line).first<kOldLineLength>(), record) != 0) {
-            std::fputs("Error in PpLiesDatei: Can't decode\n", stdout);
+            std::fputs("Error in PpLiesDatei: Can't decode\n",
+                       g_messages != nullptr ? g_messages : stdout);
             return nullptr;
         }
         lines.add(line.data());

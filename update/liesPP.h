@@ -10,3 +10,7 @@
 /// memory is exhausted; `in` then stays open and the caller's. A file without a record gives an
 /// array without lines.
 [[nodiscard]] char** liesPP(std::FILE* in) noexcept;
+
+/// Where its message about a record that cannot be decoded goes: to standard output unless a
+/// program that writes something else there chooses another stream. Of the whole process.
+void setLiesPPMessages(std::FILE* stream) noexcept;

@@ -3,6 +3,7 @@
 #include "cli/shared/movementCommands.h"
 #include "commands/EndCommand.h"
 #include "commands/RegularCommand.h"
+#include "commands/WordCode.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/keys.h"
@@ -93,6 +94,12 @@ bool mayShareCode(const Use& a, const Use& b) noexcept {
     return a.command->Rank() == CommandRank::kClaimsBlocks ||
            b.command->Rank() == CommandRank::kClaimsBlocks || (isStop(a) && isEnd(b)) ||
            (isEnd(a) && isStop(b));
+}
+
+// Of codes that no command has.
+bool isPassedCodeKey(const Key& key) noexcept {
+    constexpr std::string_view kKeys[] = {"REV_NO_EFFECT", "REV_OWN_WORDS", "REV_NOT_CONVERTED"};
+    return std::ranges::find(kKeys, std::string_view(key.text)) != std::end(kKeys);
 }
 
 struct AbsentKey {
@@ -326,6 +333,14 @@ void ParamCheck::checkCodes() {
             const bool bothEnd = isEnd(own) && isEnd(use->second);
             m_findings.Add(bothEnd ? kSameEndCode : kSameCode, entry->line, entry->text,
                            use->second.name);
+        }
+    }
+    for (const Entry& entry : m_scan.Entries()) {
+        if (!isPassedCodeKey(*entry.key) || entry.value.empty()) {
+            continue;
+        }
+        if (const auto use = uses.find(WordCode(entry.value).Spelling()); use != uses.end()) {
+            m_findings.Add(kPassedCode, entry.line, entry.text, use->second.name);
         }
     }
 }

@@ -1,6 +1,8 @@
 #include "cli/quillmark-param/ParamInput.h"
 
 #include "cli/quillmark-param/paramMessages.h"
+#include "cli/shared/DialectFolder.h"
+#include "cli/shared/printDialects.h"
 #include "paramfile/ParamScan.h"
 #include "paramfile/fileLines.h"
 
@@ -18,8 +20,8 @@ constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 
 int ParamInput::Read(const char* name) {
     const bool isStandardInput = std::strcmp(name, "-") == 0;
-    m_name = isStandardInput ? "standard input" : name;
-    const FileOwner file(isStandardInput ? nullptr : std::fopen(name, "rb"));
+    m_name = isStandardInput ? "standard input" : DialectFolder().Find(name);
+    const FileOwner file(isStandardInput ? nullptr : std::fopen(Name(), "rb"));
     std::FILE* const source = isStandardInput ? stdin : file.get();
     std::array<char, 16384> buffer{};
     while (source != nullptr) {
@@ -35,7 +37,12 @@ int ParamInput::Read(const char* name) {
         }
     }
     if (source == nullptr || std::ferror(source) != 0) {
-        return failWith(Name(), "cannot be read: " + std::string(std::strerror(errno)));
+        const bool isMissing = source == nullptr && errno == ENOENT;
+        const int status = failWith(Name(), "cannot be read: " + std::string(std::strerror(errno)));
+        if (isMissing) {
+            printNearestDialect(stderr, "quillmark-param", Name());
+        }
+        return status;
     }
     if (m_content.empty()) {
         return failWith(Name(), "the file is empty");

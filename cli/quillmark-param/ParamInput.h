@@ -10,8 +10,8 @@
 /// more than once, and the output may go to the file that was the input.
 class ParamInput {
 public:
-    /// Reads the named file, "-" for standard input. Returns kParamDone, or kParamFailed after a
-    /// line on standard error when it cannot be read, is empty, is larger than 64 MiB, or
+    /// Reads the named file or dialect, "-" for standard input. Returns kParamDone, or kParamFailed
+    /// after a line on standard error when it cannot be read, is empty, is larger than 64 MiB, or
     /// holds a byte 0 and so is no text; then it is not read further.
     [[nodiscard]] int Read(const char* name);
 

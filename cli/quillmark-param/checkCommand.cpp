@@ -4,6 +4,7 @@
 #include "cli/quillmark-param/paramCommands.h"
 #include "cli/quillmark-param/paramMessages.h"
 #include "cli/shared/errorLine.h"
+#include "cli/shared/printText.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/fileLines.h"
@@ -81,8 +82,8 @@ CharFeldOwner linesOf(std::FILE* file) {
 
 int checkCommand(const ParamInput& in, std::FILE* out) {
     const Generation generation = generationOf(in);
-    std::fprintf(out, "%s: %s\n", in.Name(),
-                 kGenerationTexts[static_cast<std::size_t>(generation)]);
+    printText(out, in.Name());
+    std::fprintf(out, ": %s\n", kGenerationTexts[static_cast<std::size_t>(generation)]);
     NCScan model;
     model.SetNoOutput();
     RecordingScan scan(model);

@@ -45,6 +45,7 @@ constexpr Row kRows[] = {
     {kValueLikeKey, kWarning, "the value '%2' of %1 looks like a key: is the value line missing?"},
     {kCentreModeEarly, kWarning, "CIRCLE_CENTER_ABS has no effect on %1, which comes after it"},
     {kSameEndCode, kWarning, "%1 has the code of %2, which does the same"},
+    {kPassedCode, kWarning, "%1 has the code of %2: only one of the two holds"},
     {kSameLetters, kWarning,
      "%1 has the address of %2: a block is searched for one before the other"},
     {kShortDivisor, kWarning,

@@ -23,6 +23,7 @@ enum class FindingKind : std::size_t {
     kValueLikeKey,
     kCentreModeEarly,
     kSameEndCode,
+    kPassedCode,
     kSameLetters,
     kShortDivisor,
     kReadAsOther,

@@ -2,9 +2,9 @@
 
 #include "cli/quillmark-param/paramCommands.h"
 #include "cli/quillmark-param/paramMessages.h"
-#include "cli/quillmark-param/wholeFile.h"
 #include "cli/shared/flushStandardOutput.h"
 #include "cli/shared/versionText.h"
+#include "cli/shared/wholeFile.h"
 #include "driver/StandardDescriptors.h"
 #include "softCommon/CErrorUtil/processEnd.h"
 
@@ -16,6 +16,8 @@
 #include <span>
 
 namespace {
+
+constexpr const char* kName = "quillmark-param";
 
 struct ParamCommand {
     const char* name;
@@ -57,6 +59,8 @@ void printHelp() noexcept {
     }
     (void)std::fputs("\n"
                      "  -           as IN is standard input, as OUT standard output\n"
+                     "  NAME        as IN is also a dialect of quillmark --dialects, when no file\n"
+                     "              has that name\n"
                      "  --help      this text, as the only argument\n"
                      "  --version   version and banner, as the only argument\n"
                      "\n"
@@ -76,7 +80,7 @@ bool printsInformation(const char* argument) noexcept {
         return true;
     }
     if (std::strcmp(argument, "--version") == 0) {
-        printVersion(stdout, "quillmark-param");
+        printVersion(stdout, kName);
         return true;
     }
     return false;
@@ -115,7 +119,7 @@ void reportEnd(void* context, const ProcessEnd& /*end*/) {
     if (call.command.hasOutput) {
         (void)failWith(call.inName, "cannot be updated");
     } else {
-        (void)writeWholeFile(call.out, "-");
+        (void)writeWholeFile(call.out, "-", kName);
         (void)failWith(call.inName, "the machine type cannot be told, and without it nothing else");
     }
 }
@@ -143,8 +147,8 @@ int runCommand(const ParamCommand& command, std::span<char*> arguments) {
         return failWith(inName, "the temporary file for the result cannot be written");
     }
     // A report is wanted above all when it tells of errors, and values until a failure.
-    const int written = writeWholeFile(out.get(), outName);
-    return status != kParamDone ? status : written;
+    const bool isWritten = writeWholeFile(out.get(), outName, kName);
+    return status == kParamDone && !isWritten ? kParamFailed : status;
 }
 
 } // namespace
@@ -152,7 +156,7 @@ int runCommand(const ParamCommand& command, std::span<char*> arguments) {
 int main(int argc, char** argv) {
     const StandardDescriptors descriptors(StandardDescriptors::Output::kFails);
     if (argc == 2 && printsInformation(argv[1])) {
-        return flushStandardOutput("quillmark-param") ? kParamDone : kParamFailed;
+        return flushStandardOutput(kName) ? kParamDone : kParamFailed;
     }
     const std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
     const ParamCommand* const command = arguments.empty() ? nullptr : findCommand(arguments);

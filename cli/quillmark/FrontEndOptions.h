@@ -9,11 +9,19 @@ struct FrontEndOptions {
     bool quiet = false;
     bool strict = false;
     bool skipBlocks = false;
+    bool whole = false;                   ///< results get their names when they are whole
+    bool resume = false;                  ///< of a batch: what is there and newer stays
     const char* report = nullptr;         ///< name of the report file; null for none
+    const char* into = nullptr;           ///< folder for the results of a batch; null for none
+    const char* jobs = nullptr;           ///< as given; null for one for each processor
     std::vector<std::string> subprograms; ///< folders in which subprograms are looked for
 
     /// What is wrong with the options, for a message; null when nothing is.
     const char* usageError = nullptr;
+    /// What is passed over without effect, and likely was meant: a line for each.
+    std::vector<std::string> warnings;
+    /// The arguments that no option takes: the programs of a batch.
+    std::vector<const char*> strays;
     /// The program's name and the arguments of Controller::run, with a null behind them.
     std::vector<char*> arguments;
 

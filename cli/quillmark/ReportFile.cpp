@@ -1,6 +1,7 @@
 #include "cli/quillmark/ReportFile.h"
 
 #include "driver/fileIdentity.h"
+#include "driver/openAnotherStream.h"
 
 #include <cerrno>
 #include <cstring>
@@ -8,11 +9,12 @@
 #include <unistd.h>
 
 const char* ReportFile::Open(const char* name, std::span<const Other> others) noexcept {
+    const bool isStream = std::strcmp(name, "-") == 0;
     struct stat before {};
-    const bool isNew = lstat(name, &before) != 0 && errno == ENOENT;
+    const bool isNew = !isStream && lstat(name, &before) != 0 && errno == ENOENT;
     // Appending leaves the file as it is until it is known not to be another file of the run. It
     // exists from here on, so names of files that are yet to be made compare as well.
-    m_file.reset(std::fopen(name, "a"));
+    m_file.reset(isStream ? openAnotherStream(STDOUT_FILENO, "w") : std::fopen(name, "ae"));
     if (m_file == nullptr) {
         return std::strerror(errno);
     }
@@ -26,9 +28,9 @@ const char* ReportFile::Open(const char* name, std::span<const Other> others) no
         }
         return other.objection;
     }
-    // A pipe or a terminal has nothing to cut off.
+    // A pipe or a terminal has nothing to cut off, and what stands on standard output stays.
     struct stat now {};
-    if (fstat(fileno(m_file.get()), &now) == 0 && S_ISREG(now.st_mode) &&
+    if (!isStream && fstat(fileno(m_file.get()), &now) == 0 && S_ISREG(now.st_mode) &&
         ftruncate(fileno(m_file.get()), 0) != 0) {
         return std::strerror(errno);
     }

@@ -15,9 +15,9 @@ public:
         const char* objection;
     };
 
-    /// Opens `name` and empties it, unless it is one of `others`, compared by device and inode.
-    /// Returns null, or why not: an objection or the system's reason. Then nothing is changed, and
-    /// a file that did not exist before is removed.
+    /// Opens `name`, "-" for standard output, and empties the file, unless it is one of `others`,
+    /// compared by device and inode. Returns null, or why not: an objection or the system's reason.
+    /// Then nothing is changed, and a file that did not exist before is removed.
     [[nodiscard]] const char* Open(const char* name, std::span<const Other> others) noexcept;
     /// The open stream; null when there is none.
     [[nodiscard]] std::FILE* get() const noexcept { return m_file.get(); }

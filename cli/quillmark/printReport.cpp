@@ -26,7 +26,7 @@ void printWords(std::FILE* stream, WordTally& tally) noexcept {
     std::fputs("     count  first line  word\n", stream);
     for (const auto* const entry : words.first(std::min(words.size(), kMostLines))) {
         std::fprintf(stream, "%10ld  %10ld  ", entry->second.count, entry->second.firstLine);
-        printText(stream, entry->first);
+        printBeginning(stream, entry->first);
         if (const std::string& file = entry->second.firstFile; !file.empty()) {
             std::fputs(" in '", stream);
             printText(stream, file);
@@ -51,7 +51,7 @@ void printWarning(std::FILE* stream, const Warning& warning) noexcept {
         std::fputc(' ', stream);
     }
     std::fprintf(stream, "%s: ", rowOf(warning.kind).text);
-    printText(stream, warning.block.text);
+    printBeginning(stream, warning.block.text);
     std::fputc('\n', stream);
 }
 

@@ -8,3 +8,7 @@
 /// line, the text and, when it is not the main program's, the file of the block, and that the
 /// output up to it stays. Needs no memory.
 void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* outputName) noexcept;
+
+/// Prints the one line about a conversion that a signal stopped between two blocks.
+void printStopSignal(std::FILE* stream, const NCScan& scan, int signal,
+                     const char* outputName) noexcept;

@@ -1,7 +1,7 @@
 #include "cli/quillmark/writeJsonReport.h"
 
-#include "cli/quillmark/JsonWriter.h"
 #include "cli/quillmark/reportKeys.h"
+#include "cli/shared/JsonWriter.h"
 #include "driver/returnCodes.h"
 
 namespace {
@@ -64,6 +64,18 @@ void writeFailure(JsonWriter& json, NCScan& scan, std::optional<int> code) noexc
     json.Key("failure");
     json.BeginObject();
     writeTextOrNull(json, "text", scan.LastFailure().text);
+    writeBlock(json, scan.CurrentBlock());
+    json.EndObject();
+}
+
+// Where a signal stopped the conversion.
+void writeStop(JsonWriter& json, NCScan& scan, int signal) noexcept {
+    if (signal == 0) {
+        return;
+    }
+    json.Key("stopped");
+    json.BeginObject();
+    json.Entry("signal", signal);
     writeBlock(json, scan.CurrentBlock());
     json.EndObject();
 }
@@ -158,6 +170,7 @@ void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) n
     writeNumberOrNull(json, "exit_status", result.exitStatus);
     writeProcessEnd(json, scan, result.end);
     writeFailure(json, scan, result.code);
+    writeStop(json, scan, result.signal);
     json.Key("seconds");
     json.Decimal(result.seconds);
     json.Entry("lines", scan.CurrentBlock().GetPlace().line);

@@ -27,7 +27,7 @@ const char* nameOf(ConversionFile file, const ConversionFiles& files) noexcept {
 
 void printErrorLine(std::FILE* stream, const char* program, int code, const ConversionFiles& files,
                     const Failure& failure) noexcept {
-    (void)std::fflush(stdout); // one message of the reader goes there, and it comes first
+    (void)std::fflush(stdout); // one message of the reader may go there, and it comes first
     std::fprintf(stream, "%s: error %d", program, code);
     if (const ReturnCode* const row = findReturnCode(code)) {
         std::fprintf(stream, ": %s", row->meaning);

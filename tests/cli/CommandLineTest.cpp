@@ -49,14 +49,46 @@ TEST_F(Program, AnswersQuestionsAboutItself) {
     for (const ReturnCode& row : returnCodes()) {
         EXPECT_THAT(help.out, testing::HasSubstr(std::to_string(row.code) + "  " + row.meaning));
     }
-    // Questions stand alone; beside other arguments they are unknown ones.
-    for (const char* const incomplete :
-         {"", "-p a -nc b -of", "p a nc b of c", "--help --version", "--summary --strict"}) {
-        const ProgramResult result = shell("quillmark " + std::string(incomplete));
+    EXPECT_EQ(shell("quillmark -h").out, help.out);
+}
+
+TEST_F(Program, SaysWhatIsMissing) {
+    // Questions stand alone; beside other arguments they have no answer.
+    const std::string table = R"(|-p paramfile, -nc ncfile, -of outputfile
+-p a -nc b -of|-of outputfile
+p a nc b of c --quiet|-p paramfile, -nc ncfile, -of outputfile
+-of x --help --version --quiet|-p paramfile, -nc ncfile
+--summary --strict -nc x|-p paramfile, -of outputfile)";
+    for (const auto& [incomplete, missing, none] : rowsOf(table)) {
+        const ProgramResult result = shell("quillmark " + incomplete);
         EXPECT_EQ(result.status, 100);
         EXPECT_EQ(result.out, "");
-        EXPECT_EQ(result.err, kUsage);
+        EXPECT_EQ(result.err, kUsage + ("quillmark: missing: " + missing) +
+                                  "; 'quillmark --help' tells of all options\n");
     }
+}
+
+TEST_F(Program, NamesWhatItPassesOver) {
+    const std::string table =
+        R"(--strikt|unknown option '--strikt' is passed over; the nearest is '--strict'
+--STRICT|unknown option '--STRICT' is passed over; the nearest is '--strict'
+--repot=x|unknown option '--repot' is passed over; the nearest is '--report'
+-x|unknown option '-x' is passed over; 'quillmark --help' lists the options
+-nc a.nc b.nc|'b.nc' is passed over: -nc takes one program
+-of o b.nc|'b.nc' is passed over: no option takes it
+-|'-' is passed over: no option takes it
+-ot apt|kind of output 'apt' is passed over; the nearest is APT
+-ot PNG -ot APT|kind of output 'PNG' is passed over; the only kind is APT
+--version|'--version' is passed over: it stands alone
+'a	b'|'a\x09b' is passed over: no option takes it)";
+    for (const auto& [options, warning, none] : rowsOf(table)) {
+        const ProgramResult result = run(options);
+        EXPECT_EQ(std::to_string(result.status) + result.err,
+                  "0quillmark: warning: " + warning + "\n")
+            << options;
+        EXPECT_EQ(run(options + " --quiet").err, "");
+    }
+    EXPECT_EQ(run("-ot").err, "");
 }
 
 TEST(CommandLine, KnowsEverySpelling) {

@@ -31,13 +31,12 @@ quillmark: warning: line 4: G54 not recognised, in a block that moves the tool: 
 };
 
 TEST_F(Report, TellsWhatWasNotUnderstood) {
-    // An option behind one that takes a value is that value; unknown ones are skipped.
+    // An option behind one that takes a value is that value.
     const std::string table = R"(--strict|0|nothing
 -nc bad.nc|0|all
 -nc bad.nc --quiet|0|nothing
 -nc bad.nc --strict|3|all
 --quiet -nc bad.nc --strict|3|count
--nc bad.nc --unknown --Quiet -q|0|all
 -nc bad.nc -p --quiet|0|all
 -nc bad.nc --report -p --quiet|0|nothing)";
     for (const auto& [options, status, said] : rowsOf(table)) {

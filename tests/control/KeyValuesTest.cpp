@@ -89,6 +89,13 @@ TEST(KeyValues, AreUnderstoodOrRefused) {
     }
 }
 
+TEST(KeyValues, ACodeIsOneWord) {
+    for (const char* const bad : {"G17 G18", "G-17", "?", "=G17", "G1,5"}) {
+        EXPECT_EQ(outcomeOf(std::string("REV_PLANE_XY\n") + bad + "\n").code, kKeyValueUnknown)
+            << bad;
+    }
+}
+
 TEST(KeyValues, AreNotMissing) {
     for (const Key& key : controlKeys()) {
         EXPECT_EQ(outcomeOf(std::string(key.text) + "\n").code, kParameterFileEndsEarly)

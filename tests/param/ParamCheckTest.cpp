@@ -49,7 +49,7 @@ TEST_F(ParamCheck, TellsWhatAFileConfigures) {
 }
 
 TEST_F(ParamCheck, FindsWhatLooksWrongAndNothingElse) {
-    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 48)) {
+    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 50)) {
         m_folder.write("x.pp", file(text));
         const ProgramResult run =
             shell("quillmark-param check x.pp >out; status=$?; tr -s ' ' <out; exit $status");

@@ -6,6 +6,7 @@ import re
 import steps
 
 INCH = 25.4
+MILL, LATHE = (0.0, 0.0, 1.0), (0.0, 1.0, 0.0)  # normals of the planes of arcs
 NUMBER = r"\s*(-?[\d.]+)"
 IGNORED = re.compile(r"MODE/INCR,(ON|OFF)$|REWIND/0$|PPRINT|PARTNO|CUTCOM/|SPINDL/MAXRPM,|OPSKIP/|$")
 FEEDS = {"MMPM": (1, "minute"), "IPM": (INCH, "minute"), "MMPR": (1, "turn"), "IPR": (INCH, "turn")}
@@ -18,10 +19,13 @@ class BadApt(Exception):
 
 
 class Reader:
-    def __init__(self):
+    def __init__(self, normal):
+        self.normal = normal
         self.place, self.rapid, self.direction = (0.0, 0.0, 0.0), False, None
         self.unit, self.feed, self.spindle, self.coolant = 1.0, None, None, ()
-        self.axis, self.found, self.moved = None, [], False
+        # Nobody tells the axis of a lathe.
+        self.axis = None if normal == MILL else normal
+        self.found, self.moved = [], False
 
     def numbers(self, text, count):
         values = tuple(float(part) for part in text.split(","))
@@ -91,7 +95,7 @@ class Reader:
         turn = steps.dot(steps.cross(arm, self.direction), self.axis)
         normal = tuple(value if turn > 0 else -value for value in self.axis)
         size = steps.length(arm) * steps.length(self.direction)
-        if size == 0 or abs(abs(turn) / size - 1) > 1e-4 or abs(arm[2]) > 2 * self.grain():
+        if size == 0 or abs(abs(turn) / size - 1) > 1e-4 or abs(steps.dot(arm, self.axis)) > 2 * self.grain():
             raise BadApt(f"the direction is no tangent at line {self.line}")
         arc = steps.arc_to(self.place, end, centre, normal, 1, 2 * self.grain())
         step = steps.Step("arc", end, self.place, arc, None, None, None)
@@ -106,8 +110,8 @@ class Reader:
 
     def read_axis(self, arguments):
         self.axis = self.numbers(arguments, 3)
-        if self.axis != (0.0, 0.0, 1.0):
-            raise BadApt(f"a tool axis that no mill has: {arguments}")
+        if self.axis != MILL or self.normal != MILL:
+            raise BadApt(f"a tool axis that the machine lacks: {arguments}")
 
     def read_units(self, arguments):
         if self.moved or arguments.strip() not in ("MM", "INCHES"):
@@ -156,5 +160,5 @@ class Reader:
     }
 
 
-def read(text):
-    return Reader().read(text)
+def read(text, normal=MILL):
+    return Reader(normal).read(text)

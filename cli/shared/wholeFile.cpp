@@ -1,6 +1,6 @@
-#include "cli/quillmark-param/wholeFile.h"
+#include "cli/shared/wholeFile.h"
 
-#include "cli/quillmark-param/paramMessages.h"
+#include "cli/shared/fileError.h"
 #include "driver/fileIdentity.h"
 #include "softCommon/FileOwner.h"
 
@@ -14,8 +14,9 @@
 
 namespace {
 
-int failWriting(const char* name) {
-    return failWith(name, "cannot be written: " + std::string(std::strerror(errno)));
+bool failWriting(const char* name, const char* program, int error) {
+    printFileError(program, name, "cannot be written: " + std::string(std::strerror(error)));
+    return false;
 }
 
 bool copyStream(std::FILE* from, std::FILE* to) noexcept {
@@ -34,12 +35,10 @@ bool copyStream(std::FILE* from, std::FILE* to) noexcept {
 // Some file systems report a full disk only when the file is closed.
 bool closed(FileOwner& file) noexcept { return std::fclose(file.release()) == 0; }
 
+// The system's error, or 0; so below.
 int writeDirectly(std::FILE* content, const char* name) {
     FileOwner out(std::fopen(name, "wb"));
-    if (out == nullptr || !copyStream(content, out.get()) || !closed(out)) {
-        return failWriting(name);
-    }
-    return kParamDone;
+    return out != nullptr && copyStream(content, out.get()) && closed(out) ? 0 : errno;
 }
 
 mode_t modeOfNewFile() noexcept {
@@ -118,23 +117,23 @@ int replaceFile(std::FILE* content, const char* name, const struct stat* old) {
     const std::filesystem::path target = followLinks(name, error);
     // A file that must not be written is not replaced either.
     if (error || (old != nullptr && access(target.c_str(), W_OK) != 0)) {
-        errno = error ? error.value() : errno;
-        return failWriting(name);
+        return error ? error.value() : errno;
     }
     TemporaryFile file(target);
-    return file.Fill(content, old) && file.Rename(target) ? kParamDone : failWriting(name);
+    return file.Fill(content, old) && file.Rename(target) ? 0 : errno;
 }
 
 } // namespace
 
-int writeWholeFile(std::FILE* content, const char* name) {
+bool writeWholeFile(std::FILE* content, const char* name, const char* program) {
     // "/dev/stdout" may lead to a file on a disk, which others write as well.
     if (std::strcmp(name, "-") == 0 || isSameRegularFile(stdout, name)) {
-        return copyStream(content, stdout) ? kParamDone : failWriting("standard output");
+        return copyStream(content, stdout) || failWriting("standard output", program, errno);
     }
     struct stat old {};
-    if (stat(name, &old) != 0) {
-        return replaceFile(content, name, nullptr);
-    }
-    return S_ISREG(old.st_mode) ? replaceFile(content, name, &old) : writeDirectly(content, name);
+    const bool isThere = stat(name, &old) == 0;
+    const int error = isThere && !S_ISREG(old.st_mode)
+                          ? writeDirectly(content, name)
+                          : replaceFile(content, name, isThere ? &old : nullptr);
+    return error == 0 || failWriting(name, program, error);
 }

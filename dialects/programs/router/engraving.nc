@@ -1,0 +1,24 @@
+%
+(Engraving in inches, by a laser)
+G20 G90
+G0 X0.5 Y0.5
+M4 S500
+G1 X2.0 F40
+G1 Y1.5 S800
+G2 X1.5 Y2.0 I-0.5 J0
+G1 X0.5
+G1 Y0.5
+M5
+G92 X0 Y0
+G0 X0.25 Y0.25
+M4 S300
+G18
+G17 G1 X0.75
+G91 G1 Y0.5
+X-0.5
+G90 G1 Y0.25
+G92.1
+M5
+G0 X0 Y0
+M2
+%

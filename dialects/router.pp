@@ -1,0 +1,384 @@
+##### Header
+#FILE:       UNCODED
+#VERSION:    V1R5
+# router: small controllers of routers, engravers and lasers, without variables or cycles
+# Lines that begin with a number sign and a blank are comments.
+##### Toolmachine Section
+MFG_CLASS_NAME
+MILLING_MACHINE
+# The tool axis, written once before the first movement.
+MFG_INIT_SPINDLE
+0;0;1
+##### String Section
+# Parentheses enclose comments, and a semicolon opens one to the end of the block.
+COMMENT_START
+(
+COMMENT_END
+)
+REV_LINE_COMMENT
+;
+RECORD_NUMBER
+N
+DECIMAL_POINT_REPRESENTATION
+.
+# Letters count in any case, and blanks mean nothing.
+REV_LETTER_CASE
+ANY
+REV_BLANKS
+IGNORE
+# A line "%" frames the program, and its end ends the reading.
+REV_PROGRAM_FRAME
+%
+REV_END_STOPS
+1
+# Such controllers have no switch for blocks: they drop the slash and run them.
+REV_BLOCK_SKIP
+/
+##### Block Section
+# Within a block the machine acts in this order, whatever the order of the words: feed, speed, tool,
+# spindle, coolant, dwell, plane, units, zero, distances, shifts and reference points, movement, then
+# stops and ends.
+REV_EXECUTION_ORDER
+OFF_FIRST
+RAPID
+G0
+LINEAR_INTERPOLATION
+G1
+# Clockwise, then counter-clockwise.
+CIRCULAR_INTERPOLATION_RIGHT
+G2
+CIRCULAR_INTERPOLATION_LEFT
+G3
+ABSOLUTE_ON
+G90
+INCREMENTAL_ON
+G91
+FEEDRAT_MMPM
+G94
+SPINDLE_CLOCKWISE
+M3
+# Lasers take this for a power that follows the speed of the movement.
+SPINDLE_COUNTER_CLOCKWISE
+M4
+SPINDLE_STOP
+M5
+COOLANT_ON
+M8
+COOLANT_OFF
+M9
+REV_COOLANT_MIST
+M7
+REV_TLCHG_COM
+M6
+# Planned and optional stops.
+REV_STOP
+M0
+REV_OPTIONAL_STOP
+M1
+PROGRAM_END
+M2
+PROGRAM_END
+M30
+# Planes; the direction of arcs in them is seen against Z, Y or X.
+REV_PLANE_XY
+G17
+REV_PLANE_ZX
+G18
+REV_PLANE_YZ
+G19
+REV_CENTRE_RELATIVE
+G91.1
+# Inches and millimetres.
+REV_INCH
+G20
+REV_METRIC
+G21
+REV_DWELL
+G4
+# Zeros, the table that holds them, and the shift on top.
+REV_ZERO_SYSTEM
+G54
+REV_ZERO_SYSTEM
+G55
+REV_ZERO_SYSTEM
+G56
+REV_ZERO_SYSTEM
+G57
+REV_ZERO_SYSTEM
+G58
+REV_ZERO_SYSTEM
+G59
+REV_TABLE
+G10
+REV_SHIFT_SET
+G92
+REV_SHIFT_CANCEL
+G92.1
+# Positions of the machine. Where its zero lies only REV_MACHINE_ZERO can tell.
+REV_MACHINE_COORDINATES
+G53
+REV_REFERENCE_POINT
+G28
+REV_REFERENCE_POINT_2
+G30
+# The end of the movement: a position behind it wants a movement code.
+REV_CYCLE_OFF
+G80
+REV_CYCLE_STRICT
+1
+# A tool length takes its H along: positions are those of the tool's tip.
+REV_TOOL_LENGTH_ON
+G43
+REV_TOOL_LENGTH_OFF
+G49
+# Without effect on the path: no compensation, radii, how corners are taken, speed in turns, overrides,
+# parking, the number of the tool.
+REV_NO_EFFECT
+G8
+REV_NO_EFFECT
+G40
+REV_NO_EFFECT
+G61
+REV_NO_EFFECT
+G61.1
+REV_NO_EFFECT
+G64
+REV_NO_EFFECT
+G97
+REV_NO_EFFECT
+M48
+REV_NO_EFFECT
+M49
+REV_NO_EFFECT
+M50
+REV_NO_EFFECT
+M51
+REV_NO_EFFECT
+M53
+REV_NO_EFFECT
+M56
+REV_NO_EFFECT
+M61
+REV_NO_EFFECT_WORD
+H
+# What changes the path, or what F means, and is not followed: splines, diameters, polar coordinates and
+# interpolation, tilted planes,
+REV_NOT_CONVERTED
+G5
+REV_NOT_CONVERTED
+G5.1
+REV_NOT_CONVERTED
+G5.2
+REV_NOT_CONVERTED
+G5.3
+REV_NOT_CONVERTED
+G7
+REV_NOT_CONVERTED
+G7.1
+REV_NOT_CONVERTED
+G12.1
+REV_NOT_CONVERTED
+G15
+REV_NOT_CONVERTED
+G16
+REV_NOT_CONVERTED
+G17.1
+REV_NOT_CONVERTED
+G18.1
+REV_NOT_CONVERTED
+G19.1
+REV_NOT_CONVERTED
+G68.2
+# positions to come back to, threads, contacts, compensation, lengths that a block gives,
+REV_NOT_CONVERTED
+G28.1
+REV_NOT_CONVERTED
+G30.1
+REV_NOT_CONVERTED
+G31
+REV_NOT_CONVERTED
+G33
+REV_NOT_CONVERTED
+G33.1
+REV_NOT_CONVERTED
+G38.2
+REV_NOT_CONVERTED
+G38.3
+REV_NOT_CONVERTED
+G38.4
+REV_NOT_CONVERTED
+G38.5
+REV_NOT_CONVERTED
+G41
+REV_NOT_CONVERTED
+G41.1
+REV_NOT_CONVERTED
+G42
+REV_NOT_CONVERTED
+G42.1
+REV_NOT_CONVERTED
+G43.1
+REV_NOT_CONVERTED
+G43.2
+# scaling, mirrors, rotation, local shifts, further zeros, absolute centres,
+REV_NOT_CONVERTED
+G50
+REV_NOT_CONVERTED
+G50.1
+REV_NOT_CONVERTED
+G51
+REV_NOT_CONVERTED
+G51.1
+REV_NOT_CONVERTED
+G52
+REV_NOT_CONVERTED
+G68
+REV_NOT_CONVERTED
+G54.1
+REV_NOT_CONVERTED
+G59.1
+REV_NOT_CONVERTED
+G59.2
+REV_NOT_CONVERTED
+G59.3
+REV_NOT_CONVERTED
+G90.1
+REV_NOT_CONVERTED
+G92.2
+REV_NOT_CONVERTED
+G92.3
+# cycles,
+REV_NOT_CONVERTED
+G70
+REV_NOT_CONVERTED
+G71
+REV_NOT_CONVERTED
+G72
+REV_NOT_CONVERTED
+G73
+REV_NOT_CONVERTED
+G74
+REV_NOT_CONVERTED
+G75
+REV_NOT_CONVERTED
+G76
+REV_NOT_CONVERTED
+G81
+REV_NOT_CONVERTED
+G82
+REV_NOT_CONVERTED
+G83
+REV_NOT_CONVERTED
+G84
+REV_NOT_CONVERTED
+G85
+REV_NOT_CONVERTED
+G86
+REV_NOT_CONVERTED
+G87
+REV_NOT_CONVERTED
+G88
+REV_NOT_CONVERTED
+G89
+REV_NOT_CONVERTED
+G98
+REV_NOT_CONVERTED
+G99
+# inverse time, feed per revolution, cutting speed, states that come back, subprograms and macros.
+REV_NOT_CONVERTED
+G93
+REV_NOT_CONVERTED
+G95
+REV_NOT_CONVERTED
+G96
+REV_NOT_CONVERTED
+M70
+REV_NOT_CONVERTED
+M71
+REV_NOT_CONVERTED
+M72
+REV_NOT_CONVERTED
+M73
+REV_NOT_CONVERTED
+G65
+REV_NOT_CONVERTED
+G66
+REV_NOT_CONVERTED
+M97
+REV_NOT_CONVERTED
+M98
+REV_NOT_CONVERTED
+M99
+# Coordinates by radius and angle, and further axes.
+REV_NOT_CONVERTED_WORD
+@
+REV_NOT_CONVERTED_WORD
+^
+REV_NOT_CONVERTED_WORD
+A
+REV_NOT_CONVERTED_WORD
+B
+REV_NOT_CONVERTED_WORD
+C
+REV_NOT_CONVERTED_WORD
+U
+REV_NOT_CONVERTED_WORD
+V
+REV_NOT_CONVERTED_WORD
+W
+##### Address Section
+# The point decides; the places of the formats would only count without one.
+FEEDRATE
+F
+1
+M5.3
+SPINDLE_SPEED
+S
+1
+M5.0
+1ST_COORDINATE
+X
+1
+M5.5
+2ND_COORDINATE
+Y
+1
+M5.5
+3RD_COORDINATE
+Z
+1
+M5.5
+1ST_CIRCLE_CENTER_COORDINATE
+I
+1
+M5.5
+2ND_CIRCLE_CENTER_COORDINATE
+J
+1
+M5.5
+3RD_CIRCLE_CENTER_COORDINATE
+K
+1
+M5.5
+# Centres count from the start of the arc. The key stands behind the centre words.
+CIRCLE_CENTER_ABS
+0
+REV_TLCHG_TLADR
+T
+# Words of arcs, dwells and tables.
+REV_CIRCLE_RADIUS
+R
+1
+M5.5
+REV_DWELL_SECONDS
+P
+1
+M5.5
+REV_TABLE_KIND
+L
+1
+M5.5
+REV_TABLE_NUMBER
+P
+1
+M5.5

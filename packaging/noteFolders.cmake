@@ -1,0 +1,21 @@
+# Run first by an installation: notes which of the folders that it may share with others it is about
+# to make, so that an uninstallation knows its own. RECORD is the folder of such notes.
+set(root "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}")
+if(root MATCHES "/_CPack_Packages/")
+  return() # the staged tree of a package
+endif()
+set(made "")
+if(EXISTS "${RECORD}/folders.txt")
+  file(STRINGS "${RECORD}/folders.txt" made)
+endif()
+foreach(folder IN LISTS SHARED_FOLDERS)
+  cmake_path(APPEND root "${folder}" OUTPUT_VARIABLE folder)
+  cmake_path(NORMAL_PATH folder)
+  while(NOT EXISTS "${folder}")
+    list(APPEND made "${folder}")
+    cmake_path(GET folder PARENT_PATH folder)
+  endwhile()
+endforeach()
+list(REMOVE_DUPLICATES made)
+list(JOIN made "\n" lines)
+file(WRITE "${RECORD}/folders.txt" "${lines}\n")
