@@ -262,9 +262,6 @@ gmVector3 AptReader::normalOf(const gmVector3& arm, const gmVector3& direction) 
 // circle before. Ends that are the same make a full turn; those that only their last digit tells
 // apart are as good as one point, on whichever side of each other.
 double AptReader::angleOf(const ToolArc& arc, const gmVector3& start, const gmVector3& end) const {
-    if (start == end) {
-        return kFullTurn;
-    }
     const gmVector3 from = across(start - arc.centre, arc.normal);
     const gmVector3 to = across(end - arc.centre, arc.normal);
     const double angle = std::atan2(dotProduct(cross(from, to), arc.normal), dotProduct(from, to));

@@ -116,8 +116,14 @@ private:
         const std::size_t endOfB = m_b.movements.size() - back;
         const PathTree treeOfA(m_a, first, std::max(endOfA, first + 1));
         const PathTree treeOfB(m_b, first, std::max(endOfB, first + 1));
+        // What digits leave open is no distance.
+        const double least = 2.0 * std::max(grainOf(m_a), grainOf(m_b));
+        found.distance = least;
         measureOne(m_a, first, endOfA, treeOfB, false, found);
         measureOne(m_b, first, endOfB, treeOfA, true, found);
+        if (found.distance == least) {
+            found.distance = 0.0;
+        }
     }
 
     static void measureOne(const ToolPath& path, std::size_t first, std::size_t last,

@@ -1,9 +1,15 @@
+#include "path/PathDifference.h"
 #include "path/PathMeasure.h"
+#include "path/PathTree.h"
 #include "tests/pathReader/readText.h"
 #include "tests/support/convert.h"
 
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
+#include <random>
+#include <string>
 
 // Two tools, each with what it alone does; all figures by hand.
 TEST(PathMeasure, MeasuresByHand) {
@@ -58,4 +64,61 @@ TEST(PathMeasure, HoldsArcsThatLeaveTheBoxOfTheirEnds) {
     EXPECT_EQ(box.low, gmVector3(-10, -10, 0));
     EXPECT_EQ(box.high, gmVector3(8, 10, 0));
     EXPECT_TRUE(measurePath(ToolPath(), 0.0).box.isEmpty);
+}
+
+// Against the points of all movements, close enough to each other.
+TEST(PathTree, FindsTheNearestMovement) {
+    std::mt19937 random(7);
+    const auto below = [&](int bound) {
+        return static_cast<int>(random() % static_cast<unsigned>(bound));
+    };
+    std::string apt = "TLAXIS/0,0,1\nGOTO/0,0,0\n";
+    for (int i = 0, x = 0, y = 0; i < 60; ++i) {
+        if (below(3) == 0) { // half or three quarters of a circle about a point to the right
+            const double radius = 1 + below(9);
+            const bool isHalf = below(2) == 0;
+            const Point centre{x + radius, static_cast<double>(y), 0};
+            x += static_cast<int>(isHalf ? 2 * radius : radius);
+            y += static_cast<int>(isHalf ? 0 : radius);
+            apt += arcTo({0, -1, 0}, centre, radius,
+                         {static_cast<double>(x), static_cast<double>(y), 0});
+        } else {
+            x = below(60) - 30;
+            y = below(60) - 30;
+            apt += goTo(x, y, 0);
+        }
+    }
+    const ToolPath path = pathOf(apt);
+    ASSERT_GT(path.arcs.size(), 5U);
+    const std::size_t first = 3;
+    const PathTree tree(path, first, path.movements.size());
+    for (int i = 0; i < 300; ++i) {
+        const gmVector3 point(below(80) - 40, below(80) - 40, below(9) - 4);
+        double nearest = HUGE_VAL;
+        for (std::size_t k = first; k < path.movements.size(); ++k) {
+            for (int part = 0; part <= 2000; ++part) {
+                nearest = std::min(nearest, (path.PointAt(k, part / 2000.0) - point).length());
+            }
+        }
+        EXPECT_NEAR(tree.Distance(point, 0.0), nearest, 0.03) << point[0] << " " << point[1];
+    }
+}
+
+TEST(PathDifference, TakesAWayInOtherPiecesForTheSame) {
+    const Point centre{0, 0, 0};
+    const std::string start = "TLAXIS/0,0,1\nGOTO/10,0,0\n";
+    const double part = 10 * std::sqrt(0.5);
+    const ToolPath whole = pathOf(start + arcTo({0, 1, 0}, centre, 10, {0, 10, 0}));
+    const ToolPath pieces =
+        pathOf(start + arcTo({0, 1, 0}, centre, 10, {part, part, 0}) +
+               arcTo({-std::sqrt(0.5), std::sqrt(0.5), 0}, centre, 10, {0, 10, 0}));
+    const PathDifference same = comparePaths(whole, pieces);
+    EXPECT_STREQ(same.what, "end");
+    EXPECT_EQ(same.movement, 1U);
+    EXPECT_EQ(same.distance, 0.0);
+    // A chord lies off the arc by its height.
+    const PathDifference chord = comparePaths(whole, pathOf(start + "GOTO/0,10,0\n"));
+    EXPECT_STREQ(chord.what, "kind of movement");
+    EXPECT_NEAR(chord.distance, 10 - part, 1e-3);
+    EXPECT_FALSE(chord.isOfSecond);
 }
