@@ -5,6 +5,7 @@
 #include "driver/usualCodes.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -45,6 +46,15 @@ void ScanReport::NotePlace(const Block& block) noexcept {
         m_lastLongLine = place.line;
         Note(Oddity::kLongLine, block);
     }
+}
+
+bool ScanReport::KnowsOfMovement() const noexcept {
+    constexpr StatementKind kMovements[] = {StatementKind::kRapidMove, StatementKind::kFeedMove,
+                                            StatementKind::kArc, StatementKind::kDroppedArc,
+                                            StatementKind::kHome};
+    constexpr Oddity kTold[] = {Oddity::kComputes, Oddity::kUnknownPlace, Oddity::kHeldRapid};
+    return std::ranges::any_of(kMovements, [this](auto k) { return m_statements.Of(k) > 0; }) ||
+           std::ranges::any_of(kTold, [this](auto oddity) { return Of(oddity).count > 0; });
 }
 
 void ScanReport::NoteRest(const Block& block, const RestContext& context) noexcept {

@@ -246,6 +246,39 @@ TEST(LooksComputed, KnowsTheThreeFamiliesAndNoComments) {
     }
 }
 
+TEST(ScanReport, FindsTheCauseOfNoMovement) {
+    const std::string oWord = mill({{"REV_PROGRAM_LANGUAGE", "O_WORD"}});
+    const std::tuple<std::string, std::string, std::string> rows[] = {
+        {"G1 X1\n", mill(), ""},
+        {"", mill(), ""},
+        {" \n\t\r\n", mill(), ""},
+        {"G2 I0 X0\n", mill(), ""}, // which is warned of as an arc
+        {"#1=3\nG1 Y#1\n", mill(), ""},
+        {"l q5 r0\nq5=7\n", mill(), "no_word"},
+        {"e\n5\nL IX\n", mill(), "no_word"},
+        {"g01 x5\ng01 y3\n", dialectOf({{"LINEAR_INTERPOLATION", "G01"}}), "lower_case"},
+        {"g01 x5\n", dialectOf({{"LINEAR_INTERPOLATION", "G02"}}), "no_word"},
+        {"\xFF\xFEG\0001\0 \0X\0005\0\n\0"s, mill(), "utf_16"},
+        {"G\0001\0X\0005\0\n\0"s, mill(), "utf_16"},
+        {"\0G\0001\0X\0005\0\n"s, mill(), "utf_16"},
+        {"\x1F\x8B\x08\0\0"s, mill(), "gzip"},
+        {"(G1 X5)\n(G1 X6)\n", mill(), "comments"},
+        {"; a\n;b\n", mill(), "comments"},
+        {"M8 (open\nM9\n", mill(), "comments"},
+        {"M8\nM9\n", mill(), "unknown"},
+        {std::string(100 * 2, '\n') + "E1\nM8\n", mill(), "unknown"},
+        {"o<a> sub\nG1 X1\no<a> endsub\n", mill(), ""},
+        {"(a)\no<a> sub\nG1 X1\no<a> endsub\n", oWord, "only_subprograms"},
+        {"o<a> sub\nG1 X1\no<a> endsub\nM8\n", oWord, "unknown"},
+        {"o<a> sub\nG1 X1\no<a> endsub\no<a> call\n", oWord, ""},
+    };
+    for (const auto& [nc, dialect, cause] : rows) {
+        Scan scan(nc, dialect);
+        const char* const key = rowOf(scan->Idle()).key;
+        EXPECT_EQ(key == nullptr ? "" : key, cause) << testing::PrintToString(nc);
+    }
+}
+
 TEST(ScanReport, KeepsRestsAndWholeBlocks) {
     Scan scan("%\nN2 G54 G0 G41 X1 D1\n E5 Q  \nM8\n (a) G4 X2. F5\n");
     EXPECT_EQ(scan->UnrecognisedBlocks(), 4);
