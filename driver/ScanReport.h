@@ -77,6 +77,9 @@ public:
     }
 
 private:
+    void tallyWords(std::string_view word, std::string_view words, const RestContext& context,
+                    const Block::Place& place) noexcept;
+
     StatementCounts m_statements;
     std::array<Tally, static_cast<std::size_t>(Oddity::kCount)> m_oddities;
     IdleCause m_idleCause = IdleCause::kNone;
