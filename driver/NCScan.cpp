@@ -37,6 +37,7 @@ void NCScan::BeginConversion() noexcept {
     m_vocabulary.reset();
     m_model.emplace();
     m_report = {};
+    m_seen = {};
     m_failure = {};
 }
 
@@ -184,7 +185,19 @@ int NCScan::run() {
     if (const int code = passStartCodes(); code != 0) {
         return code;
     }
-    return runBlocks(*m_source);
+    const int code = runBlocks(*m_source);
+    if (!m_wasStopped && !m_report.KnowsOfMovement()) {
+        findIdleCause(code);
+    }
+    return code;
+}
+
+// A program that ended early may have moved later: only its bytes tell for sure.
+void NCScan::findIdleCause(int code) {
+    m_seen.hasOpenComment = m_report.Of(Oddity::kOpenComment).count > 0;
+    const IdleScan scan(m_ncFile.get());
+    m_report.SetIdle(code != 0 ? scan.Encoding()
+                               : scan.CauseOf(m_seen, m_model->rules.text, ModelVocabulary(*this)));
 }
 
 std::unique_ptr<BlockSource> NCScan::makeSource() {
@@ -343,6 +356,8 @@ int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
             return code;
         }
     }
+    m_seen.hasText = m_seen.hasText || !block.Text().empty();
+    m_seen.hasWords = m_seen.hasWords || *block.Rest() != '\0';
     if (Control* const control = status.GetControl()) {
         if (const int code = control->CheckAddresses(block.Rest()); code != 0) {
             return code;

@@ -14,6 +14,7 @@
 #include "driver/BufferedFile.h"
 #include "driver/DialectRules.h"
 #include "driver/Failure.h"
+#include "driver/IdleScan.h"
 #include "driver/ScanReport.h"
 #include "include/quillmark.h"
 #include "program/Vocabulary.h"
@@ -132,6 +133,7 @@ private:
     int openLog(const char* name) noexcept;
     [[nodiscard]] std::unique_ptr<BlockSource> makeSource();
     int runBlocks(BlockSource& source);
+    void findIdleCause(int code);
     int endBlocks(const BlockSource& source) noexcept;
     [[nodiscard]] bool goesOn() const noexcept { return m_watch == nullptr || m_watch->GoesOn(); }
     int passStartCodes();
@@ -174,6 +176,7 @@ private:
     BlockWatch* m_watch = nullptr;
 
     ScanReport m_report;
+    IdleScan::Seen m_seen;
     Failure m_failure;
     std::string m_failureText; // what that may point to
 };

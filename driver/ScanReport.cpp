@@ -5,6 +5,7 @@
 #include "driver/usualCodes.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -31,6 +32,11 @@ bool isGWord(std::string_view word) noexcept {
     return toLowerByte(word.front()) == 'g' && (word.size() == 1 || !isLetterByte(word[1]));
 }
 
+bool isCodeWord(std::string_view word) noexcept {
+    const char letter = toLowerByte(word.front());
+    return word.size() > 1 && (letter == 'g' || letter == 'm') && isDigitByte(word[1]);
+}
+
 } // namespace
 
 void ScanReport::NotePlace(const Block& block) noexcept {
@@ -47,6 +53,15 @@ void ScanReport::NotePlace(const Block& block) noexcept {
     }
 }
 
+bool ScanReport::KnowsOfMovement() const noexcept {
+    constexpr StatementKind kMovements[] = {StatementKind::kRapidMove, StatementKind::kFeedMove,
+                                            StatementKind::kArc, StatementKind::kDroppedArc,
+                                            StatementKind::kHome};
+    constexpr Oddity kTold[] = {Oddity::kComputes, Oddity::kUnknownPlace, Oddity::kHeldRapid};
+    return std::ranges::any_of(kMovements, [this](auto k) { return m_statements.Of(k) > 0; }) ||
+           std::ranges::any_of(kTold, [this](auto oddity) { return Of(oddity).count > 0; });
+}
+
 void ScanReport::NoteRest(const Block& block, const RestContext& context) noexcept {
     const char separator = context.separator;
     const std::string_view rest = block.Rest();
@@ -61,14 +76,26 @@ void ScanReport::NoteRest(const Block& block, const RestContext& context) noexce
         const std::size_t end = rest.find_last_not_of(' ') + 1;
         return blockAt(place, std::string(word.data(), rest.data() + end));
     });
-    for (; !word.empty(); word = takeWord(words, separator)) {
-        m_words.Add(word, place);
-    }
     if (looksComputed(rest)) {
-        Note(Oddity::kComputes, block);
+        Note(Oddity::kComputes, block); // which is the cause of all that is left
+    } else {
+        tallyWords(word, words, context, place);
     }
     if (context.hasMoved) {
         WarnOfGWord(block, context);
+    }
+}
+
+// The words behind a code belong to it, but for a harmless one, which has none of its own.
+void ScanReport::tallyWords(std::string_view word, std::string_view words,
+                            const RestContext& context, const Block::Place& place) noexcept {
+    bool isOfCode = false;
+    for (; !word.empty(); word = takeWord(words, context.separator)) {
+        const bool isCode = isCodeWord(word);
+        if (isCode || !isOfCode) {
+            m_words.Add(word, place);
+        }
+        isOfCode = isCode ? !isUsuallyHarmless(word, context.isLathe) : isOfCode;
     }
 }
 

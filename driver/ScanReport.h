@@ -2,6 +2,7 @@
 
 #include "apt/StatementCounts.h"
 #include "commands/Block.h"
+#include "driver/IdleCause.h"
 #include "driver/RestScan.h"
 #include "driver/Warning.h"
 #include "driver/WordTally.h"
@@ -56,6 +57,12 @@ public:
         m_oddities[static_cast<std::size_t>(oddity)].Add(block.GetPlace());
     }
 
+    /// Why the program did not move at all; kNone when it did, or when another warning says so.
+    void SetIdle(IdleCause cause) noexcept { m_idleCause = cause; }
+    [[nodiscard]] IdleCause Idle() const noexcept { return m_idleCause; }
+    /// Whether something moved, or would have but for what is warned of.
+    [[nodiscard]] bool KnowsOfMovement() const noexcept;
+
     [[nodiscard]] StatementCounts& Statements() noexcept { return m_statements; }
     [[nodiscard]] const StatementCounts& Statements() const noexcept { return m_statements; }
 
@@ -74,8 +81,12 @@ public:
     }
 
 private:
+    void tallyWords(std::string_view word, std::string_view words, const RestContext& context,
+                    const Block::Place& place) noexcept;
+
     StatementCounts m_statements;
     std::array<Tally, static_cast<std::size_t>(Oddity::kCount)> m_oddities;
+    IdleCause m_idleCause = IdleCause::kNone;
     long m_lastLongLine = 0;
     long m_unrecognisedBlocks = 0;
     std::vector<ReportedBlock> m_firstRests;

@@ -67,6 +67,14 @@ void printOddities(std::FILE* stream, const ScanReport& report, Level level) noe
     }
 }
 
+void printIdle(std::FILE* stream, const ScanReport& report, Level level) noexcept {
+    const IdleRow& row = rowOf(report.Idle());
+    if (row.key != nullptr && row.level == level) {
+        std::fprintf(stream, "quillmark: %sthe program does not move: %s\n",
+                     level == Level::kWarning ? "warning: " : "", row.text);
+    }
+}
+
 } // namespace
 
 void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noexcept {
@@ -83,6 +91,7 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
     const auto milliseconds = static_cast<long>(result.seconds * 1000.0);
     std::fprintf(stream, "\nquillmark: seconds: %ld.%03ld\n", milliseconds / 1000,
                  milliseconds % 1000);
+    printIdle(stream, report, Level::kNote);
     printOddities(stream, report, Level::kNote);
 }
 
@@ -95,7 +104,9 @@ void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
 }
 
 void printWarningCount(std::FILE* stream, const ScanReport& report) noexcept {
-    long count = report.WarningCount();
+    const IdleRow& idle = rowOf(report.Idle());
+    const bool isIdle = idle.key != nullptr && idle.level == Level::kWarning;
+    long count = report.WarningCount() + (isIdle ? 1 : 0);
     for (const OddityRow& row : kOddityRows) {
         count += row.level == Level::kWarning ? report.Of(row.oddity).count : 0;
     }
@@ -106,6 +117,7 @@ void printWarningCount(std::FILE* stream, const ScanReport& report) noexcept {
 
 void printReport(std::FILE* stream, NCScan& scan) noexcept {
     ScanReport& report = scan.Report();
+    printIdle(stream, report, Level::kWarning);
     printUnrecognisedCount(stream, scan);
     printWords(stream, report.Words());
     printOddities(stream, report, Level::kWarning);

@@ -42,3 +42,16 @@ void printStopSignal(std::FILE* stream, const NCScan& scan, int signal,
     printText(stream, outputName);
     std::fputs("' holds what was converted until then\n", stream);
 }
+
+void printFatalArc(std::FILE* stream, const NCScan& scan) noexcept {
+    const Block& block = scan.CurrentBlock();
+    if (block.GetPlace().number == 0) {
+        return;
+    }
+    std::fputs("quillmark: this arc has no direction, since its centre is its start: ", stream);
+    printBlock(stream, block);
+    std::fputs("\nquillmark: likely causes: it is given by its radius (R, CR=), which the dialect "
+               "does not "
+               "read; it lies in another plane; its centre word is one that the dialect lacks\n",
+               stream);
+}

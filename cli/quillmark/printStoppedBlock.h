@@ -12,3 +12,6 @@ void printStoppedBlock(std::FILE* stream, const NCScan& scan, const char* output
 /// Prints the one line about a conversion that a signal stopped between two blocks.
 void printStopSignal(std::FILE* stream, const NCScan& scan, int signal,
                      const char* outputName) noexcept;
+
+/// Why the arc of the block under conversion ends the process, and what is likely to be the cause.
+void printFatalArc(std::FILE* stream, const NCScan& scan) noexcept;

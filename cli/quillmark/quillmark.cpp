@@ -290,6 +290,9 @@ private:
     }
 
     void tell() noexcept {
+        if (!configuresMovement(m_controller)) {
+            m_controller.Report().SetIdle(IdleCause::kNone); // its dialect is to blame
+        }
         if (!m_options.quiet) {
             if (m_result.code == 0 && !configuresMovement(m_controller)) {
                 std::fprintf(stderr, "quillmark: warning: %s\n", kNoMovementCommand);
@@ -331,6 +334,9 @@ private:
             m_controller.ReportFatalArc();
         }
         tell();
+        if (end.kind == ProcessEnd::Kind::kAssertion) {
+            printFatalArc(stderr, m_controller);
+        }
         printStoppedBlock(stderr, m_controller, m_result.files.output);
         (void)writeReportFile();
     }

@@ -99,6 +99,29 @@ inline constexpr OddityRow kOddityRows[] = {
      "the path is the programmed contour", Level::kNote},
 };
 
+/// A cause of a program without a movement.
+struct IdleRow {
+    const char* key; ///< null: there is nothing to tell
+    const char* text;
+    Level level = Level::kWarning;
+};
+
+inline constexpr IdleRow kIdleRows[] = {
+    {nullptr, ""},
+    {"only_subprograms", "the file only defines subprograms", Level::kNote},
+    {"utf_16", "by its first bytes it is UTF-16, two bytes for each character"},
+    {"gzip", "by its first bytes it is compressed (gzip)"},
+    {"lower_case", "its words are in lower case, which the dialect does not read"},
+    {"comments", "the dialect takes it for comments, or its comments are of another style"},
+    {"no_word", "no word of the dialect is in its first 100 lines"},
+    {"unknown", "its blocks hold no position that the dialect reads"},
+};
+static_assert(std::size(kIdleRows) == static_cast<std::size_t>(IdleCause::kCount));
+
+[[nodiscard]] constexpr const IdleRow& rowOf(IdleCause cause) noexcept {
+    return kIdleRows[static_cast<std::size_t>(cause)];
+}
+
 struct WarningRow {
     Warning::Kind kind;
     const char* key;
@@ -139,7 +162,10 @@ static_assert([] {
 
 /// Whether a conversion was warned of.
 [[nodiscard]] inline bool hasWarnings(const ScanReport& report) noexcept {
-    return report.WarningCount() > 0 || std::ranges::any_of(kOddityRows, [&](const OddityRow& row) {
+    const IdleRow& idle = rowOf(report.Idle());
+    const bool isIdle = idle.key != nullptr && idle.level == Level::kWarning;
+    return isIdle || report.WarningCount() > 0 ||
+           std::ranges::any_of(kOddityRows, [&](const OddityRow& row) {
                return row.level == Level::kWarning && report.Of(row.oddity).count > 0;
            });
 }

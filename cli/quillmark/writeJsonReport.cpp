@@ -140,6 +140,10 @@ void writeOddities(JsonWriter& json, const ScanReport& report) noexcept {
     }
 }
 
+void writeIdle(JsonWriter& json, IdleCause cause) noexcept {
+    writeTextOrNull(json, "no_movement", rowOf(cause).key);
+}
+
 void writeWarnings(JsonWriter& json, const ScanReport& report) noexcept {
     json.Entry("warning_count", report.WarningCount());
     json.Key("warnings");
@@ -178,6 +182,7 @@ void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) n
     writeStatements(json, report.Statements());
     writeUnrecognised(json, report);
     writeOddities(json, report);
+    writeIdle(json, report.Idle());
     writeWarnings(json, report);
     json.EndObject();
 }

@@ -54,7 +54,7 @@ TEST_F(Report, TellsWhatWasNotUnderstood) {
 TEST_F(Report, ShowsTheMostFrequentWordsAndFirstWarnings) {
     std::string nc = "G1 X1\n\x1B[2J\n";
     for (int i = 1; i <= 125; ++i) {
-        nc += "G4 X1 E" + std::to_string(i) + "\n";
+        nc += "X1 E" + std::to_string(i) + " G4\n";
     }
     m_folder.write("a.nc", nc + "(\n" + std::string(300, ' ') + "M8\nG2\n");
     const std::string err = run("").err;

@@ -112,11 +112,11 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
         // where a word begins.
         {"G1 X1\nG4 X2.\nG28 X0\n", "G4 1/2 G28 1/3 !G4 1/2 !G28 1/3 "},
         {"G54\nM8 G10\n", "G54 1/1 G10 1/2 "},
-        {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 AG4 1/2 GOTO5 1/2 computes 1/2 "},
+        {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 computes 1/2 "},
         {"G1 X1\n%G17 X2\nE1 g4 X3\n", "%G17 1/2 E1 1/3 g4 1/3 !g4 1/3 "},
         {"G17 G54 G64 G42 X1\nG43.4 X2\nG18X3",
          "G17 1/1 G42 1/1 G54 1/1 G64 1/1 G43.4 1/2 G18 1/3 !G43.4 1/2 !G18 1/3 "},
-        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 R2. 1/1 G41 1/3 G54 1/3 !G81 1/1 "},
+        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 G41 1/3 G54 1/3 !G81 1/1 "},
         // An arc without a centre word is dropped where it ends at its start.
         {"G2\nG1 X1\nG2 X1 R5\nG3 X1 I0\n", "R5 1/3 !arc 1/1 !arc 1/3 dropped 3/1 "},
         {"G1 X5\nG2 X5 I5 J0\n", ""}, // a full circle
@@ -246,6 +246,39 @@ TEST(LooksComputed, KnowsTheThreeFamiliesAndNoComments) {
     }
 }
 
+TEST(ScanReport, FindsTheCauseOfNoMovement) {
+    const std::string oWord = mill({{"REV_PROGRAM_LANGUAGE", "O_WORD"}});
+    const std::tuple<std::string, std::string, std::string> rows[] = {
+        {"G1 X1\n", mill(), ""},
+        {"", mill(), ""},
+        {" \n\t\r\n", mill(), ""},
+        {"G2 I0 X0\n", mill(), ""}, // which is warned of as an arc
+        {"#1=3\nG1 Y#1\n", mill(), ""},
+        {"l q5 r0\nq5=7\n", mill(), "no_word"},
+        {"e\n5\nL IX\n", mill(), "no_word"},
+        {"g01 x5\ng01 y3\n", dialectOf({{"LINEAR_INTERPOLATION", "G01"}}), "lower_case"},
+        {"g01 x5\n", dialectOf({{"LINEAR_INTERPOLATION", "G02"}}), "no_word"},
+        {"\xFF\xFEG\0001\0 \0X\0005\0\n\0"s, mill(), "utf_16"},
+        {"G\0001\0X\0005\0\n\0"s, mill(), "utf_16"},
+        {"\0G\0001\0X\0005\0\n"s, mill(), "utf_16"},
+        {"\x1F\x8B\x08\0\0"s, mill(), "gzip"},
+        {"(G1 X5)\n(G1 X6)\n", mill(), "comments"},
+        {"; a\n;b\n", mill(), "comments"},
+        {"M8 (open\nM9\n", mill(), "comments"},
+        {"M8\nM9\n", mill(), "unknown"},
+        {std::string(100 * 2, '\n') + "E1\nM8\n", mill(), "unknown"},
+        {"o<a> sub\nG1 X1\no<a> endsub\n", mill(), ""},
+        {"(a)\no<a> sub\nG1 X1\no<a> endsub\n", oWord, "only_subprograms"},
+        {"o<a> sub\nG1 X1\no<a> endsub\nM8\n", oWord, "unknown"},
+        {"o<a> sub\nG1 X1\no<a> endsub\no<a> call\n", oWord, ""},
+    };
+    for (const auto& [nc, dialect, cause] : rows) {
+        Scan scan(nc, dialect);
+        const char* const key = rowOf(scan->Idle()).key;
+        EXPECT_EQ(key == nullptr ? "" : key, cause) << testing::PrintToString(nc);
+    }
+}
+
 TEST(ScanReport, KeepsRestsAndWholeBlocks) {
     Scan scan("%\nN2 G54 G0 G41 X1 D1\n E5 Q  \nM8\n (a) G4 X2. F5\n");
     EXPECT_EQ(scan->UnrecognisedBlocks(), 4);
@@ -258,7 +291,7 @@ TEST(ScanReport, KeepsRestsAndWholeBlocks) {
 TEST(ScanReport, StaysWithinItsBounds) {
     std::string nc;
     for (int i = 0; i < 5'000; ++i) {
-        nc += "G4 X1 E" + std::to_string(i) + std::string(200, '0') + "\n";
+        nc += "X1 E" + std::to_string(i) + std::string(200, '0') + " G4\n";
     }
     Scan scan(nc);
     EXPECT_EQ(scan->UnrecognisedBlocks(), 5'000);
