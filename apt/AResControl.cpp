@@ -41,3 +41,5 @@ void AResControl::WriteSpeedLimit(double speed) {
     text.add("SPINDL/MAXRPM,").exact(speed).add("\n");
     write(StatementKind::kSpindle, text);
 }
+
+void AResControl::WriteMultiAxis() { write(StatementKind::kMode, "MULTAX/ON\n"); }

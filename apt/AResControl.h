@@ -2,7 +2,7 @@
 
 #include "apt/ResControl.h"
 
-/// The same in APT: DELAY, UNITS, CUTCOM, STOP, OPSTOP, GOHOME, SPINDL/MAXRPM.
+/// The same in APT: DELAY, UNITS, CUTCOM, STOP, OPSTOP, GOHOME, SPINDL/MAXRPM, MULTAX.
 class AResControl final : public ResControl {
 public:
     using ResControl::ResControl;
@@ -15,4 +15,5 @@ public:
     void WriteStop(bool isOptional) override;
     void WriteGoHome() override;
     void WriteSpeedLimit(double speed) override;
+    void WriteMultiAxis() override;
 };

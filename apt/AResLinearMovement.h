@@ -9,4 +9,5 @@ public:
 
     void InitOutput(const gmVector3& axis) override;
     void InitOutput(Boolean rapid, double& x, double& y, double& z) override;
+    void InitOutput(Boolean rapid, const gmVector3& point, const gmVector3& axis) override;
 };

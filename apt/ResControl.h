@@ -25,5 +25,7 @@ public:
     virtual void WriteGoHome() = 0;
     /// The highest speed of the spindle, rev/min.
     virtual void WriteSpeedLimit(double speed) = 0;
+    /// From now on points have the tool axis with them.
+    virtual void WriteMultiAxis() = 0;
     virtual ~ResControl() = default;
 };

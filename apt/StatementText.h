@@ -31,6 +31,8 @@ public:
     StatementText& rate(double value) noexcept { return fixed<10, 4>(value); }
     /// Adds a number as "%10.6lf": a feed or a pitch that four decimals cannot hold.
     StatementText& fineRate(double value) noexcept { return plain(value, 10, 6); }
+    /// Adds a number as "%10.7lf": a component of a tool axis that turns.
+    StatementText& direction(double value) noexcept { return plain(value, 10, 7); }
     /// Adds a number as "%.4lf".
     StatementText& exact(double value) noexcept { return plain(value, 0, 4); }
     /// Adds a whole number.

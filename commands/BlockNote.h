@@ -6,6 +6,10 @@ enum class BlockNote : unsigned {
     kUnknownOrigin, ///< a work offset of which nobody says where it lies
     kCompensation,  ///< a radius compensation, of which the path is the programmed contour
     kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
+    kRotaryLimit,   ///< a rotary axis that leaves its limits
+    kRotaryFeed,    ///< a rotary axis that moves alone, at a feed along the path
+    kHeadLength,    ///< a tool on a turning head of which nobody says how long it is
+    kCycleAside,    ///< a cycle that does not run along the tool
     kTwoMovements,  ///< the words of two movements: one of them acts
     kCount
 };

@@ -34,6 +34,9 @@ bool CircularMovement::TakeWords(char* line) {
     }
     m_arcWords = takeArcWords(line, *control, status());
     found |= !m_arcWords.IsEmpty();
+    if (control->rotary != nullptr) { // what is a word of the arc is no vector
+        found |= control->rotary->TakeVector(line, *control);
+    }
     if (found) {
         m_arcWords.turnsBegun = control->words.turnsBegun.Take(line, status());
         m_arcWords.turnsMore = control->words.turnsMore.Take(line, status());

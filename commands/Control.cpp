@@ -2,12 +2,14 @@
 
 #include "commands/Command.h"
 #include "commands/CycleCall.h"
+#include "commands/InverseTime.h"
 #include "commands/MachineStatus.h"
 #include "commands/Movement.h"
 #include "commands/repeatedAddress.h"
 #include "commands/withoutNoise.h"
 #include "driver/returnCodes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -47,6 +49,10 @@ void Control::BeginBlock() noexcept {
     m_axisWordsAreTakenTwice = false;
     movesInMachine = false;
     polar.ForgetWords();
+    if (rotary != nullptr) {
+        rotary->ForgetWords();
+    }
+    inverseFeed.reset();
     m_hasMovementCommand = false;
     hasDwell = false;
     pitchIsOfBlock = false;
@@ -71,7 +77,30 @@ AxisValues Control::TakeAxisWords(char* line) {
             }
         }
     }
+    if (rotary != nullptr) {
+        (void)rotary->TakeWords(line, m_status);
+    }
     return takeFound(words.axes);
+}
+
+RotaryValues Control::TakeRotaryValues() const noexcept {
+    return rotary == nullptr ? RotaryValues() : rotary->TakeValues();
+}
+
+double Control::RotaryOffset(std::size_t axis) const {
+    return rotary->OffsetOf(axis, coordinates.zeros.Current());
+}
+
+int Control::CheckRotary(const RotaryValues& values, bool areUsed) {
+    for (std::size_t axis = 0; axis < values.size(); ++axis) {
+        if (values.at(axis) && axis >= rotary->chain.Count()) {
+            return Refuse(kRotaryRefused, "the machine has no such rotary axis");
+        }
+        if (values.at(axis) && !areUsed) {
+            return Refuse(kWordNotConverted, "a code has no use for the rotary axis of its block");
+        }
+    }
+    return 0;
 }
 
 bool Control::NeedsModes(const Command& command) const noexcept {
@@ -174,6 +203,9 @@ int Control::ResolvePoint(AxisValues values, gmVector3& point) {
 std::optional<double> Control::MachineZero(int axis) const {
     const std::optional<gmVector3> zero = coordinates.zeros.MachineZero();
     const bool hasLength = axis == 2 || (axis == 0 && isLathe);
+    if (rotary != nullptr && rotary->HidesMachine()) {
+        return std::nullopt;
+    }
     return zero && !(hasToolLength && hasLength) ? std::optional((*zero)[axis]) : std::nullopt;
 }
 
@@ -194,6 +226,9 @@ int Control::resolveInMachine(const AxisValues& values, gmVector3& point) {
             m_status.Note(BlockNote::kUnknownPlace);
         }
     }
+    if (rotary != nullptr && rotary->HidesMachine()) {
+        place.assign(AxisKnowledge::kUnknown, AxisKnowledge::kUnknown, AxisKnowledge::kUnknown);
+    }
     point = FromLengths(coordinates.FromStart(place));
     return 0;
 }
@@ -207,14 +242,62 @@ int Control::CheckKnown(const gmVector3& point) {
 }
 
 int Control::CheckFeed(const Movement& movement) {
-    return isStrict && movement.rapid != TRUE && movement.needsFeed &&
+    return isStrict && movement.rapid != TRUE && movement.needsFeed && !IsInverseTime() &&
                    m_status.GetFeedRateSpeed() == 0.0
                ? Refuse(kBlockRefused, "a feed movement has no feed")
                : 0;
 }
 
+bool Control::IsInverseTime() const {
+    return !inverseTimeCodes.empty() &&
+           std::ranges::find(inverseTimeCodes, m_status.GetFeedRateCom()->GetActiveCommand()) !=
+               inverseTimeCodes.end();
+}
+
+int Control::WriteInverseFeed(const Movement& movement, double length) {
+    if (movement.rapid == TRUE || !movement.needsFeed || !IsInverseTime()) {
+        return 0;
+    }
+    if (!inverseFeed || !(*inverseFeed > 0.0)) {
+        return Refuse(kRotaryRefused, "a movement under inverse time has no feed above 0");
+    }
+    if (length > 0.0) { // where the tip stands, no feed of it says anything
+        const double feed = *inverseFeed * length;
+        if (units.IsOutputInch()) {
+            feedWriter->WriteFine(true, feed, true);
+        } else {
+            feedWriter->InitOutput(TRUE, feed);
+        }
+    }
+    return 0;
+}
+
+bool Control::RunsAlongTool(int axis) const {
+    if (rotary == nullptr || !rotary->IsInUse()) {
+        return true;
+    }
+    constexpr double kSameDirection = 1e-6;
+    gmVector3 direction;
+    direction[axis] = 1.0;
+    direction = rotary->Pose().Turn(coordinates.DirectionToStart(direction));
+    const gmVector3 off = cross(direction, rotary->ToolAxis());
+    return !(off.length() > kSameDirection * direction.length());
+}
+
+int Control::CheckParts(const Sweep& sweep) {
+    return path.PartsOf(sweep, units.FromMillimetres()) <= kMostParts
+               ? 0
+               : Refuse(kArcRefused, "the arc is too long for its tolerance");
+}
+
 int Control::Pass(Movement& movement, const AxisMapping& mapping) {
     const gmVector3 programmed = movement.end;
+    Turning turning;
+    if (rotary != nullptr) {
+        if (const int code = rotary->Resolve(*this, turning); code != 0) {
+            return code;
+        }
+    }
     m_status.InitEndPosition(programmed[0], programmed[1], programmed[2]);
     toOutput(movement.start, mapping);
     toOutput(movement.end, mapping);
@@ -234,8 +317,15 @@ int Control::Pass(Movement& movement, const AxisMapping& mapping) {
         if (!isRound(sweep)) {
             return Refuse(kArcRefused, "the factors of the axes make an ellipse of the arc");
         }
-        if (!(path.PartsOf(sweep, units.FromMillimetres()) <= kMostParts)) {
-            return Refuse(kArcRefused, "the arc is too long for its tolerance");
+    }
+    if (rotary != nullptr && rotary->IsInUse()) {
+        return hasInfinity(movement.end)
+                   ? Refuse(kBlockRefused, "a position is beyond all numbers")
+                   : m_toolPath.Pass(*this, m_knowledge, movement, turning, programmed);
+    }
+    if (movement.sweep) {
+        if (const int code = CheckParts(*movement.sweep); code != 0) {
+            return code;
         }
     }
     if (movement.arc || movement.sweep) {
@@ -257,6 +347,13 @@ int Control::Pass(Movement& movement, const AxisMapping& mapping) {
     WriteUnits();
     m_status.InitBasicPosition(movement.end[0], movement.end[1], movement.end[2]);
     m_status.KeepMovement(&movement); // before an arc that has no direction ends the process
+    if (!inverseTimeCodes.empty()) {
+        const double length =
+            movement.sweep ? movement.sweep->Length() : (movement.end - movement.start).length();
+        if (const int code = WriteInverseFeed(movement, length); code != 0) {
+            return code;
+        }
+    }
     path.Write(movement, units.FromMillimetres());
     return 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apt/ResControl.h"
+#include "apt/ResFeedRate.h"
 #include "commands/ActionQueue.h"
 #include "commands/ArcRequest.h"
 #include "commands/AxisKnowledge.h"
@@ -14,12 +15,16 @@
 #include "commands/PathWriter.h"
 #include "commands/Plane.h"
 #include "commands/PolarCoordinates.h"
+#include "commands/RotaryAxes.h"
+#include "commands/ToolPath.h"
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
+class InverseTime;
 class MachineStatus;
 struct Movement;
 
@@ -47,6 +52,9 @@ public:
     const AxisMapping* axisMapping = nullptr; ///< of the rapid movement; not owned
     PathWriter path;
     std::unique_ptr<ResControl> writer;
+    std::unique_ptr<RotaryAxes> rotary;         ///< null where the dialect has no word for them
+    std::vector<InverseTime*> inverseTimeCodes; ///< the feed modes of inverse time; not owned
+    std::unique_ptr<ResFeedRate> feedWriter;    ///< for those; else null
 
     /// The first block is read: from now on something is told.
     bool isRunning = false;
@@ -72,8 +80,9 @@ public:
 
     // Of the block at hand.
     bool hasDwell = false;
-    bool pitchIsOfBlock = false; ///< and counts in the unit that the block begins
-    bool speedWaits = false;     ///< it or its mode is to be told, unless a spindle code does
+    std::optional<double> inverseFeed; ///< 1/min, where the feed counts so
+    bool pitchIsOfBlock = false;       ///< and counts in the unit that the block begins
+    bool speedWaits = false;           ///< it or its mode is to be told, unless a spindle code does
 
     /// Whether a cycle is the active movement.
     [[nodiscard]] bool IsCycleActive() const;
@@ -88,6 +97,13 @@ public:
     /// For a command to which the axis words of its block belong: takes them, so that nothing
     /// moves.
     [[nodiscard]] AxisValues TakeAxisWords(char* line);
+    /// What those words said of rotary axes; to be taken at once.
+    [[nodiscard]] RotaryValues TakeRotaryValues() const noexcept;
+    /// By what the coordinates of a rotary axis are less than those of the machine.
+    [[nodiscard]] double RotaryOffset(std::size_t axis) const;
+    /// Refuses rotary axes that belong to a code which has no use for them, or that the machine
+    /// does not have.
+    int CheckRotary(const RotaryValues& values, bool areUsed);
     /// Whether the command has to wait for the modes of its block although nothing else waits.
     [[nodiscard]] bool NeedsModes(const Command& command) const noexcept;
     /// Refuses a block in which an address stands twice, where the control does.
@@ -157,6 +173,15 @@ public:
 
     /// Refuses a feed movement without a feed where the control does.
     int CheckFeed(const Movement& movement);
+    /// Whether the feed says how often in a minute a block could be run.
+    [[nodiscard]] bool IsInverseTime() const;
+    /// Tells the feed of a movement on a way of that length, where its number is inverse time.
+    /// Returns 0 or the code of a refusal.
+    int WriteInverseFeed(const Movement& movement, double length);
+    /// Whether a movement along an axis of the program runs along the tool, where that can turn.
+    [[nodiscard]] bool RunsAlongTool(int axis) const;
+    /// Refuses an arc that would take too many statements.
+    int CheckParts(const Sweep& sweep);
     /// Takes a movement in coordinates of the program (its sweep in lengths) through the stages and
     /// writes it. Returns 0 or the code of a refusal.
     int Pass(Movement& movement, const AxisMapping& mapping);
@@ -184,6 +209,7 @@ private:
 
     MachineStatus& m_status;
     AxisKnowledge m_knowledge;
+    ToolPath m_toolPath;
     std::string m_reason;
     bool m_axisWordsAreTaken = false;
     bool m_axisWordsAreTakenTwice = false;

@@ -38,6 +38,9 @@ int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbe
 
 int CycleMovement::walk(const CycleKind& kind, const CycleNumbers& numbers) {
     m_programmedFeed = status().GetFeedRateSpeed();
+    if (!m_control.RunsAlongTool(axesOf(m_control.plane).normal)) {
+        status().Note(BlockNote::kCycleAside);
+    }
     for (const CycleStep next : kind.steps) {
         if (const int code = step(next, kind, numbers); code != 0) {
             return code;
@@ -138,7 +141,8 @@ int CycleMovement::turn(CycleTurning turning, bool isBack) {
 int CycleMovement::goTo(Boolean rapid, const gmVector3& point) {
     const gmVector3 now = status().GetEndPosition();
     const bool isThere = now[0] == point[0] && now[1] == point[1] && now[2] == point[2];
-    return isThere ? 0 : moveTo(rapid, point);
+    const bool turns = m_control.rotary != nullptr && m_control.rotary->HasWords();
+    return isThere && !turns ? 0 : moveTo(rapid, point);
 }
 
 int CycleMovement::goAlong(Boolean rapid, int axis, double coordinate) {

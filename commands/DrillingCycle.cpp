@@ -181,6 +181,9 @@ int DrillingCycle::drill(const CycleNumbers& numbers) {
     }
     for (auto pass = static_cast<long>(passes); pass > 0; --pass) {
         m_position.Restore();
+        if (control().rotary != nullptr && pass < static_cast<long>(passes)) {
+            control().rotary->Repeat();
+        }
         gmVector3 place;
         if (const int code = resolveEndPoint(place); code != 0) {
             return code;

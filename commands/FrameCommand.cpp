@@ -30,6 +30,7 @@ FrameCommand::~FrameCommand() = default;
 
 void FrameCommand::takeWords(char* line) {
     m_values = control().TakeAxisWords(line);
+    m_rotary = control().TakeRotaryValues();
     m_hasWords = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
     m_angle.reset();
     m_factor.reset();
@@ -52,9 +53,27 @@ void FrameCommand::takeFactor(char* line) {
 }
 
 int FrameCommand::Act() {
-    int code = 0;
+    int code = control().CheckRotary(m_rotary, m_kind == FrameKind::kShift);
+    if (code != 0) {
+        return code;
+    }
+    if (control().rotary != nullptr) {
+        shiftAngles(control().rotary->frameShift);
+    }
     control().Recoordinate([&] { code = addParts(); });
     return code;
+}
+
+// As with lengths, a plain form replaces the whole frame.
+void FrameCommand::shiftAngles(gmVector3& shift) const {
+    if (!m_isAdding && !hasCentre()) {
+        shift = gmVector3();
+    }
+    for (std::size_t axis = 0; axis < m_rotary.size(); ++axis) {
+        if (const auto& word = m_rotary.at(axis)) {
+            shift[static_cast<int>(axis)] += word->value.value;
+        }
+    }
 }
 
 int FrameCommand::addParts() {

@@ -3,6 +3,7 @@
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
 #include "commands/FramePart.h"
+#include "commands/RotaryWord.h"
 
 #include <optional>
 
@@ -28,13 +29,15 @@ private:
     int makeScaling();
     void add(const gmMatrix4& matrix, const gmMatrix4& inverse, int axis = 0);
     void addAbout(const gmVector3& centre, const gmMatrix4& matrix, const gmMatrix4& inverse);
+    void shiftAngles(gmVector3& shift) const;
     int addParts();
     void addMirrors();
     [[nodiscard]] gmVector3 centre() const;
 
     FrameKind m_kind;
     bool m_isAdding;
-    AxisValues m_values; // of the block at hand, as all of these
+    RotaryValues m_rotary; // of the block at hand
+    AxisValues m_values;   // of the block at hand, as all of these
     bool m_hasWords = false;
     std::optional<double> m_angle;
     std::optional<double> m_factor;

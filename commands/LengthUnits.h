@@ -23,6 +23,10 @@ public:
     }
     /// What a cutting speed in one unit has to be multiplied by to become one in the other.
     [[nodiscard]] static double CuttingSpeedFactor(bool fromInch, bool toInch) noexcept;
+    /// How many mm a length of 1 of the program has.
+    [[nodiscard]] double Millimetres() const noexcept {
+        return m_isInch ? kMillimetresPerInch : 1.0;
+    }
     /// Turns a length in mm into one of the output.
     [[nodiscard]] double FromMillimetres() const noexcept {
         return IsOutputInch() ? 1.0 / kMillimetresPerInch : 1.0;

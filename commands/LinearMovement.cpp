@@ -20,8 +20,11 @@ void LinearMovement::InitInstSyntax(const char* syntax, const int& number, Facto
 }
 
 bool LinearMovement::TakeWords(char* line) {
-    const bool found = PathMovement::TakeWords(line);
+    bool found = PathMovement::TakeWords(line);
     Control* const control = status().GetControl();
+    if (control != nullptr && control->rotary != nullptr) {
+        found |= control->rotary->TakeVector(line, *control);
+    }
     m_hasArcWords = control != nullptr && control->computesArcs &&
                     !takeArcWords(line, *control, status()).IsEmpty();
     return found || m_hasArcWords;

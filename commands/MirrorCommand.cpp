@@ -9,10 +9,14 @@ MirrorCommand::~MirrorCommand() = default;
 
 void MirrorCommand::takeWords(char* line) {
     m_values = control().TakeAxisWords(line);
+    m_rotary = control().TakeRotaryValues();
     m_hasWords = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
 }
 
 int MirrorCommand::Act() {
+    if (const int code = control().CheckRotary(m_rotary, false); code != 0) {
+        return code;
+    }
     if (m_isOn && !m_hasWords) {
         return control().Refuse(kBlockRefused, "a mirror names no axis");
     }

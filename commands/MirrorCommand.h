@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
+#include "commands/RotaryWord.h"
 
 /// A code that mirrors the named axes at the places that their words give, until it is cancelled
 /// for the axis; or the code that cancels, without words for all axes.
@@ -17,6 +18,7 @@ private:
     void mirror(int axis, double place);
 
     bool m_isOn;
-    AxisValues m_values; // of the block at hand
+    RotaryValues m_rotary; // of the block at hand
+    AxisValues m_values;   // of the block at hand
     bool m_hasWords = false;
 };

@@ -23,6 +23,7 @@ struct Movement {
     std::optional<Arc> arc;            ///< as described by its block; none: straight, or a sweep
     std::optional<Sweep> sweep;        ///< an arc that was computed
     std::optional<gmVector3> toolAxis; ///< to be told ahead of the movement
+    std::optional<gmVector3> axis;     ///< of the tool at the end, told with it where it can turn
     double feed = 0.0;                 ///< mm/min or mm/rev, as programmed last
     bool needsFeed = true;             ///< unless it is rapid; a thread has its pitch
 };

@@ -27,6 +27,9 @@ bool MovementCommand::TakeWords(char* line) {
     }
     if (Control* const control = m_status == nullptr ? nullptr : m_status->GetControl()) {
         found |= control->polar.TakeWords(line, *m_status);
+        if (control->rotary != nullptr) {
+            found |= control->rotary->TakeWords(line, *m_status);
+        }
     }
     return found;
 }

@@ -13,6 +13,10 @@ void MovementWriter::writeStraight(Movement& movement) {
         m_straight->InitOutput(*movement.toolAxis);
     }
     gmVector3& end = movement.end;
+    if (movement.axis) {
+        m_straight->InitOutput(movement.rapid, end, *movement.axis);
+        return;
+    }
     m_straight->InitOutput(movement.rapid, end[0], end[1], end[2]);
 }
 

@@ -5,6 +5,7 @@
 #include "commands/wordMatcher.h"
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -48,6 +49,9 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
 [[gnu::noinline]] int Parameter::takeWord(char* line, char separator) noexcept {
     int sign = 1;
     bool hasBracket = false;
+    if (m_readsWays) {
+        m_way.reset();
+    }
 
     const char* token = line;
     char* from = line;
@@ -64,6 +68,7 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
                 m_explicitMode = TRUE;
                 hasBracket = true;
             }
+            hasBracket = (m_readsWays && stepOverWay(p)) || hasBracket;
         }
         stepOver(p, "+");
         if (stepOver(p, "-")) {
@@ -80,6 +85,7 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
             ++end;
         }
         if (isNumber) {
+            m_isMinus = sign < 0;
             cutOut(word, end);
             m_ncLineStatus = TRUE;
             return 1;
@@ -87,6 +93,24 @@ int Parameter::scanNC(char* line, MachineStatus* status) {
         from = end;
     }
     return 0;
+}
+
+// "=DC(", "=ACP(" and "=ACN(" of rotary axes.
+bool Parameter::stepOverWay(char*& p) noexcept {
+    constexpr std::pair<const char*, RotaryWay> kWays[] = {
+        {"DC(", RotaryWay::kShortest},
+        {"ACP(", RotaryWay::kPositive},
+        {"ACN(", RotaryWay::kNegative},
+    };
+    for (const auto& [text, way] : kWays) {
+        if (stepOver(p, text)) {
+            m_way = way;
+            m_incremental = FALSE;
+            m_explicitMode = TRUE;
+            return true;
+        }
+    }
+    return false;
 }
 
 double Parameter::implyDecimals(double value, char separator) const noexcept {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "commands/RotaryWay.h"
 #include "commands/TextCopy.h"
 #include "commands/WordRule.h"
 #include "softCommon/Boolean.h"
+
+#include <optional>
 
 class MachineStatus;
 
@@ -24,6 +27,10 @@ public:
     [[nodiscard]] Boolean GetIncStatus() const noexcept { return m_incremental; }
     /// Whether the word carried "=AC(" or "=IC(".
     [[nodiscard]] bool IsExplicit() const noexcept { return m_explicitMode == TRUE; }
+    /// Whether the number was written with a minus, also in front of 0.
+    [[nodiscard]] bool IsMinus() const noexcept { return m_isMinus; }
+    /// The way round that the word itself tells; none without "=DC(", "=ACP(" or "=ACN(".
+    [[nodiscard]] std::optional<RotaryWay> Way() const noexcept { return m_way; }
     [[nodiscard]] Boolean GetNCLineStatus() const noexcept { return m_ncLineStatus; }
     [[nodiscard]] long GetDecimalPlace() const noexcept { return m_decimalPlaces; }
 
@@ -34,6 +41,8 @@ public:
     void SetNCLineStatus(Boolean status) noexcept { m_ncLineStatus = status; }
     /// How the word is told from other text of a block; WordRule::kPlain at first.
     void SetWordRule(WordRule rule) noexcept { m_rule = rule; }
+    /// The word is that of a rotary axis and may tell its way round.
+    void ReadWays() noexcept { m_readsWays = true; }
     /// Number of implied decimal places, used while the dialect has no decimal separator.
     void SetDecimalPlace(const long& places) noexcept { m_decimalPlaces = places; }
 
@@ -49,6 +58,7 @@ public:
 
 private:
     int takeWord(char* line, char separator) noexcept;
+    bool stepOverWay(char*& p) noexcept;
     [[nodiscard]] double implyDecimals(double value, char separator) const noexcept;
 
     TextCopy m_syntax;
@@ -57,6 +67,9 @@ private:
     Boolean m_incremental = FALSE;
     Boolean m_ncLineStatus = FALSE;
     Boolean m_explicitMode = FALSE; // the word carried "=AC(" or "=IC("
+    bool m_isMinus = false;
+    bool m_readsWays = false;
+    std::optional<RotaryWay> m_way;
     WordRule m_rule = WordRule::kPlain;
     long m_decimalPlaces = 0;
 };

@@ -53,6 +53,7 @@ void PathMovement::begin() {
     m_movement.start = status().GetEndPosition();
     m_movement.feed = status().GetFeedRateSpeed();
     m_movement.sweep.reset();
+    m_movement.axis.reset();
     takeToolAxis(m_movement);
 }
 

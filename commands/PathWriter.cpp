@@ -28,7 +28,7 @@ gmVector3 inner(const Sweep& sweep, long part, long parts) {
 
 double PathWriter::PartsOf(const Sweep& sweep, double unit) const {
     const double part =
-        isStatement(sweep) ? kLargestPiece : stepOf(m_tolerance * unit, sweep.from.length());
+        IsStatement(sweep) ? kLargestPiece : stepOf(m_tolerance * unit, sweep.from.length());
     return std::max(1.0, std::ceil(sweep.angle / part - kWholeParts));
 }
 
@@ -39,14 +39,14 @@ void PathWriter::Write(Movement& movement, double unit) {
     }
     const Sweep sweep = *movement.sweep;
     const auto parts = static_cast<long>(PartsOf(sweep, unit));
-    if (isStatement(sweep)) {
+    if (IsStatement(sweep)) {
         writePieces(movement, sweep, parts);
     } else {
         writePoints(movement, sweep, parts);
     }
 }
 
-bool PathWriter::isStatement(const Sweep& sweep) const {
+bool PathWriter::IsStatement(const Sweep& sweep) const {
     const gmVector3 normal = cross(sweep.from, sweep.across);
     const double sine = cross(normal, m_normal).length();
     return !m_splitsArcs && sweep.rise.length() < kSameLevel &&

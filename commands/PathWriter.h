@@ -30,6 +30,8 @@ public:
     void SetTolerance(double tolerance) noexcept { m_tolerance = tolerance; }
     [[nodiscard]] double Tolerance() const noexcept { return m_tolerance; }
 
+    /// Whether the arc can be written as a statement.
+    [[nodiscard]] bool IsStatement(const Sweep& sweep) const;
     /// The number of statements that the arc takes. `unit` is the length of a millimetre in the
     /// coordinates of the output.
     [[nodiscard]] double PartsOf(const Sweep& sweep, double unit) const;
@@ -37,7 +39,6 @@ public:
     void Write(Movement& movement, double unit);
 
 private:
-    [[nodiscard]] bool isStatement(const Sweep& sweep) const;
     void writePieces(Movement& movement, const Sweep& sweep, long parts);
     void writePoints(Movement& movement, const Sweep& sweep, long parts);
 

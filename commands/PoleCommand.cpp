@@ -9,6 +9,7 @@ PoleCommand::~PoleCommand() = default;
 
 void PoleCommand::takeWords(char* line) {
     m_values = control().TakeAxisWords(line);
+    m_rotary = control().TakeRotaryValues();
     m_direction.reset();
     if (control().polar.TakeWords(line, control().Status())) {
         m_direction = control().polar.TakeDirection();
@@ -33,6 +34,9 @@ int PoleCommand::takeOffset(gmVector3& offset) const {
 int PoleCommand::Act() {
     PolarCoordinates& polar = control().polar;
     gmVector3 offset;
+    if (const int code = control().CheckRotary(m_rotary, false); code != 0) {
+        return code;
+    }
     if (const int code = takeOffset(offset); code != 0) {
         return code;
     }

@@ -3,6 +3,7 @@
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
 #include "commands/PolarCoordinates.h"
+#include "commands/RotaryWord.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
 /// A code that sets the pole of polar coordinates by its axis words, or by radius and angle. A word
@@ -23,6 +24,7 @@ private:
 
     Base m_base;
     // Of the block at hand.
+    RotaryValues m_rotary; // of the block at hand
     AxisValues m_values;
     std::optional<PolarCoordinates::Direction> m_direction;
 };

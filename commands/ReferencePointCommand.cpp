@@ -11,13 +11,18 @@ namespace {
 
 bool differ(double a, double b) noexcept { return a != b && !(std::isnan(a) && std::isnan(b)); }
 
+bool isAny(const auto& values) noexcept {
+    return std::ranges::any_of(values, [](const auto& value) { return value.has_value(); });
+}
+
 } // namespace
 
 ReferencePointCommand::~ReferencePointCommand() = default;
 
 void ReferencePointCommand::takeWords(char* line) {
     m_values = control().TakeAxisWords(line);
-    m_hasWords = std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    m_rotary = control().TakeRotaryValues();
+    m_hasWords = isAny(m_values) || isAny(m_rotary);
 }
 
 bool ReferencePointCommand::isNamed(int axis) const {
@@ -26,6 +31,9 @@ bool ReferencePointCommand::isNamed(int axis) const {
 
 int ReferencePointCommand::Act() {
     if (const int code = control().CheckUncompensated(); code != 0) {
+        return code;
+    }
+    if (const int code = control().CheckRotary(m_rotary, true); code != 0) {
         return code;
     }
     if (const int code = goThrough(); code != 0) {
@@ -41,9 +49,15 @@ int ReferencePointCommand::goThrough() {
     if (const int code = control().ResolvePoint(m_values, point); code != 0) {
         return code;
     }
-    const bool isWay = differ(point[0], present[0]) || differ(point[1], present[1]) ||
-                       differ(point[2], present[2]);
-    return isWay ? m_rapid.MoveTo(point) : 0;
+    bool isWay = differ(point[0], present[0]) || differ(point[1], present[1]) ||
+                 differ(point[2], present[2]);
+    if (RotaryAxes* const axes = control().rotary.get()) {
+        axes->GiveValues(m_rotary);
+        isWay = isWay || axes->AskForTurn(control());
+    }
+    const int code = isWay ? m_rapid.MoveTo(point) : 0;
+    (void)control().TakeRotaryValues();
+    return code;
 }
 
 // Axes whose place nobody knows go there as a statement says, and are unknown from then on.
@@ -61,11 +75,22 @@ int ReferencePointCommand::goToReferencePoint() {
             isKnown = isKnown && !std::isnan(point[axis]);
         }
     }
+    RotaryAxes* const axes = control().rotary.get();
+    if (axes != nullptr && axes->IsInUse()) {
+        axes->AimAtZero({!m_hasWords || m_rotary[0], !m_hasWords || m_rotary[1]});
+    }
     if (isKnown) {
         return m_rapid.MoveTo(point);
+    }
+    if (axes != nullptr && axes->HidesMachine()) {
+        // Of the axes of the machine no more than one may move, of the tip's coordinates all do.
+        point.assign(AxisKnowledge::kUnknown, AxisKnowledge::kUnknown, AxisKnowledge::kUnknown);
     }
     control().writer->WriteGoHome();
     control().Status().Note(BlockNote::kUnknownPlace);
     control().Status().InitEndPosition(point[0], point[1], point[2]);
+    if (axes != nullptr) {
+        axes->StandAsAimed();
+    }
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
+#include "commands/RotaryWord.h"
 #include "softCommon/CMathUtil/gmVec3.h"
 
 class LinearMovement;
@@ -27,5 +28,6 @@ private:
 
     LinearMovement& m_rapid;
     AxisValues m_values; // of the block at hand
+    RotaryValues m_rotary;
     bool m_hasWords = false;
 };

@@ -76,6 +76,9 @@ int RegularCommand::Act() {
             return code;
         }
         control->awaitsSpindle = control->isStrict;
+        if (control->rotary != nullptr) {
+            control->rotary->ChangeTool(status().GetTool(), status());
+        }
     }
     writer().InitOutput(status().GetTool());
     return 0;

@@ -7,19 +7,31 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+bool isAny(const auto& values) noexcept {
+    return std::ranges::any_of(values, [](const auto& value) { return value.has_value(); });
+}
+
+} // namespace
+
 ShiftCommand::~ShiftCommand() = default;
 
 void ShiftCommand::takeWords(char* line) {
     m_values = {};
+    m_rotary = {};
     const bool movesByWords = m_kind == Kind::kCancel && control().isStrict;
     if (!movesByWords) {
         m_values = control().TakeAxisWords(line);
+        m_rotary = control().TakeRotaryValues();
     }
 }
 
 int ShiftCommand::Act() {
-    const bool hasWords =
-        std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    if (const int code = control().CheckRotary(m_rotary, true); code != 0) {
+        return code;
+    }
+    const bool hasWords = isAny(m_values) || isAny(m_rotary);
     if (m_kind == Kind::kCancel) {
         cancel();
         return 0;
@@ -31,7 +43,8 @@ int ShiftCommand::Act() {
         return code;
     }
     if (m_kind == Kind::kSet) {
-        return setPresent();
+        setPresentAngles();
+        return isAny(m_values) ? setPresent() : 0;
     }
     setLocal();
     return 0;
@@ -75,6 +88,23 @@ int ShiftCommand::setPresent() {
     return 0;
 }
 
+void ShiftCommand::setPresentAngles() {
+    if (!isAny(m_rotary)) {
+        return;
+    }
+    RotaryAxes& axes = *control().rotary;
+    gmVector3 shift = axes.shift.Get();
+    for (std::size_t axis = 0; axis < m_rotary.size(); ++axis) {
+        if (const auto& word = m_rotary.at(axis)) {
+            const double present = axes.AngleOf(axis) - control().RotaryOffset(axis);
+            const double named =
+                word->value.isIncremental ? present + word->value.value : word->value.value;
+            shift[static_cast<int>(axis)] += present - named;
+        }
+    }
+    axes.shift.Set(shift);
+}
+
 void ShiftCommand::setLocal() {
     CoordinateSystem& coordinates = control().coordinates;
     const gmVector3 given = control().LengthsOf(m_values);
@@ -92,16 +122,42 @@ void ShiftCommand::setLocal() {
             coordinates.localShift = shift;
         }
     });
+    if (isAny(m_rotary)) {
+        setLocalAngles(hasOneRegister);
+    }
+}
+
+void ShiftCommand::setLocalAngles(bool hasOneRegister) {
+    RotaryAxes& axes = *control().rotary;
+    gmVector3 shift = hasOneRegister ? axes.shift.Get() : axes.localShift;
+    for (std::size_t axis = 0; axis < m_rotary.size(); ++axis) {
+        if (const auto& word = m_rotary.at(axis)) {
+            shift[static_cast<int>(axis)] = word->value.value;
+        }
+    }
+    if (hasOneRegister) {
+        axes.shift.Set(shift);
+    } else {
+        axes.localShift = shift;
+    }
 }
 
 void ShiftCommand::cancel() {
     CoordinateSystem& coordinates = control().coordinates;
-    const bool namesAxes =
-        std::ranges::any_of(m_values, [](const auto& v) { return v.has_value(); });
+    const bool namesAxes = isAny(m_values) || isAny(m_rotary);
     gmVector3 shift;
     for (int axis = 0; axis < 3; ++axis) {
         const bool stays = namesAxes && !m_values[static_cast<std::size_t>(axis)];
         shift[axis] = stays ? coordinates.shift.Get()[axis] : 0.0;
     }
     control().Recoordinate([&] { coordinates.shift.Set(shift); });
+    if (control().rotary != nullptr) {
+        RotaryAxes& axes = *control().rotary;
+        gmVector3 angles;
+        for (std::size_t axis = 0; axis < m_rotary.size(); ++axis) {
+            const auto i = static_cast<int>(axis);
+            angles[i] = namesAxes && !m_rotary.at(axis) ? axes.shift.Get()[i] : 0.0;
+        }
+        axes.shift.Set(angles);
+    }
 }

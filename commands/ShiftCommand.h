@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
+#include "commands/RotaryWord.h"
 
 /// A code that shifts the coordinates of the program by the axis words of its block.
 class ShiftCommand final : public ControlCommand {
@@ -20,9 +21,12 @@ public:
 private:
     void takeWords(char* line) override;
     int setPresent();
+    void setPresentAngles();
     void setLocal();
+    void setLocalAngles(bool hasOneRegister);
     void cancel();
 
     Kind m_kind;
     AxisValues m_values; // of the block at hand
+    RotaryValues m_rotary;
 };

@@ -22,6 +22,8 @@ void SpeedLimitCommand::takeWords(char* line) {
     m_limit = control().words.TakeSpeed(line, m_status).value_or(0.0);
     m_hasAxisWords = std::ranges::any_of(control().TakeAxisWords(line),
                                          [](const auto& axis) { return axis.has_value(); });
+    const RotaryValues rotary = control().TakeRotaryValues();
+    m_hasAxisWords = m_hasAxisWords || rotary[0] || rotary[1];
 }
 
 int SpeedLimitCommand::Act() {

@@ -28,6 +28,7 @@ TableCommand::~TableCommand() = default;
 
 void TableCommand::takeWords(char* line) {
     m_values = control().TakeAxisWords(line);
+    m_rotary = control().TakeRotaryValues();
     m_kind = control().words.tableKind.Take(line, control().Status());
     m_number = control().words.tableNumber.Take(line, control().Status());
     m_angle = control().words.tableAngle.Take(line, control().Status());
@@ -55,16 +56,22 @@ int TableCommand::act() {
     if (const int code = findSystem(index); code != 0) {
         return code;
     }
+    if (const int code = control().CheckRotary(m_rotary, true); code != 0) {
+        return code;
+    }
     const bool countsUp = !control().isStrict && control().IsIncrementalMode();
-    if (countsUp || std::ranges::any_of(m_values, [](const auto& value) {
-            return value && value->isIncremental;
-        })) {
+    if (countsUp ||
+        std::ranges::any_of(m_values,
+                            [](const auto& value) { return value && value->isIncremental; }) ||
+        std::ranges::any_of(m_rotary,
+                            [](const auto& word) { return word && word->value.isIncremental; })) {
         return control().Refuse(kBlockRefused, "an origin is given in incremental dimensions");
     }
     ZeroSystems& zeros = control().coordinates.zeros;
     if (const int code = index == zeros.Current() ? control().CheckUncompensated() : 0; code != 0) {
         return code;
     }
+    setAngles(index, std::round(*m_kind) == kOriginsByPosition);
     if (std::round(*m_kind) == kOrigins) {
         return setOrigin(index);
     }
@@ -139,4 +146,17 @@ void TableCommand::setByPosition(std::size_t index) {
             }
         }
     });
+}
+
+// The zero of a rotary axis in the machine is known.
+void TableCommand::setAngles(std::size_t index, bool byPosition) {
+    for (std::size_t axis = 0; axis < m_rotary.size(); ++axis) {
+        if (const auto& word = m_rotary.at(axis)) {
+            RotaryAxes& axes = *control().rotary;
+            const double rest = axes.OffsetOf(axis, index) - axes.OriginOf(axis, index);
+            axes.SetOrigin(index, axis,
+                           byPosition ? axes.AngleOf(axis) - rest - word->value.value
+                                      : word->value.value);
+        }
+    }
 }

@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 #include "commands/ControlCommand.h"
+#include "commands/RotaryWord.h"
 
 #include <cstddef>
 #include <optional>
@@ -22,8 +23,10 @@ private:
     int findSystem(std::size_t& index);
     int setOrigin(std::size_t index);
     void setByPosition(std::size_t index);
+    void setAngles(std::size_t index, bool byPosition);
 
     AxisValues m_values; // of the block at hand, as all of these
+    RotaryValues m_rotary;
     std::optional<double> m_kind;
     std::optional<double> m_number;
     std::optional<double> m_angle;

@@ -2,6 +2,7 @@
 
 #include "commands/AxisWords.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -14,6 +15,10 @@ public:
     /// Throws std::bad_alloc.
     void Add(Parameter* word) { m_words.push_back(word); }
     [[nodiscard]] bool IsEmpty() const noexcept { return m_words.empty(); }
+    [[nodiscard]] bool HasAny(auto predicate) const {
+        return std::ranges::any_of(m_words,
+                                   [&](const Parameter* word) { return predicate(*word); });
+    }
 
     /// Takes the first of them that stands in the block out of it, with its value.
     [[nodiscard]] std::optional<double> Take(char* line, MachineStatus& status) const;

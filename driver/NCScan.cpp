@@ -437,6 +437,10 @@ void NCScan::passNotes() {
         {BlockNote::kUnknownOrigin, Oddity::kUnknownOrigin},
         {BlockNote::kUnknownPlace, Oddity::kUnknownPlace},
         {BlockNote::kCompensation, Oddity::kCompensation},
+        {BlockNote::kRotaryLimit, Oddity::kRotaryLimit},
+        {BlockNote::kHeadLength, Oddity::kHeadLength},
+        {BlockNote::kCycleAside, Oddity::kCycleAside},
+        {BlockNote::kRotaryFeed, Oddity::kRotaryFeed},
     };
     for (const auto& [note, oddity] : kNotes) {
         if (m_model->status.HasNote(note)) {

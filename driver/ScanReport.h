@@ -27,6 +27,10 @@ enum class Oddity : std::size_t {
     kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
     kHeldRapid,     ///< a rapid movement that was never written, since an axis is unknown
     kCompensation,  ///< a radius compensation: the path is the programmed contour
+    kRotaryLimit,   ///< a rotary axis that left its limits for the first time
+    kHeadLength,    ///< a tool on a turning head of which nobody says how long it is
+    kCycleAside,    ///< a cycle that does not run along the tool
+    kRotaryFeed,    ///< the first movement of a rotary axis alone at a feed along the path
     kCount
 };
 
@@ -44,7 +48,8 @@ public:
     void NoteRest(const Block& block, const RestContext& context) noexcept;
     /// The dangers of that rest become warnings; to be told before words without effect are gone.
     void WarnOfRest(const Block& block, const RestScan& scan) noexcept;
-    /// The first G word of the rest becomes a warning, if it is none already.
+    /// The first G word of the rest becomes a warning, if it is none already and not harmless by
+    /// its usual number.
     void WarnOfGWord(const Block& block, const RestContext& context) noexcept;
     void Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
     void Note(Oddity oddity, const Block& block) noexcept {

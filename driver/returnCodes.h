@@ -29,6 +29,7 @@ enum : int {
     kProgramEndless = 505,
     kProgramAborted = 506,
     kAxisUnknown = 507,
+    kRotaryRefused = 508,
     kBlockRefused = 509,
     kArcRefused = 510,
     kWordNotConverted = 511,

@@ -7,6 +7,7 @@
 #include "commands/CycleEnd.h"
 #include "commands/EndCommand.h"
 #include "commands/FeedRate.h"
+#include "commands/InverseTime.h"
 #include "commands/LinearMovement.h"
 #include "commands/MovTypeCom.h"
 #include "commands/RegularCommand.h"
@@ -209,6 +210,18 @@ int ModelBuilder::finishControl(Control& control) {
             commands.GetCommand(i)->SetControl(&control);
         }
     }
+    if (!control.inverseTimeCodes.empty()) {
+        control.feedWriter.reset(GetFactory()->GetFeedRaCom());
+        if (control.feedWriter == nullptr) {
+            return kMemoryExhausted;
+        }
+        for (InverseTime* const command : control.inverseTimeCodes) {
+            command->InitSpeedParm(control.words.feed);
+        }
+    }
+    if (const int code = m_asksForRotaryAxes ? finishRotary(control) : 0; code != 0) {
+        return code;
+    }
     control.coordinates.Settle();
     if (const int code = m_hasReferencePoints ? finishHome(control) : 0; code != 0) {
         return code;
@@ -253,6 +266,33 @@ int ModelBuilder::finishArcs(Control& control) {
     return 0;
 }
 
+// Arcs are those of the machine then, and become curves of the tool.
+int ModelBuilder::finishRotary(Control& control) {
+    RotaryAxes& axes = *control.rotary;
+    std::string key;
+    std::string value;
+    if (!m_machine.Settle(axes, MovementCommand::GetTLAXISdirection(), key, value)) {
+        KeepBadValue(key.c_str(), value.c_str());
+        return kKeyValueUnknown;
+    }
+    if (!axes.IsInUse()) {
+        return 0;
+    }
+    if (!axes.rtcp.table && !axes.rtcp.head) {
+        KeepBadValue("REV_RTCP_HEAD_ONLY", "1 beside REV_RTCP_TABLE_ONLY");
+        return kKeyValueUnknown;
+    }
+    gmVector3 point(1.0, 2.0, 3.0);
+    const gmVector3 same = point;
+    m_commands.rapid->Mapping().Place(point);
+    if (point != same) {
+        KeepBadValue("ZX_LATHE_X_ASSIGNMENT", "that turns axes round, beside rotary ones");
+        return kKeyValueUnknown;
+    }
+    control.computesArcs = true;
+    return 0;
+}
+
 int ModelBuilder::finishHome(Control& control) {
     constexpr std::array<const char*, 3> kKeys = {"MFG_X_HOME_POS", "MFG_Y_HOME_POS",
                                                   "MFG_Z_HOME_POS"};
@@ -287,6 +327,14 @@ Control& ModelBuilder::GetStages() const {
     Control& control = GetControl();
     control.hasStages = true;
     return control;
+}
+
+RotaryAxes& ModelBuilder::GetRotary() const {
+    Control& control = GetStages();
+    if (control.rotary == nullptr) {
+        control.rotary = std::make_unique<RotaryAxes>();
+    }
+    return *control.rotary;
 }
 
 void ModelBuilder::KeepBadValue(const char* key, const char* value) {

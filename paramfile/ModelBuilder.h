@@ -5,6 +5,7 @@
 #include "commands/ModalGroup.h"
 #include "paramfile/DialectSettings.h"
 #include "paramfile/Key.h"
+#include "paramfile/MachineSection.h"
 
 #include <array>
 #include <cstddef>
@@ -27,6 +28,7 @@ class MovementCommand;
 class NCScan;
 class Parameter;
 class RegularCommand;
+class RotaryAxes;
 class Spindle;
 class WordList;
 struct DialectRules;
@@ -138,6 +140,11 @@ public:
     [[nodiscard]] Control& GetControl() const;
     /// The same for a key that gives movements stages to pass.
     [[nodiscard]] Control& GetStages() const;
+    /// The rotary axes of the dialect's programs, likewise.
+    [[nodiscard]] RotaryAxes& GetRotary() const;
+    /// What the file says of the machine, and that a key wants its rotary axes.
+    [[nodiscard]] MachineSection& Machine() noexcept { return m_machine; }
+    void AskForRotaryAxes() noexcept { m_asksForRotaryAxes = true; }
     /// Kept until all keys are read.
     void SetLinearTolerance(std::string text) { m_linearTolerance = std::move(text); }
     void SetStrictCycles(bool areStrict) noexcept { m_areCyclesStrict = areStrict; }
@@ -170,11 +177,14 @@ private:
     int finishArcs(Control& control);
     void beginWithoutMovement(Control& control);
     int finishHome(Control& control);
+    int finishRotary(Control& control);
 
     NCScan& m_ncscan;
     ModalCommands m_commands;
     std::array<Parameter*, 3> m_centreWords = {}; // owned by the parameter registry
     DialectSettings m_settings;
+    MachineSection m_machine;
+    bool m_asksForRotaryAxes = false;
     std::string m_linearTolerance;     // empty: the default
     std::array<std::string, 3> m_home; // empty: 0
     bool m_hasReferencePoints = false;

@@ -212,7 +212,8 @@ int ParamScan::passBy(const Key& key) {
 }
 
 int ParamScan::searchForControl(const char* line) {
-    for (const auto keys : {pathKeys(), technologyKeys(), coordinateKeys(), cycleKeys()}) {
+    for (const auto keys :
+         {pathKeys(), technologyKeys(), coordinateKeys(), cycleKeys(), axisKeys()}) {
         if (const int code = search(keys, line); code != 0) {
             return code;
         }

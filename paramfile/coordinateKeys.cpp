@@ -108,20 +108,33 @@ int change(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddCode<StateCommand>(value, Kind, builder.GetStages(), +Change);
 }
 
+// Rotary axes keep their places, too.
+void changeAngles(Control& control, auto use) {
+    if (control.rotary != nullptr) {
+        use(*control.rotary);
+    }
+}
+
 constexpr auto kSuspendShift = [](Control& control) {
+    changeAngles(control, [](RotaryAxes& axes) { axes.shift.Suspend(); });
     control.Recoordinate([&] { control.coordinates.shift.Suspend(); });
 };
 
 constexpr auto kRestoreShift = [](Control& control) {
+    changeAngles(control, [](RotaryAxes& axes) { axes.shift.Restore(); });
     control.Recoordinate([&] { control.coordinates.shift.Restore(); });
 };
 
 constexpr auto kClearFrame = [](Control& control) {
+    changeAngles(control, [](RotaryAxes& axes) { axes.frameShift = gmVector3(); });
     control.Recoordinate([&] { control.coordinates.frame.Clear(); });
 };
 
 template<FrameKind Kind>
 void removeFrame(Control& control) {
+    if (Kind == FrameKind::kShift) {
+        changeAngles(control, [](RotaryAxes& axes) { axes.frameShift = gmVector3(); });
+    }
     control.Recoordinate([&] { control.coordinates.frame.Remove(Kind); });
 }
 

@@ -12,6 +12,7 @@
 #include "commands/Spindle.h"
 #include "driver/DialectRules.h"
 #include "driver/returnCodes.h"
+#include "paramfile/MachineSection.h"
 #include "paramfile/ModelBuilder.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
 #include "softCommon/CStringUtil/numberText.h"
@@ -129,6 +130,7 @@ int centre(ModelBuilder& builder, const KeyValue& value, int argument) {
 // Texts.
 
 int machineClass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
+    builder.Machine().SetClass(value.text);
     const bool isLathe = std::strstr(value.text, "LATHE_MACHINE") != nullptr;
     if (isLathe) {
         builder.SetLathe();
@@ -359,7 +361,7 @@ std::span<const Key> commandKeys() noexcept { return kCommandKeys; }
 
 std::span<const Key> parameterKeys() noexcept { return kParameterKeys; }
 
-std::array<std::span<const Key>, 7> keyTables() noexcept {
+std::array<std::span<const Key>, 8> keyTables() noexcept {
     return {classKeys(),      commandKeys(),    parameterKeys(), pathKeys(),
-            technologyKeys(), coordinateKeys(), cycleKeys()};
+            technologyKeys(), coordinateKeys(), cycleKeys(),     axisKeys()};
 }

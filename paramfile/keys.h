@@ -16,8 +16,10 @@
 [[nodiscard]] std::span<const Key> technologyKeys() noexcept;
 /// zeros, shifts, frames, reference points, diameters and polar coordinates,
 [[nodiscard]] std::span<const Key> coordinateKeys() noexcept;
-/// drilling cycles and the passes of lathes.
+/// drilling cycles and the passes of lathes,
 [[nodiscard]] std::span<const Key> cycleKeys() noexcept;
+/// the rotary axes of the machine, and how programs move them.
+[[nodiscard]] std::span<const Key> axisKeys() noexcept;
 
 /// All of them, in that order.
-[[nodiscard]] std::array<std::span<const Key>, 7> keyTables() noexcept;
+[[nodiscard]] std::array<std::span<const Key>, 8> keyTables() noexcept;

@@ -63,6 +63,8 @@ void expectRows(const std::string& name) {
 
 TEST(Control, Arcs) { expectRows("arcs"); }
 
+TEST(Control, Axes) { expectRows("axes"); }
+
 TEST(Control, Coordinates) { expectRows("coordinates"); }
 
 TEST(Control, Order) { expectRows("order"); }
