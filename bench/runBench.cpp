@@ -295,7 +295,7 @@ public:
         std::printf("%-34s %4s %10s %10s %10s %10s %9s %9s\n", "contestant", "runs", "median",
                     "min", "max", "CPU", "peak MiB", "Mblocks/s");
         for (const Contestant* contestant : {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit,
-                                             &m_limitOwnDigits, &m_loop, &m_written}) {
+                                             &m_limitOwnDigits, &m_loop, &m_written, &m_allKeys}) {
             printRow(*contestant, kPartBlocks);
         }
         for (const auto& others : {m_before, m_view, m_rs274}) {
@@ -367,6 +367,7 @@ private:
             turns.emplace_back([this] { runAndCompare(m_long, m_longApt); });
             turns.emplace_back([this] { runAndCompare(m_loop, m_writtenApt); });
             turns.emplace_back([this] { runAndCompare(m_written, m_writtenApt); });
+            turns.emplace_back([this] { runWithAllKeys(); });
             turns.emplace_back([this] { runLogged(); });
             for (Contestant& contestant : m_before) {
                 turns.emplace_back([this, &contestant] { runAndCompare(contestant, m_partApt); });
@@ -382,6 +383,16 @@ private:
         std::shuffle(turns.begin(), turns.end(), m_random);
         for (const auto& turn : turns) {
             turn();
+        }
+    }
+
+    /// Its output tells units as well, and the feed in another place.
+    void runWithAllKeys() {
+        run(m_allKeys, m_work);
+        const std::uint64_t moves = countAptMoves(m_allKeys.output);
+        if (moves != m_moves[0]) {
+            throw Failure(m_allKeys.name + " makes " + std::to_string(moves) + " moves, not " +
+                          std::to_string(m_moves[0]));
         }
     }
 
@@ -426,6 +437,8 @@ private:
         }
         printRatio("blocks computed in a loop / written out", m_loop, m_written, Bound::kAtMost,
                    2.5);
+        printRatio("o-word dialect with all keys / plain dialect", m_allKeys, m_plain,
+                   Bound::kAtMost, 1.6);
         printRatio("4,000,000 blocks / 1,000,000 blocks", m_long, m_plain, Bound::kAtMost, 4.3);
         printRatio("40 more commands / plain dialect", m_wide, m_plain, Bound::kAtMost, 1.15);
         printRatio("11 blocks / empty C++ program", m_small, m_empty, Bound::kAtMost, 1.5);
@@ -454,7 +467,7 @@ private:
     std::string m_longApt = m_work + "/long.apt";
     std::string m_writtenApt = m_work + "/written.apt";
     std::string m_dialect = m_sources + "/mill.pp";
-    std::string m_oWordDialect = m_sources + "/../dialects/o-word-mill.pp";
+    std::string m_computingDialect = m_work + "/computing.pp";
     std::array<std::uint64_t, 2> m_moves{}; ///< of the programs that m_rs274 run
     std::minstd_rand m_random;
 
@@ -463,9 +476,11 @@ private:
     Contestant m_wide = quillmark("quillmark, 40 more commands", m_work + "/wide.pp", part());
     Contestant m_long = quillmark("quillmark, 4,000,000 blocks", m_dialect, m_longNc);
     Contestant m_small = quillmark("quillmark, 11 blocks", m_dialect, m_sources + "/small.nc");
-    Contestant m_loop = quillmark("quillmark, blocks computed", m_oWordDialect, m_loopNc);
+    Contestant m_loop = quillmark("quillmark, blocks computed", m_computingDialect, m_loopNc);
     Contestant m_written =
-        quillmark("quillmark, the same written out", m_oWordDialect, m_writtenNc);
+        quillmark("quillmark, the same written out", m_computingDialect, m_writtenNc);
+    Contestant m_allKeys = quillmark("quillmark, o-word with all keys",
+                                     m_sources + "/../dialects/o-word-mill.pp", part());
     Contestant m_naive = wired("naive loop", "naive", part());
     Contestant m_limit = wired("hand-tuned limit", "limit", part());
     Contestant m_limitOwnDigits = wired("limit printing digits itself", "limitOwnDigits", part());

@@ -88,7 +88,8 @@ void ScanReport::WarnOfGWord(const Block& block, const RestContext& context) noe
         if (word.empty()) {
             return;
         }
-        if (isGWord(word) && !usualDangerOf(word, context.isLathe)) {
+        if (isGWord(word) && !usualDangerOf(word, context.isLathe) &&
+            !isUsuallyHarmless(word, context.isLathe)) {
             Warn(Warning::Kind::kUnknownGWord, block, word);
             return;
         }

@@ -48,7 +48,8 @@ public:
     void NoteRest(const Block& block, const RestContext& context) noexcept;
     /// The dangers of that rest become warnings; to be told before words without effect are gone.
     void WarnOfRest(const Block& block, const RestScan& scan) noexcept;
-    /// The first G word of the rest becomes a warning, if it is none already.
+    /// The first G word of the rest becomes a warning, if it is none already and not harmless by
+    /// its usual number.
     void WarnOfGWord(const Block& block, const RestContext& context) noexcept;
     void Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
     void Note(Oddity oddity, const Block& block) noexcept {

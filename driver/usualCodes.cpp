@@ -27,6 +27,15 @@ constexpr Row<Warning::Kind> kDangers[] = {
     {"G", 76, 76, Warning::Kind::kCycle},     {"G", 81, 89, Warning::Kind::kCycle},
     {"CYCLE", 81, 89, Warning::Kind::kCycle},
 };
+enum class Machine { kAny, kMill, kLathe };
+
+// Of each the APT says the same without the word.
+constexpr Row<Machine> kHarmless[] = {
+    {"G", 17, 17, Machine::kMill}, {"G", 18, 18, Machine::kLathe}, {"G", 21, 21, Machine::kAny},
+    {"G", 40, 40, Machine::kAny},  {"G", 43, 43, Machine::kMill},  {"G", 49, 49, Machine::kMill},
+    {"G", 61, 61, Machine::kAny},  {"G", 64, 64, Machine::kAny},   {"G", 71, 71, Machine::kMill},
+    {"G", 94, 94, Machine::kMill},
+};
 constexpr Row<BlockNote> kNotes[] = {
     {"G", 41, 42, BlockNote::kCompensation},
     {"G", 54, 59, BlockNote::kUnknownOrigin},
@@ -65,4 +74,14 @@ std::optional<Warning::Kind> usualDangerOf(std::string_view word, bool isLathe) 
 std::optional<BlockNote> usualNoteOf(std::string_view word) noexcept {
     const auto* const row = find(kNotes, codeOf(word)); // "G54.1" and "G41.1" as well
     return row == nullptr ? std::nullopt : std::optional(row->meaning);
+}
+
+bool isUsuallyHarmless(std::string_view word, bool isLathe) noexcept {
+    const Code code = codeOf(word);
+    if (find(kNotes, code) != nullptr) {
+        return true;
+    }
+    const auto* const row = find(kHarmless, code);
+    return row != nullptr && !code.hasFraction &&
+           row->meaning != (isLathe ? Machine::kMill : Machine::kLathe);
 }

@@ -15,3 +15,7 @@
 
 /// What is worth a note: a work offset, a compensation.
 [[nodiscard]] std::optional<BlockNote> usualNoteOf(std::string_view word) noexcept;
+
+/// Whether a word does nothing to the path by the usual numbers: what is a note, the usual plane,
+/// mm, what ends compensation, lengths of tools, ways of moving exactly, feed per minute.
+[[nodiscard]] bool isUsuallyHarmless(std::string_view word, bool isLathe) noexcept;

@@ -1,6 +1,7 @@
 #include "cli/quillmark-param/ParamCheck.h"
 
 #include "cli/shared/movementCommands.h"
+#include "cli/shared/nearestName.h"
 #include "commands/EndCommand.h"
 #include "commands/RegularCommand.h"
 #include "commands/WordCode.h"
@@ -11,7 +12,9 @@
 #include "softCommon/CStringUtil/string_mani.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -39,6 +42,62 @@ bool looksLikeKey(const std::string& text) noexcept {
     const auto isKeyByte = [](char c) { return isUpperByte(c) || isDigitByte(c) || c == '_'; };
     return std::ranges::all_of(text, isKeyByte) &&
            std::ranges::count_if(text, isUpperByte) >= kFewestLetters;
+}
+
+// The same in letters of any case, also with blanks or dashes, as people may write a key.
+bool mayBeMeantAsKey(std::string text) {
+    for (char& c : text) {
+        c = c == ' ' || c == '-' ? '_'
+                                 : static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    }
+    return looksLikeKey(text);
+}
+
+std::string digitsOf(std::string_view text) {
+    std::string digits;
+    std::ranges::copy_if(text, std::back_inserter(digits), isDigitByte);
+    return digits;
+}
+
+// Every key as it is written for either kind of machine.
+const std::vector<std::string>& spelledKeys() {
+    static const std::vector<std::string> keys = [] {
+        std::vector<std::string> all;
+        for (const auto& table : keyTables()) {
+            for (const Key& key : table) {
+                all.emplace_back(key.text);
+                if (key.IsVariant()) {
+                    all.push_back(key.text + std::string(kLatheSuffix));
+                }
+            }
+        }
+        return all;
+    }();
+    return keys;
+}
+
+// The key that `text` was meant to be, or nothing. A name with other digits is a sibling, such as
+// that of a fourth axis.
+std::string nearestKey(const std::string& text, std::size_t mostChanges) {
+    const std::vector<std::string>& keys = spelledKeys();
+    std::vector<std::string_view> candidates;
+    std::ranges::copy_if(keys, std::back_inserter(candidates),
+                         [&](const std::string& key) { return digitsOf(key) == digitsOf(text); });
+    return std::string(nearestName(text, candidates, mostChanges));
+}
+
+// Whether something stands behind the value that was meant as a comment or belongs to no code.
+bool hasTextBehind(const RecordingScan::Entry& entry) {
+    const std::size_t blank = entry.value.find_first_of(" \t");
+    const std::size_t rest = entry.value.find_first_not_of(" \t", blank);
+    if (rest == std::string::npos) {
+        return false;
+    }
+    if (entry.key->form == Key::Form::kText) {
+        return std::strchr("#(", entry.value[rest]) != nullptr;
+    }
+    return std::strchr("#(;/{*", entry.value[rest]) != nullptr ||
+           isDigitByte(entry.value[blank - 1]);
 }
 
 // The exact key of which `text` is the variant for lathes or for mills, or null.
@@ -190,7 +249,8 @@ void ParamCheck::collectInForce() {
 }
 
 // The line below an unread key is its value, whatever it looks like. The values of cycles are texts
-// of several lines, so in their section only the headings of the cycles count.
+// of several lines, so in their section only the headings of the cycles count, and keys that were
+// added behind them.
 void ParamCheck::collectUnreadKeys() {
     bool isInCycles = false;
     bool isValue = false;
@@ -201,14 +261,33 @@ void ParamCheck::collectUnreadKeys() {
             isValue = false;
         } else if (isValue || m_entryOfLine[i] != nullptr) {
             isValue = false;
-        } else if (isInCycles ? text.starts_with("CYCLE_") : looksLikeKey(text)) {
-            m_unreadKeys.push_back({static_cast<long>(i) + 1, text});
-            if (text.starts_with("REV_") && !IsScannedKey(text)) {
-                m_findings.Add(kUnknownKey, static_cast<long>(i) + 1, text);
+        } else {
+            const bool isKey = isInCycles ? text.starts_with("CYCLE_") : looksLikeKey(text);
+            isValue = checkSpelling(static_cast<long>(i) + 1, text) || isKey;
+            if (isValue) {
+                m_unreadKeys.push_back({static_cast<long>(i) + 1, text});
             }
-            isValue = true;
         }
     }
+}
+
+// Most files hold keys for other programs: only what is hardly anything but a slip is told.
+bool ParamCheck::checkSpelling(long line, const std::string& text) {
+    constexpr std::size_t kMostSlips = 2;
+    constexpr std::size_t kMostChanges = 3;
+    if (!mayBeMeantAsKey(text) || std::ranges::find(spelledKeys(), text) != spelledKeys().end()) {
+        return false;
+    }
+    const bool isOwn = text.starts_with("REV_");
+    const std::string nearest = nearestKey(text, isOwn ? kMostChanges : kMostSlips);
+    if (isOwn && looksLikeKey(text) && nearest.empty()) {
+        m_findings.Add(kUnknownKey, line, text);
+    } else if (!nearest.empty()) {
+        m_findings.Add(kMisspelledKey, line, text, nearest);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 void ParamCheck::checkMarks(char* const* lines) {
@@ -248,6 +327,9 @@ void ParamCheck::checkEntry(const Entry& entry) {
     if (entry.command != nullptr && isDigitByte(entry.value[0]) &&
         entry.value.find_first_not_of("0123456789") == std::string::npos) {
         m_findings.Add(kNoLetters, entry.line, entry.text, entry.value);
+    }
+    if (hasTextBehind(entry)) {
+        m_findings.Add(kTextBehindCode, entry.line, entry.text, entry.value);
     }
     if (isDivisorKey(*entry.key) && entry.value.size() == 1) {
         m_findings.Add(kShortDivisor, entry.line, entry.text, entry.value);

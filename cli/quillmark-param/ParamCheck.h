@@ -41,6 +41,8 @@ private:
     void collectLines(char* const* lines);
     void collectInForce();
     void collectUnreadKeys();
+    /// Whether the line, which nothing reads, was meant as a key that something reads.
+    bool checkSpelling(long line, const std::string& text);
     void checkMarks(char* const* lines);
     void checkEntry(const Entry& entry);
     void checkLengths();

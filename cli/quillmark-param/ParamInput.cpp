@@ -79,6 +79,11 @@ CharFeldOwner ParamInput::Lines() const {
     return lines;
 }
 
+std::string_view ParamInput::Head() const noexcept {
+    constexpr std::size_t kHeadSize = 4096;
+    return std::string_view(m_content).substr(0, kHeadSize);
+}
+
 bool ParamInput::IsCurrentFormat() const {
     constexpr std::size_t kLongestFirstLine = 255; // as the scan of parameter files reads it
     const std::size_t end = std::min(m_content.find('\n'), kLongestFirstLine);

@@ -5,6 +5,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 /// The input of one call of quillmark-param. It is read as a whole first: so a pipe can be used
 /// more than once, and the output may go to the file that was the input.
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] FileOwner Open() const noexcept;
     /// The lines, each cut at its line end. Throws std::bad_alloc when memory is exhausted.
     [[nodiscard]] CharFeldOwner Lines() const;
+    /// The first bytes, from which the kind of the file is told.
+    [[nodiscard]] std::string_view Head() const noexcept;
     [[nodiscard]] bool IsCurrentFormat() const;
 
 private:

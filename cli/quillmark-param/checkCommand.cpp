@@ -3,8 +3,9 @@
 #include "cli/quillmark-param/oldFile.h"
 #include "cli/quillmark-param/paramCommands.h"
 #include "cli/quillmark-param/paramMessages.h"
+#include "cli/quillmark-param/writeJsonCheck.h"
 #include "cli/shared/errorLine.h"
-#include "cli/shared/printText.h"
+#include "cli/shared/fileKind.h"
 #include "driver/returnCodes.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/fileLines.h"
@@ -18,39 +19,29 @@
 
 namespace {
 
-enum class Generation { kPlain, kCoded, kOld };
-
-constexpr const char* kGenerationTexts[] = {
-    "current format, plain",
-    "current format, coded",
-    "older generation, coded",
-};
-
-Generation generationOf(const ParamInput& in) {
+CheckedKind kindOf(const ParamInput& in) {
     if (!in.IsCurrentFormat()) {
-        return Generation::kOld;
+        return looksLikeProgram(in.Head()) ? CheckedKind::kProgram : CheckedKind::kOld;
     }
     const CharFeldOwner lines = in.Lines();
     const auto head = plainHead(lines.get());
-    return !saysPlain(head) && hasSectionLine(head) ? Generation::kCoded : Generation::kPlain;
+    return !saysPlain(head) && hasSectionLine(head) ? CheckedKind::kCoded : CheckedKind::kPlain;
 }
 
 // A plain file that counts as coded gives itself away by its keys.
-void explainUndecodable(const ParamInput& in, std::FILE* out) {
+void explainUndecodable(const ParamInput& in, Findings& findings) {
     const CharFeldOwner lines = in.Lines();
     const auto head = plainHead(lines.get());
     char* const* const body = lines.get() + head.size();
     const auto isKey = [](const char* line) { return ParamCheck::IsScannedKey(line); };
-    if (std::none_of(body, body + sizeofCharFeld(body), isKey)) {
-        return;
+    if (std::any_of(body, body + sizeofCharFeld(body), isKey)) {
+        const auto mark = std::find_if(head.begin(), head.end(), isFileLine);
+        findings.Add(FindingKind::kNotMarkedPlain,
+                     mark == head.end() ? 1 : mark - head.begin() + 1);
     }
-    const auto mark = std::find_if(head.begin(), head.end(), isFileLine);
-    Findings findings;
-    findings.Add(FindingKind::kNotMarkedPlain, mark == head.end() ? 1 : mark - head.begin() + 1);
-    printFindings(out, findings, "file's own");
 }
 
-void printLostKeys(const ParamInput& in, std::FILE* out) {
+std::vector<ParamCheck::Line> lostKeysOf(const ParamInput& in) {
     const CharFeldOwner lines = readOldFile(in);
     const std::unique_ptr<bool[]> isLost =
         lines == nullptr ? nullptr : unconvertedKeyLines(lines.get());
@@ -63,7 +54,7 @@ void printLostKeys(const ParamInput& in, std::FILE* out) {
             lost.push_back({static_cast<long>(i) + 1, lines.get()[i]});
         }
     }
-    printKeyLines(out, "Old keys that are not converted (lines of the decoded text)", lost);
+    return lost;
 }
 
 // Reads all lines and leaves the file at its beginning; null when it cannot be read again.
@@ -78,26 +69,36 @@ CharFeldOwner linesOf(std::FILE* file) {
     return std::fseek(file, 0, SEEK_SET) == 0 ? std::move(lines) : nullptr;
 }
 
-} // namespace
+using Printer = void (*)(std::FILE* out, const CheckedFile& file);
 
-int checkCommand(const ParamInput& in, std::FILE* out) {
-    const Generation generation = generationOf(in);
-    printText(out, in.Name());
-    std::fprintf(out, ": %s\n", kGenerationTexts[static_cast<std::size_t>(generation)]);
+int tellUnreadable(const ParamInput& in, std::FILE* out, Printer print, NCScan& model,
+                   CheckedFile& file) {
+    if (file.kind == CheckedKind::kCoded) {
+        explainUndecodable(in, file.findings);
+    }
+    file.reason = model.LastFailure().text;
+    print(out, file);
+    printErrorLine(stderr, "quillmark-param", file.code, {.parameter = in.Name()},
+                   model.LastFailure());
+    return kParamFailed;
+}
+
+int check(const ParamInput& in, std::FILE* out, Printer print, CheckedFile& file) {
     NCScan model;
     model.SetNoOutput();
     RecordingScan scan(model);
-    const FileOwner file = in.Open();
-    if (file == nullptr) {
+    const FileOwner stream = in.Open();
+    if (stream == nullptr) {
         return failWith(in.Name(), std::strerror(errno));
     }
-    if (const int code = scan.SetParameterStream(file.get()); code != 0) {
-        if (generation == Generation::kCoded) {
-            explainUndecodable(in, out);
-        }
-        printErrorLine(stderr, "quillmark-param", code, {.parameter = in.Name()},
-                       model.LastFailure());
-        return kParamFailed;
+    if (file.kind == CheckedKind::kProgram) {
+        model.KeepFailureText("it looks like an NC program");
+        file.code = kUpdateFailed;
+    } else {
+        file.code = scan.SetParameterStream(stream.get());
+    }
+    if (file.code != 0) {
+        return tellUnreadable(in, out, print, model, file);
     }
     const CharFeldOwner lines = linesOf(scan.PlainCopy());
     if (lines == nullptr) {
@@ -105,13 +106,27 @@ int checkCommand(const ParamInput& in, std::FILE* out) {
     }
     const int code = scan.run();
     const ParamCheck check(model, scan, lines.get(), code);
-    printSettings(out, check, scan.IsLathe());
-    printKeyLines(out, "Keys that the converter does not read", check.UnreadKeys());
-    if (generation == Generation::kOld) {
-        printLostKeys(in, out);
+    file.check = &check;
+    file.isLathe = scan.IsLathe();
+    file.findings = check.Result();
+    if (file.kind == CheckedKind::kOld) {
+        file.oldKeys = lostKeysOf(in);
     }
-    printFindings(out, check.Result(), generation == Generation::kOld ? "updated" : "decoded");
-    return check.Result().Count(Severity::kError) == 0
+    print(out, file);
+    return file.findings.Count(Severity::kError) == 0
                ? kParamDone
-               : failWith(in.Name(), countsOf(check.Result()));
+               : failWith(in.Name(), countsOf(file.findings));
+}
+
+} // namespace
+
+int checkCommand(const ParamInput& in, std::FILE* out) {
+    CheckedFile file{.name = in.Name(), .kind = kindOf(in)};
+    printCheckHead(out, file); // first, as the process may end behind it
+    return check(in, out, printCheck, file);
+}
+
+int checkAsJsonCommand(const ParamInput& in, std::FILE* out) {
+    CheckedFile file{.name = in.Name(), .kind = kindOf(in)};
+    return check(in, out, writeJsonCheck, file);
 }

@@ -1,31 +1,26 @@
 #include "cli/quillmark-param/checkReport.h"
 
-#include <algorithm>
-#include <cctype>
+#include "cli/shared/printText.h"
 
 namespace {
 
 using Entry = RecordingScan::Entry;
 
-enum class Group { kCommands, kWords, kOthers };
-
 constexpr struct {
-    Group group;
+    SettingKind kind;
     const char* heading;
 } kGroups[] = {
-    {Group::kCommands, "Commands"},
-    {Group::kWords, "Address words"},
-    {Group::kOthers, "Other settings"},
+    {SettingKind::kCommand, "Commands"},
+    {SettingKind::kWord, "Address words"},
+    {SettingKind::kOther, "Other settings"},
 };
 
-constexpr const char* kSeverityNames[] = {"error", "warning", "note"};
-
-Group groupOf(const Entry& entry) noexcept {
-    if (entry.command != nullptr) {
-        return Group::kCommands;
-    }
-    return entry.word != nullptr ? Group::kWords : Group::kOthers;
-}
+// As CheckedKind has them.
+constexpr const char* kKindTexts[] = {
+    "current format, plain",
+    "current format, coded",
+    "older generation, coded",
+};
 
 std::string printable(std::string text) {
     for (char& byte : text) {
@@ -37,33 +32,16 @@ std::string printable(std::string text) {
     return text;
 }
 
-// What the model holds, not what the file says.
-std::string settingOf(const Entry& entry) {
-    if (entry.command != nullptr) {
-        return ParamCheck::CodeOf(*entry.command);
-    }
-    if (entry.word != nullptr) {
-        const long places = entry.word->GetDecimalPlace();
-        return entry.word->GetSyntaxString() +
-               (places > 0 ? ", " + std::to_string(places) +
-                                 (places == 1 ? " decimal place" : " decimal places")
-                           : std::string());
-    }
-    return entry.value;
-}
-
 std::string counted(long count, const char* name) {
     return std::to_string(count) + ' ' + name + (count == 1 ? "" : "s");
 }
 
-} // namespace
-
 void printSettings(std::FILE* out, const ParamCheck& check, bool isLathe) {
     std::fprintf(out, "Machine: %s\n", isLathe ? "lathe" : "mill");
-    for (const auto& [group, heading] : kGroups) {
+    for (const auto& [kind, heading] : kGroups) {
         bool isFirst = true;
         for (const Entry* const entry : check.InForce()) {
-            if (groupOf(*entry) == group) {
+            if (settingKindOf(*entry) == kind) {
                 std::fprintf(out, "%s%s%s", isFirst ? "\n" : "", isFirst ? heading : "",
                              isFirst ? "\n" : "");
                 std::fprintf(out, "  line %5ld  %-30s  %s\n", entry->line,
@@ -85,20 +63,63 @@ void printKeyLines(std::FILE* out, const char* heading,
     }
 }
 
-void printFindings(std::FILE* out, const Findings& findings, const char* counted) {
+void printFindings(std::FILE* out, const CheckedFile& file) {
+    const Findings& findings = file.findings;
     std::fprintf(out, "\nFindings: %s\n", countsOf(findings).c_str());
-    if (!findings.All().empty() && findings.All().front().line != 0) {
-        std::fprintf(out, "  (lines of the %s text)\n", counted);
+    const bool isOtherText = file.check != nullptr && file.kind != CheckedKind::kPlain;
+    if (isOtherText && !findings.All().empty() && findings.All().front().line != 0) {
+        std::fprintf(out, "  (lines of the %s text)\n", file.LinesOf());
     }
     for (const Finding& finding : findings.All()) {
-        const char* const severity =
-            kSeverityNames[static_cast<std::size_t>(severityOf(finding.kind))];
         if (finding.line != 0) {
-            std::fprintf(out, "  line %5ld  %s: ", finding.line, severity);
+            std::fprintf(out, "  line %5ld", finding.line);
         } else {
-            std::fprintf(out, "              %s: ", severity);
+            std::fprintf(out, "%12s", "");
         }
-        std::fprintf(out, "%s\n", printable(finding.text).c_str());
+        std::fprintf(out, "  %s: %s\n", nameOf(severityOf(finding.kind)),
+                     printable(finding.text).c_str());
+    }
+}
+
+} // namespace
+
+SettingKind settingKindOf(const Entry& entry) noexcept {
+    if (entry.command != nullptr) {
+        return SettingKind::kCommand;
+    }
+    return entry.word != nullptr ? SettingKind::kWord : SettingKind::kOther;
+}
+
+std::string settingOf(const Entry& entry) {
+    if (entry.command != nullptr) {
+        return ParamCheck::CodeOf(*entry.command);
+    }
+    if (entry.word != nullptr) {
+        const long places = entry.word->GetDecimalPlace();
+        return entry.word->GetSyntaxString() +
+               (places > 0 ? ", " + std::to_string(places) +
+                                 (places == 1 ? " decimal place" : " decimal places")
+                           : std::string());
+    }
+    return entry.value;
+}
+
+void printCheckHead(std::FILE* out, const CheckedFile& file) {
+    if (file.kind != CheckedKind::kProgram) {
+        printText(out, file.name);
+        std::fprintf(out, ": %s\n", kKindTexts[static_cast<std::size_t>(file.kind)]);
+    }
+}
+
+void printCheck(std::FILE* out, const CheckedFile& file) {
+    if (file.check != nullptr) {
+        printSettings(out, *file.check, file.isLathe);
+        printKeyLines(out, "Keys that the converter does not read", file.check->UnreadKeys());
+        printKeyLines(out, "Old keys that are not converted (lines of the decoded text)",
+                      file.oldKeys);
+    }
+    if (file.check != nullptr || !file.findings.All().empty()) {
+        printFindings(out, file);
     }
 }
 

@@ -1,17 +1,21 @@
 #pragma once
 
-#include "cli/quillmark-param/ParamCheck.h"
+#include "cli/quillmark-param/CheckedFile.h"
 
 #include <cstdio>
 #include <string>
 
-/// Prints for people what a file configures, which keys nothing reads, and the findings. The bytes
-/// of the file that do not print are shown as "?".
+enum class SettingKind { kCommand, kWord, kOther };
 
-void printSettings(std::FILE* out, const ParamCheck& check, bool isLathe);
-void printKeyLines(std::FILE* out, const char* heading, const std::vector<ParamCheck::Line>& lines);
-/// `counted` says what the line numbers count.
-void printFindings(std::FILE* out, const Findings& findings, const char* counted);
+[[nodiscard]] SettingKind settingKindOf(const RecordingScan::Entry& entry) noexcept;
+/// What the model holds, not what the file says.
+[[nodiscard]] std::string settingOf(const RecordingScan::Entry& entry);
+
+/// Prints for people which file it is; nothing of what is no parameter file.
+void printCheckHead(std::FILE* out, const CheckedFile& file);
+/// Prints for people what the file configures, which keys nothing reads, and the findings. The
+/// bytes of the file that do not print are shown as "?".
+void printCheck(std::FILE* out, const CheckedFile& file);
 
 /// "2 errors, 1 warning, 0 notes"
 [[nodiscard]] std::string countsOf(const Findings& findings);

@@ -30,6 +30,8 @@ enum class FindingKind : std::size_t {
     kReplaced,
     kLineTooLong,
     kUnknownKey,
+    kMisspelledKey,
+    kTextBehindCode,
     kNoMovement,
     kEmptyValue,
     kAbsent,
@@ -44,11 +46,14 @@ enum class Severity {
 
 struct Finding {
     FindingKind kind;
-    long line;        ///< of the decoded text, from 1; 0 when it belongs to no line
+    long line;        ///< of the text that the scan reads, from 1; 0 when it belongs to no line
     std::string text; ///< for people
 };
 
 [[nodiscard]] Severity severityOf(FindingKind kind) noexcept;
+/// By which programs know it: "same_code", "error".
+[[nodiscard]] const char* nameOf(FindingKind kind) noexcept;
+[[nodiscard]] const char* nameOf(Severity severity) noexcept;
 
 /// The findings of one file, which take their texts from one table.
 class Findings {

@@ -20,6 +20,8 @@ int updateCommand(const ParamInput& in, std::FILE* out);
 /// Explains a file of any generation, for people. Fails when it finds an error. Ends the process as
 /// updateCommand does; what it wrote until then is to be shown.
 int checkCommand(const ParamInput& in, std::FILE* out);
+/// The same for programs, as one JSON object; nothing when the process ends.
+int checkAsJsonCommand(const ParamInput& in, std::FILE* out);
 /// Evaluates the texts of the call in the language of a dialect, one after the other: a statement
 /// changes variables for those behind it, the value of an expression is written. Ends at the first
 /// failure; what it wrote until then is to be shown.

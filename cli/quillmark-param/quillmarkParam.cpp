@@ -25,7 +25,8 @@ struct ParamCommand {
     const char* meaning;
     int (*run)(const ParamInput& in, std::FILE* out);
     bool hasOutput;
-    bool hasTexts = false; ///< one or more behind IN
+    bool hasTexts = false;                                            ///< one or more behind IN
+    int (*runAsJson)(const ParamInput& in, std::FILE* out) = nullptr; ///< with --json, anywhere
 };
 
 constexpr ParamCommand kCommands[] = {
@@ -37,8 +38,8 @@ constexpr ParamCommand kCommands[] = {
     {"decode", "IN OUT", "coded file of either generation to plain text", decodeCommand, true},
     {"update", "IN OUT", "file of the older generation to a plain one of the current format",
      updateCommand, true},
-    {"check", "IN", "tells what a parameter file configures and what looks wrong in it",
-     checkCommand, false},
+    {"check", "[--json] IN", "tells what a parameter file configures and what looks wrong in it",
+     checkCommand, false, false, checkAsJsonCommand},
     {"eval", "IN TEXT...", "prints the values of expressions in the language of a dialect",
      evalCommand, false, true},
 };
@@ -61,6 +62,7 @@ void printHelp() noexcept {
                      "  -           as IN is standard input, as OUT standard output\n"
                      "  NAME        as IN is also a dialect of quillmark --dialects, when no file\n"
                      "              has that name\n"
+                     "  --json      lets check write one JSON object, in front of IN or behind it\n"
                      "  --help      this text, as the only argument\n"
                      "  --version   version and banner, as the only argument\n"
                      "\n"
@@ -113,6 +115,24 @@ struct Call {
     std::FILE* out;
 };
 
+// Takes "--json" out of the arguments of a command that knows it. Tells whether it was there.
+bool takeJsonOption(std::span<char*>& arguments) noexcept {
+    const auto knowsIt = [&](const ParamCommand& command) {
+        return command.runAsJson != nullptr && std::strcmp(arguments[0], command.name) == 0;
+    };
+    if (arguments.empty() || std::ranges::none_of(kCommands, knowsIt)) {
+        return false;
+    }
+    const auto option = std::ranges::find_if(
+        arguments, [](const char* argument) { return std::strcmp(argument, "--json") == 0; });
+    if (option == arguments.end()) {
+        return false;
+    }
+    std::rotate(option, option + 1, arguments.end());
+    arguments = arguments.first(arguments.size() - 1);
+    return true;
+}
+
 // A report is of use as far as it goes; the file of a command is not.
 void reportEnd(void* context, const ProcessEnd& /*end*/) {
     const Call& call = *static_cast<const Call*>(context);
@@ -124,7 +144,7 @@ void reportEnd(void* context, const ProcessEnd& /*end*/) {
     }
 }
 
-int runCommand(const ParamCommand& command, std::span<char*> arguments) {
+int runCommand(const ParamCommand& command, std::span<char*> arguments, bool asJson) {
     const char* const inName = arguments[1];
     const char* const outName = command.hasOutput ? arguments[2] : "-";
     ParamInput in;
@@ -138,7 +158,7 @@ int runCommand(const ParamCommand& command, std::span<char*> arguments) {
     }
     Call call{command, in.Name(), out.get()};
     setProcessEndHook(reportEnd, &call);
-    const int status = command.run(in, out.get());
+    const int status = (asJson ? command.runAsJson : command.run)(in, out.get());
     setProcessEndHook(nullptr, nullptr);
     if (command.hasOutput && status != kParamDone) {
         return status;
@@ -158,14 +178,15 @@ int main(int argc, char** argv) {
     if (argc == 2 && printsInformation(argv[1])) {
         return flushStandardOutput(kName) ? kParamDone : kParamFailed;
     }
-    const std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
+    std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
+    const bool asJson = takeJsonOption(arguments);
     const ParamCommand* const command = arguments.empty() ? nullptr : findCommand(arguments);
     if (command == nullptr) {
         printUsage(stderr);
         return kParamUsage;
     }
     try {
-        return runCommand(*command, arguments);
+        return runCommand(*command, arguments, asJson);
     } catch (const std::bad_alloc&) {
         return failWith(arguments[1], "memory exhausted");
     }

@@ -31,7 +31,7 @@ constexpr ValueOption kValueOptions[] = {
          options.output = value;
          return findOutputKind(value) != nullptr;
      },
-     "the name of a file that ends in .svg or .png"},
+     "the name of a file that ends in .html, .svg or .png"},
     {"-l",
      [](ViewOptions& options, const char* value) {
          options.logs.push_back(value);
@@ -65,8 +65,13 @@ std::string checked(const ViewOptions& options) {
     if (options.logs.size() > options.apts.size()) {
         return "there are more logs than APT files";
     }
-    if (options.view != nullptr && options.output == nullptr) {
+    const OutputKind* const kind =
+        options.output == nullptr ? nullptr : findOutputKind(options.output);
+    if (options.view != nullptr && (kind == nullptr || !kind->isPicture)) {
         return "--view is of use with a picture, -o";
+    }
+    if (options.apts.size() == 2 && kind != nullptr && !kind->isPicture) {
+        return "a page shows one path";
     }
     if (options.json && !options.measures && options.apts.size() == 1) {
         return "--json is of use with --measure or two APT files";
@@ -75,7 +80,7 @@ std::string checked(const ViewOptions& options) {
         return "--rapid is of use with --measure";
     }
     if (options.apts.size() == 1 && !options.measures && options.output == nullptr) {
-        return "nothing is asked for: --measure prints figures, -o makes a picture";
+        return "nothing is asked for: --measure prints figures, -o makes a page or a picture";
     }
     return {};
 }

@@ -1,5 +1,6 @@
 #include "cli/quillmark-view/outputKinds.h"
 
+#include "cli/quillmark-view/writePage.h"
 #include "cli/quillmark-view/writePicture.h"
 
 #include <algorithm>
@@ -9,8 +10,9 @@ namespace {
 
 // Another kind of file is another row.
 constexpr OutputKind kKinds[] = {
-    {".svg", writeSvg},
-    {".png", writePng},
+    {".svg", true, writeSvg},
+    {".png", true, writePng},
+    {".html", false, writePage},
 };
 
 } // namespace

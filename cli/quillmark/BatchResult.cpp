@@ -21,7 +21,7 @@ int severityOf(const BatchResult& result) noexcept {
         return 4;
     }
     switch (statusOf(result)) {
-    case kExitUnrecognised:
+    case kExitDoubtful:
         return 1;
     case kExitUsage:
         return 2;
@@ -38,8 +38,8 @@ std::string failureText(const BatchResult& result) {
         return "ended by signal " + std::to_string(result.signal) + " (" +
                strsignal(result.signal) + ")";
     }
-    if (result.exitStatus == kExitUnrecognised) {
-        return "text was not recognised";
+    if (result.exitStatus == kExitDoubtful) {
+        return "text was not recognised, or there were warnings";
     }
     if (result.exitStatus == kExitUsage) {
         return "a result cannot be written";

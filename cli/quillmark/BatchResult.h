@@ -23,8 +23,8 @@ struct BatchResult {
 /// What a shell makes of the end of the process; 2 when it could not be started.
 [[nodiscard]] int statusOf(const BatchResult& result) noexcept;
 
-/// How bad it is: text not recognised under --strict, then a result that cannot be written, then a
-/// conversion that failed, then a process that a signal ended. 0 is no failure.
+/// How bad it is: text not recognised or a warning under --strict, then a result that cannot be
+/// written, then a conversion that failed, then a process that a signal ended. 0 is no failure.
 [[nodiscard]] int severityOf(const BatchResult& result) noexcept;
 
 /// Why it failed, as a phrase for a message.

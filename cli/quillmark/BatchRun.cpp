@@ -53,7 +53,7 @@ int BatchRun::Execute() {
     hideProgress();
     tellSummary();
     const int status = exitStatus();
-    return writeReport(status) || status > kExitUnrecognised ? status : kExitUsage;
+    return writeReport(status) || status > kExitDoubtful ? status : kExitUsage;
 }
 
 // What is wrong with it would be told by every job, so an empty program is converted first.

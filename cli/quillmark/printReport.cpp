@@ -55,11 +55,12 @@ void printWarning(std::FILE* stream, const Warning& warning) noexcept {
     std::fputc('\n', stream);
 }
 
-void printOddities(std::FILE* stream, const ScanReport& report, bool areNotes) noexcept {
+void printOddities(std::FILE* stream, const ScanReport& report, Level level) noexcept {
     for (const OddityRow& row : kOddityRows) {
         const Tally& tally = report.Of(row.oddity);
-        if (tally.count > 0 && row.isNote == areNotes) {
-            std::fprintf(stream, "quillmark: %s: %ld, the first in line ", row.text, tally.count);
+        if (tally.count > 0 && row.level == level) {
+            std::fprintf(stream, "quillmark: %s%s: %ld, the first in line ",
+                         level == Level::kWarning ? "warning: " : "", row.text, tally.count);
             printLine(stream, tally.firstLine, tally.firstFile);
             std::fprintf(stream, "; %s\n", row.consequence);
         }
@@ -82,7 +83,7 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
     const auto milliseconds = static_cast<long>(result.seconds * 1000.0);
     std::fprintf(stream, "\nquillmark: seconds: %ld.%03ld\n", milliseconds / 1000,
                  milliseconds % 1000);
-    printOddities(stream, report, true);
+    printOddities(stream, report, Level::kNote);
 }
 
 void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
@@ -93,11 +94,21 @@ void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
     }
 }
 
+void printWarningCount(std::FILE* stream, const ScanReport& report) noexcept {
+    long count = report.WarningCount();
+    for (const OddityRow& row : kOddityRows) {
+        count += row.level == Level::kWarning ? report.Of(row.oddity).count : 0;
+    }
+    if (count > 0) {
+        std::fprintf(stream, "quillmark: warnings: %ld\n", count);
+    }
+}
+
 void printReport(std::FILE* stream, NCScan& scan) noexcept {
     ScanReport& report = scan.Report();
     printUnrecognisedCount(stream, scan);
     printWords(stream, report.Words());
-    printOddities(stream, report, false);
+    printOddities(stream, report, Level::kWarning);
     const auto warnings = report.FirstWarnings();
     const auto shown = std::min(warnings.size(), kMostLines);
     for (const Warning& warning : warnings.first(shown)) {

@@ -11,6 +11,9 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
 /// How many blocks hold unrecognised text, on one line; nothing when none does.
 void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept;
 
+/// How many warnings there are, on one line; nothing when there are none.
+void printWarningCount(std::FILE* stream, const ScanReport& report) noexcept;
+
 /// All that was not understood: the count, the words, the oddities, the warnings; nothing when
 /// everything was. Long lists are cut, and it is told where the rest is found.
 void printReport(std::FILE* stream, NCScan& scan) noexcept;

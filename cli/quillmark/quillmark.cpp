@@ -13,6 +13,7 @@
 #include "cli/quillmark/printErrorStack.h"
 #include "cli/quillmark/printReport.h"
 #include "cli/quillmark/printStoppedBlock.h"
+#include "cli/quillmark/reportKeys.h"
 #include "cli/quillmark/writeJsonReport.h"
 #include "cli/shared/errorLine.h"
 #include "cli/shared/movementCommands.h"
@@ -270,10 +271,17 @@ private:
 
     // The low 8 bits of the code, as the shell sees them.
     [[nodiscard]] int exitStatusOf(int code) noexcept {
-        if (code == 0 && m_options.strict && m_controller.Report().UnrecognisedBlocks() > 0) {
-            return kExitUnrecognised;
+        if (code == 0 && m_options.strict && isDoubtful()) {
+            return kExitDoubtful;
         }
         return code & 0xFF;
+    }
+
+    // What --strict does not let pass: text that was not recognised, and warnings.
+    [[nodiscard]] bool isDoubtful() noexcept {
+        const ScanReport& report = m_controller.Report();
+        return report.UnrecognisedBlocks() > 0 || hasWarnings(report) ||
+               !configuresMovement(m_controller);
     }
 
     void stopClock() noexcept {
@@ -289,6 +297,7 @@ private:
             printReport(stderr, m_controller);
         } else if (m_options.strict) {
             printUnrecognisedCount(stderr, m_controller);
+            printWarningCount(stderr, m_controller.Report());
         }
         if (m_options.summary) {
             printSummary(stderr, m_controller, m_result);

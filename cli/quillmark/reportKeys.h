@@ -49,13 +49,18 @@ static_assert([] {
     return true;
 }());
 
+enum class Level {
+    kNote,   ///< worth knowing: told with the figures only
+    kWarning ///< the path may be wrong
+};
+
 /// An oddity, what it is and what follows from it.
 struct OddityRow {
     Oddity oddity;
     const char* key;
     const char* text;
     const char* consequence;
-    bool isNote = false; ///< common and mostly harmless: told with the figures only
+    Level level = Level::kWarning;
 };
 
 inline constexpr OddityRow kOddityRows[] = {
@@ -66,18 +71,18 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kOpenComment, "unterminated_comments", "comments without an end",
      "the rest of the block was not read"},
     {Oddity::kSkipMark, "skip_marked_blocks", "blocks with a mark to skip them",
-     "they were converted, as with the operator's switch off"},
+     "they were converted, as with the operator's switch off", Level::kNote},
     {Oddity::kRestart, "restarts", "returns from the main program",
-     "the conversion ends there, and a control would begin the program again"},
+     "the conversion ends there, and a control would begin the program again", Level::kNote},
     {Oddity::kComputes, "computing_blocks",
-     "warning: the program computes, and the APT does not follow it; such blocks",
+     "the program computes, and the APT does not follow it; such blocks",
      "a dialect that names their language with REV_PROGRAM_LANGUAGE runs them"},
     {Oddity::kAxisNotGiven, "axes_not_given", "movements before every axis was given",
-     "0 was taken for the others", true},
+     "0 was taken for the others", Level::kNote},
     {Oddity::kUnknownOrigin, "unknown_origins", "work offsets whose origin is unknown",
-     "the positions count from the zero of the first blocks", true},
+     "the positions count from the zero of the first blocks", Level::kNote},
     {Oddity::kUnknownPlace, "unknown_machine_places",
-     "warning: ways to places of the machine that the parameter file does not tell",
+     "ways to places of the machine that the parameter file does not tell",
      "REV_MACHINE_ZERO says where machine zero lies"},
     {Oddity::kHeldRapid, "held_rapids", "rapid movements at the end to an axis that is unknown",
      "nothing was written for them"},
@@ -91,7 +96,7 @@ inline constexpr OddityRow kOddityRows[] = {
     {Oddity::kRotaryFeed, "rotary_feeds", "rotary axes that move alone at a feed",
      "the feed is that of the axis, and was kept as one along the path"},
     {Oddity::kCompensation, "compensations", "blocks with radius compensation",
-     "the path is the programmed contour", true},
+     "the path is the programmed contour", Level::kNote},
 };
 
 struct WarningRow {
@@ -130,4 +135,11 @@ static_assert([] {
 
 [[nodiscard]] constexpr const WarningRow& rowOf(Warning::Kind kind) noexcept {
     return kWarningRows[static_cast<std::size_t>(kind)];
+}
+
+/// Whether a conversion was warned of.
+[[nodiscard]] inline bool hasWarnings(const ScanReport& report) noexcept {
+    return report.WarningCount() > 0 || std::ranges::any_of(kOddityRows, [&](const OddityRow& row) {
+               return row.level == Level::kWarning && report.Of(row.oddity).count > 0;
+           });
 }

@@ -35,12 +35,14 @@ std::size_t changesBetween(std::string_view left, std::string_view right) noexce
 
 } // namespace
 
-std::string_view nearestName(std::string_view name,
-                             std::span<const std::string_view> candidates) noexcept {
+std::string_view nearestName(std::string_view name, std::span<const std::string_view> candidates,
+                             std::size_t most) noexcept {
     std::string_view nearest;
-    std::size_t fewest = std::min<std::size_t>(name.size() / 3, 3) + 1; // more is another name
+    std::size_t fewest = std::min(name.size() / 3, most) + 1;
     for (const std::string_view candidate : candidates) {
-        if (name.size() > kLongest || candidate.size() > kLongest) {
+        const std::size_t longer = std::max(name.size(), candidate.size());
+        const std::size_t shorter = std::min(name.size(), candidate.size());
+        if (longer > kLongest || longer - shorter >= fewest) {
             continue;
         }
         if (const std::size_t changes = changesBetween(name, candidate); changes < fewest) {

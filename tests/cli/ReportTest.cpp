@@ -26,7 +26,6 @@ protected:
          1           4  G54
          1           4  R-5
 quillmark: warning: line 3: G4 not recognised, in a block that moves the tool: G4 X2.
-quillmark: warning: line 4: G54 not recognised, in a block that moves the tool: G54 X3 R-5
 )";
 };
 
@@ -43,7 +42,10 @@ TEST_F(Report, TellsWhatWasNotUnderstood) {
         const ProgramResult result = run(options);
         EXPECT_EQ(result.status, std::stoi(status)) << options;
         EXPECT_EQ(result.out, "") << options;
-        EXPECT_EQ(result.err, said == "all" ? kBadText : said == "count" ? kCountText : "");
+        EXPECT_EQ(result.err, said == "all"     ? kBadText
+                              : said == "count" ? kCountText + "quillmark: warnings: 1\n"
+                                                : "")
+            << options;
     }
     EXPECT_EQ(read("o"), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(3, 0, 0));
     EXPECT_THAT(read("-p"), StartsWith("{\n"));
@@ -64,9 +66,9 @@ TEST_F(Report, ShowsTheMostFrequentWordsAndFirstWarnings) {
 )"));
     EXPECT_THAT(err, HasSubstr(R"(  E18
 quillmark: and 107 more different words; --report FILE has more of them
-quillmark: arcs of radius 0: 1, the first in line 130; nothing was written for them
-quillmark: blocks longer than 255 characters: 1, the first in line 129; they were read in pieces, a number can be cut in two
-quillmark: comments without an end: 1, the first in line 128; the rest of the block was not read
+quillmark: warning: arcs of radius 0: 1, the first in line 130; nothing was written for them
+quillmark: warning: blocks longer than 255 characters: 1, the first in line 129; they were read in pieces, a number can be cut in two
+quillmark: warning: comments without an end: 1, the first in line 128; the rest of the block was not read
 quillmark: warning: line 3: G4 not )"));
     EXPECT_THAT(err, AllOf(HasSubstr("line 22: G4"),
                            EndsWith("and 106 more warnings; --report FILE has more of them\n")));
@@ -88,13 +90,34 @@ TEST_F(Report, SummaryIsPrintedAlways) {
 TEST_F(Report, CountsMarkedBlocksUnlessTheyAreLeftOut) {
     m_folder.write("skip.pp", kDialect + "REV_BLOCK_SKIP\n/\n");
     m_folder.write("a.nc", "G1 X1\n/X2\n/1 X3\n");
-    EXPECT_EQ(run("-p skip.pp").err,
-              "quillmark: blocks with a mark to skip them: 2, the first in line 2; they were "
-              "converted, as with the operator's switch off\n");
+    EXPECT_EQ(run("-p skip.pp --strict").err, "");
+    EXPECT_THAT(
+        run("-p skip.pp --summary").err,
+        HasSubstr("quillmark: blocks with a mark to skip them: 2, the first in line 2; they "
+                  "were converted, as with the operator's switch off\n"));
     EXPECT_EQ(read("o"), goTo(1, 0, 0) + goTo(2, 0, 0) + goTo(3, 0, 0));
     EXPECT_EQ(run("-p skip.pp --skip-blocks").err, "");
     EXPECT_EQ(read("o"), goTo(1, 0, 0));
     EXPECT_EQ(run("--skip-blocks=1").status, 2);
+}
+
+TEST_F(Report, StrictlyEveryWarningIsAFailure) {
+    m_folder.write("skip.pp", kDialect + "REV_BLOCK_SKIP\n/\n");
+    m_folder.write("none.pp", std::string(kHeader) + "SYMBOL_PROGRAM_START\nQ9\n");
+    // The program, the options, the exit status.
+    const std::string table = R"(G1 X1|-p skip.pp|0
+/G1 X1|-p skip.pp|0
+G1 X1~G3|-p skip.pp|3
+G1 X1 (open|-p skip.pp|3
+G91 G2 X2 I1 Z5|-p skip.pp|3
+(no movement command)|-p none.pp|3)";
+    for (const auto& [nc, options, status] : rowsOf(table)) {
+        m_folder.write("a.nc", std::regex_replace(nc, std::regex("~"), "\n"));
+        const ProgramResult result = run("--strict " + options);
+        EXPECT_EQ(result.status, std::stoi(status)) << nc;
+        EXPECT_EQ(result.err.find("quillmark: warning: ") == 0, result.status == 3) << result.err;
+        EXPECT_EQ(run(options).status, 0) << nc;
+    }
 }
 
 TEST_F(Report, JsonHoldsEverything) {

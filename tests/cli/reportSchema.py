@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""reportSchema SOURCE QUILLMARK: the reports of conversions of every outcome, and that of their
-batch, are as the schemas in docs say, and have no key that these do not know."""
+"""reportSchema SOURCE QUILLMARK: the reports of conversions of every outcome, that of their batch, and
+what check says as JSON, are as the schemas in docs say, and have no key that these do not know."""
 import json
 import os
 import subprocess
@@ -32,6 +32,29 @@ BELOW = {
 }
 # One that runs programs and refuses much, and one that does neither.
 DIALECTS = {"strict": "dialects/o-word-mill.pp", "lenient": "examples/milling/dialect.pp"}
+
+HEAD = "##### Header\n#FILE:       UNCODED\n##### Toolmachine Section\n"
+PARAMETER_FILES = {
+    "wrong.pp": HEAD + "RAPDI\nG0\nRAPID\nG0 # x\nCOOLANT_ON\nM8\nCOOLANT_OFF\nM8\nFEEDRATE\nF\xe4\n1\n2\n",
+    "undecodable.pp": HEAD.replace("UNCODED", "CODED") + "RAPID\nG0\n",
+    "oldtext": "PARAMETERS OF MILL 3\n*VERSION 5.3\n*5XGABEL 0\n*ADRRAPI G00\n",
+    "program.pp": "N1 G0 X1\nN2 G1 X2\n",
+}
+
+
+def checks(source, tool):
+    """The names of what check says of the parameter files, with one of each format."""
+    for name, text in PARAMETER_FILES.items():
+        with open(name, "w", encoding="latin-1") as file:
+            file.write(text)
+    subprocess.run([tool, "encode", f"{source}/{DIALECTS['strict']}", "coded.pp"], check=True)
+    subprocess.run([tool, "encode-old", "oldtext", "old.pp"], check=True)
+    names = []
+    for name in ["coded.pp", "old.pp", *(n for n in PARAMETER_FILES if n.endswith(".pp"))]:
+        names.append(f"{name}.json")
+        with open(names[-1], "w", encoding="utf-8") as out:
+            subprocess.run([tool, "check", name, "--json"], stdout=out, stderr=subprocess.DEVNULL, check=False)
+    return names
 
 
 def closed(schema):
@@ -79,7 +102,7 @@ def check(name, schema, report):
 
 def main():
     schemas = {}
-    for name in ("report", "batch"):
+    for name in ("report", "batch", "check"):
         with open(f"{source}/docs/{name}.schema.json", encoding="utf-8") as file:
             schemas[name] = json.load(file)
         jsonschema.Draft202012Validator.check_schema(schemas[name])
@@ -105,13 +128,15 @@ def main():
             subprocess.run([*command, *names], stderr=subprocess.DEVNULL, check=False)
             reports[f"{folder}.json"] = "batch"
             reports.update({f"{folder}/{name[:-3]}.json": "report" for name in names})
+        reports.update({name: "check" for name in checks(source, quillmark + "-param")})
         for name, schema in reports.items():
             with open(name, encoding="utf-8") as file:
                 report = json.load(file)
             met |= {key for parent, key in places(report) if isinstance(key, str) and parent[key]}
             errors += check(name, schemas[schema], report)
     # What only some programs have was there.
-    for key in ("process_end", "failure", "file", "word", "rest", "warnings", "signal", "stopped"):
+    for key in ("process_end", "failure", "file", "word", "rest", "warnings", "signal", "stopped",
+                "settings", "unread_keys", "old_keys", "findings", "return_code", "machine"):
         if key not in met:
             errors.append(f"no report has '{key}'")
     print("\n".join(errors))

@@ -107,13 +107,16 @@ TEST(ScanReport, NotesWordsWarningsAndOddities) {
     const std::pair<std::string, std::string> rows[] = {
         {"N1 G90 G94 F100 (a) (b)\n  G1 X1 Y2 S100 \n\t\nM3 S5\n\nG2 X3 I1 M8\r\nG1 X9  ", ""},
         {"%\nN2 G54 G0 G41 X1 D1\n\nG54 (x)\n E5 Q  \n%\n",
-         "% 2/1 G54 2/2 D1 1/2 G41 1/2 E5 1/5 Q 1/5 !G54 1/2 "},
-        // A G word of a block that moves is a warning, but only where a word begins.
+         "% 2/1 G54 2/2 D1 1/2 G41 1/2 E5 1/5 Q 1/5 "},
+        // A G word of a block that moves is a warning, unless it is usually harmless, but only
+        // where a word begins.
         {"G1 X1\nG4 X2.\nG28 X0\n", "G4 1/2 G28 1/3 !G4 1/2 !G28 1/3 "},
         {"G54\nM8 G10\n", "G54 1/1 G10 1/2 "},
         {"X2 Q5 M99\nX3 GOTO5 AG4\n", "M99 1/1 Q5 1/1 AG4 1/2 GOTO5 1/2 computes 1/2 "},
         {"G1 X1\n%G17 X2\nE1 g4 X3\n", "%G17 1/2 E1 1/3 g4 1/3 !g4 1/3 "},
-        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 R2. 1/1 G41 1/3 G54 1/3 !G81 1/1 !G54 1/3 "},
+        {"G17 G54 G64 G42 X1\nG43.4 X2\nG18X3",
+         "G17 1/1 G42 1/1 G54 1/1 G64 1/1 G43.4 1/2 G18 1/3 !G43.4 1/2 !G18 1/3 "},
+        {"X1 G81 Z-5 R2.\nX2\nG54 G41 X1\n", "G81 1/1 R2. 1/1 G41 1/3 G54 1/3 !G81 1/1 "},
         // An arc without a centre word is dropped where it ends at its start.
         {"G2\nG1 X1\nG2 X1 R5\nG3 X1 I0\n", "R5 1/3 !arc 1/1 !arc 1/3 dropped 3/1 "},
         {"G1 X5\nG2 X5 I5 J0\n", ""}, // a full circle
@@ -172,12 +175,11 @@ TEST(ScanReport, WarnsOfWhatAControlWouldObey) {
         // Movement codes.
         {"G0 X1\nX5 G2 G1\nG1 X1\nG91 G1 X1\nM8 G0", "two_movement_codes 2 G1, "},
         // Usual codes.
-        {"G17\nG18 G19\nG018\nX1 g19 G54", "plane 2 G18, plane 3 G018, plane 4 g19, "
-                                           "unrecognised_g_word 4 G54, "},
+        {"G17\nG18 G19\nG018\nX1 g19 G54", "plane 2 G18, plane 3 G018, plane 4 g19, "},
         {"G20\nG21\nG70", "inch 1 G20, inch 3 G70, "},
         {"G72 G73\nG76\nG77 G80 G89\nG90.5 CYCLE83(1)\nCYCLE90 ACYCLE81 G181 G81.5",
          "cycle 1 G73, cycle 2 G76, cycle 3 G89, fraction_behind_code 4 G90.5, cycle 4 CYCLE83, "},
-        {"G1 X1 G17 G81", "cycle 1 G81, unrecognised_g_word 1 G17, "},
+        {"G1 X1 G17 G81", "cycle 1 G81, "},
     };
     for (const auto& [nc, warnings] : rows) {
         EXPECT_EQ(Scan(nc).warnings(), warnings) << nc;
@@ -250,7 +252,7 @@ TEST(ScanReport, KeepsRestsAndWholeBlocks) {
     EXPECT_EQ(scan->FirstRests()[1].line, 2);
     EXPECT_EQ(scan->FirstRests()[1].text, "G54  G41  D1");
     EXPECT_EQ(scan->FirstRests()[2].text, "E5 Q");
-    EXPECT_EQ(scan->FirstWarnings()[1].block.text, "(a) G4 X2. F5");
+    EXPECT_EQ(scan->FirstWarnings()[0].block.text, "(a) G4 X2. F5");
 }
 
 TEST(ScanReport, StaysWithinItsBounds) {

@@ -5,6 +5,7 @@
 #include <map>
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -48,8 +49,21 @@ TEST_F(ParamCheck, TellsWhatAFileConfigures) {
     }
 }
 
+TEST_F(ParamCheck, CountsLinesOfTheFileThatItWasGivenAndKnowsPrograms) {
+    m_folder.write("plain", file("R;COOLANT_ON;  "));
+    m_folder.write("a.tap", "%\nN1 G0 X1\nN2 G1 X2\n");
+    ASSERT_EQ(shell("quillmark-param encode plain coded").status, 0);
+    EXPECT_THAT(shell("quillmark-param check plain").out, Not(HasSubstr("lines of the")));
+    EXPECT_THAT(shell("quillmark-param check coded").out, HasSubstr("(lines of the decoded text)"));
+    const ProgramResult run = shell("quillmark-param check a.tap");
+    EXPECT_EQ(std::to_string(run.status) + run.out, "1");
+    EXPECT_THAT(run.err, HasSubstr("it looks like an NC program"));
+    EXPECT_THAT(shell("quillmark-param check --json coded").out,
+                HasSubstr(R"("lines_of": "decoded")"));
+}
+
 TEST_F(ParamCheck, FindsWhatLooksWrongAndNothingElse) {
-    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 50)) {
+    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 61)) {
         m_folder.write("x.pp", file(text));
         const ProgramResult run =
             shell("quillmark-param check x.pp >out; status=$?; tr -s ' ' <out; exit $status");

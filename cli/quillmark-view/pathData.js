@@ -1,0 +1,265 @@
+'use strict';
+
+// The path as PathBytes.cpp packs it. Positions are in mm, movements counted from 0.
+
+const kRapid = 0;
+const kArc = 2;
+const kDigits = 1e-5;
+const kRateDigits = 1e-6;
+const kAxisDigits = 1e-7;
+const kEventNames = ['LOADTL', 'DELAY', 'DELAY', 'STOP', 'OPSTOP', 'GOHOME', 'END'];
+
+class PackedNumbers {
+    constructor(base64) {
+        const text = atob(base64);
+        this.bytes = new Uint8Array(text.length);
+        for (let i = 0; i < text.length; ++i) {
+            this.bytes[i] = text.charCodeAt(i);
+        }
+        this.at = 0;
+    }
+
+    next() {
+        let value = this.bytes[this.at++];
+        if (value >= 128) {
+            value -= 128;
+            let byte = 0;
+            let factor = 128;
+            do {
+                byte = this.bytes[this.at++];
+                value += (byte & 127) * factor;
+                factor *= 128;
+            } while (byte >= 128);
+        }
+        return value % 2 === 0 ? value / 2 : -(value + 1) / 2;
+    }
+}
+
+class PathData {
+    constructor(base64, texts) {
+        const numbers = new PackedNumbers(base64);
+        if (numbers.next() !== 1) {
+            throw new Error('the path is in a form that this page does not know');
+        }
+        const flags = numbers.next();
+        this.unit = (flags & 1) !== 0 ? 25.4 : 1;
+        this.isInch = (flags & 1) !== 0;
+        this.isMultiAxis = (flags & 2) !== 0;
+        this.hasBlocks = (flags & 4) !== 0;
+        this.name = texts[0];
+        this.blockTexts = texts.slice(1);
+        this.count = numbers.next();
+        this.arcCount = numbers.next();
+        const states = numbers.next();
+        const events = numbers.next();
+        this.readStates(numbers, states);
+        this.readEvents(numbers, events);
+        this.readMovements(numbers);
+    }
+
+    readStates(numbers, count) {
+        this.states = [];
+        let feed = 0;
+        let speed = 0;
+        for (let i = 0; i < count; ++i) {
+            const flags = numbers.next();
+            feed += numbers.next();
+            speed += numbers.next();
+            this.states.push({
+                feed: feed * kRateDigits,
+                speed: speed * kRateDigits,
+                limit: numbers.next() * kRateDigits,
+                isFeedPerTurn: (flags & 1) !== 0,
+                isCuttingSpeed: (flags & 2) !== 0,
+                spindle: ['off', 'clockwise', 'counterclockwise'][flags >> 2 & 3],
+                coolant: ['off', 'on', 'mist'][flags >> 4 & 3],
+                side: ['off', 'left', 'right'][flags >> 6 & 3],
+                tool: (flags & 256) !== 0 ? numbers.next() : null,
+                register: (flags & 512) !== 0 ? numbers.next() : null,
+            });
+        }
+    }
+
+    readEvents(numbers, count) {
+        this.events = [];
+        let movement = 0;
+        let line = 0;
+        let block = 0;
+        for (let i = 0; i < count; ++i) {
+            const kind = numbers.next();
+            const value = numbers.next() * kRateDigits;
+            movement += numbers.next();
+            line += numbers.next();
+            block += this.hasBlocks ? numbers.next() : 0;
+            this.events.push({kind, value, movement, line, block});
+        }
+    }
+
+    readMovements(numbers) {
+        const count = this.count;
+        this.ends = new Float64Array(3 * count);
+        this.kinds = new Uint8Array(count);
+        this.anew = new Uint8Array(count);
+        this.stateOf = new Uint32Array(count);
+        this.lines = new Uint32Array(count);
+        this.blocks = new Uint32Array(count); // from 1; 0: none
+        this.axisOf = new Uint32Array(count);
+        this.axes = [0, 0, 1];
+        this.arcOf = new Uint32Array(count);
+        this.arcs = [];
+        const scale = kDigits * this.unit;
+        const end = [0, 0, 0];
+        const axis = [0, 0, 0];
+        let line = 0;
+        let block = 0;
+        let state = 0;
+        for (let i = 0; i < count; ++i) {
+            const bits = numbers.next();
+            const start = [end[0], end[1], end[2]];
+            for (let k = 0; k < 3; ++k) {
+                end[k] += numbers.next();
+                this.ends[3 * i + k] = end[k] * scale;
+            }
+            line += numbers.next();
+            block += this.hasBlocks ? numbers.next() : 0;
+            state += (bits & 16) !== 0 ? numbers.next() : 0;
+            if ((bits & 32) !== 0) {
+                for (let k = 0; k < 3; ++k) {
+                    axis[k] += numbers.next();
+                    this.axes.push(axis[k] * kAxisDigits);
+                }
+            }
+            this.kinds[i] = bits & 3;
+            this.anew[i] = (bits & 4) !== 0 ? 1 : 0;
+            this.lines[i] = line;
+            this.blocks[i] = block;
+            this.stateOf[i] = state;
+            this.axisOf[i] = this.axes.length / 3 - 1;
+            if (this.kinds[i] === kArc) {
+                this.arcOf[i] = this.arcs.length;
+                this.arcs.push(this.readArc(numbers, start, end, (bits & 8) !== 0));
+            }
+        }
+    }
+
+    readArc(numbers, start, end, isLong) {
+        const centre = start.map((value) => value + numbers.next());
+        const length = Math.hypot(...end.map((value, k) => value - centre[k]));
+        const radius = (Math.round(length) + numbers.next()) * kDigits * this.unit;
+        const scaled = centre.map((value) => value * kDigits * this.unit);
+        return {centre: scaled, radius, normal: this.readNormal(numbers), isLong};
+    }
+
+    readNormal(numbers) {
+        const code = numbers.next();
+        if (code < 6) {
+            const normal = [0, 0, 0];
+            normal[code >> 1] = (code & 1) !== 0 ? -1 : 1;
+            return normal;
+        }
+        if (code === 8) {
+            this.normal = [0, 0, 0].map(() => numbers.next() * kAxisDigits);
+        } else if (code === 7) {
+            this.normal = this.normal.map((value) => -value);
+        }
+        return this.normal;
+    }
+
+    endOf(movement) { return new THREE.Vector3().fromArray(this.ends, 3 * movement); }
+
+    startOf(movement) {
+        if (this.anew[movement] !== 0) {
+            return this.endOf(movement);
+        }
+        return movement === 0 ? new THREE.Vector3() : this.endOf(movement - 1);
+    }
+
+    axisAt(movement) { return new THREE.Vector3().fromArray(this.axes, 3 * this.axisOf[movement]); }
+
+    stateAt(movement) { return this.states[this.stateOf[movement]]; }
+
+    blockAt(movement) { return this.textOfBlock(this.blocks[movement]); }
+
+    textOfBlock(block) { return block === 0 ? '' : this.blockTexts[block - 1]; }
+
+    // The arc as centre, arms and angle: the point at the part p of it, 0 to 1, is
+    // centre + (1 + p * growth) * (cos(p * angle) * from + sin(p * angle) * across) + p * rise.
+    sweepOf(movement) {
+        const arc = this.arcs[this.arcOf[movement]];
+        const normal = new THREE.Vector3().fromArray(arc.normal).normalize();
+        const middle = new THREE.Vector3().fromArray(arc.centre);
+        const start = this.startOf(movement);
+        const from = start.clone().sub(middle).projectOnPlane(normal);
+        const to = this.endOf(movement).sub(middle).projectOnPlane(normal);
+        const across = normal.clone().cross(from);
+        let angle = Math.atan2(across.dot(to), from.dot(to));
+        if (angle <= 0) {
+            angle = arc.isLong ? angle + 2 * Math.PI : -angle;
+        }
+        const way = this.endOf(movement).sub(start);
+        return {
+            centre: start.clone().sub(from), from, across, angle,
+            growth: to.length() / from.length() - 1, rise: way.projectOnVector(normal),
+        };
+    }
+
+    pointOn(sweep, part) {
+        const angle = part * sweep.angle;
+        const size = 1 + part * sweep.growth;
+        return sweep.centre.clone()
+            .addScaledVector(sweep.from, size * Math.cos(angle))
+            .addScaledVector(sweep.across, size * Math.sin(angle))
+            .addScaledVector(sweep.rise, part);
+    }
+
+    lengthOf(movement) {
+        if (this.kinds[movement] !== kArc) {
+            return this.endOf(movement).distanceTo(this.startOf(movement));
+        }
+        const sweep = this.sweepOf(movement);
+        return Math.hypot(sweep.from.length() * (1 + sweep.growth / 2) * sweep.angle,
+            sweep.rise.length());
+    }
+
+    numbersText(values) {
+        return values.map((value) => (value / this.unit).toFixed(5)).join(', ');
+    }
+
+    // The statement as it stands in the source, but for its blanks.
+    statementOf(movement) {
+        const end = this.endOf(movement).toArray();
+        if (this.kinds[movement] === kArc) {
+            const {centre, radius} = this.arcs[this.arcOf[movement]];
+            return `TLON,GOFWD/(CIRCLE/${this.numbersText([...centre, radius])}),` +
+                `ON,(LINE/${this.numbersText([...centre, ...end])})`;
+        }
+        let text = `GOTO/${this.numbersText(end)}`;
+        if (this.isMultiAxis) {
+            const axis = this.axisAt(movement).toArray();
+            text += `, ${axis.map((value) => value.toFixed(5)).join(', ')}`;
+        }
+        return this.kinds[movement] === kRapid ? `RAPID ${text}` : text;
+    }
+
+    eventText(event) {
+        const name = kEventNames[event.kind];
+        const unit = event.kind === 2 ? ',REV' : '';
+        return event.kind < 3 ? `${name}/${Number(event.value.toFixed(4))}${unit}` : name;
+    }
+
+    feedText(state) {
+        const unit = this.isInch ? 'in' : 'mm';
+        const feed = state.feed / this.unit;
+        return `${Number(feed.toFixed(4))} ${unit}/${state.isFeedPerTurn ? 'rev' : 'min'}`;
+    }
+
+    spindleText(state) {
+        if (state.spindle === 'off') {
+            return 'off';
+        }
+        const unit = state.isCuttingSpeed ? 'm/min' : 'rev/min';
+        return `${Number(state.speed.toFixed(4))} ${unit}, ${state.spindle}`;
+    }
+}
+
+const toolName = (tool) => tool === null ? 'no tool' : `T${tool}`;

@@ -1,0 +1,454 @@
+'use strict';
+
+// The path in 3D. All feeds are one set of lines and all rapids another, each drawn once as far as
+// the tool has come and once, faint, for what lies ahead.
+
+const kToolColours = ['#0072b3', '#d65e00', '#009e73', '#cc78a6', '#57b5e8', '#e69e00', '#6b6b6b',
+    '#8c592b'];
+const kScaleColours = ['#3b4cc0', '#1fa187', '#c8a400', '#e8590c', '#b40426'];
+const kViews = {
+    top: [[0, 0, 1], [0, 1, 0]],
+    front: [[0, -1, 0], [0, 0, 1]],
+    side: [[1, 0, 0], [0, 0, 1]],
+    isometric: [[1, -1, 1], [0, 0, 1]],
+};
+const kPickPixels = 7;
+
+// Lines of a fixed number of pieces, each with the movement that it belongs to.
+class PieceLines {
+    constructor(material, faint, pieces, isDashed) {
+        this.isDashed = isDashed;
+        this.done = new THREE.LineSegments(new THREE.BufferGeometry(), material);
+        this.ahead = new THREE.LineSegments(new THREE.BufferGeometry(), faint);
+        this.done.frustumCulled = false;
+        this.ahead.frustumCulled = false;
+        this.positions = new Float32Array(6 * pieces);
+        this.colours = isDashed ? null : new Uint8Array(6 * pieces);
+        this.distances = isDashed ? new Float32Array(2 * pieces) : null;
+        this.owners = new Uint32Array(pieces);
+        this.pieces = 0;
+    }
+
+    add(from, to, owner) {
+        this.positions.set(from, 6 * this.pieces);
+        this.positions.set(to, 6 * this.pieces + 3);
+        if (this.isDashed) {
+            this.distances[2 * this.pieces + 1] =
+                Math.hypot(to[0] - from[0], to[1] - from[1], to[2] - from[2]);
+        }
+        this.owners[this.pieces++] = owner;
+    }
+
+    finish() {
+        const part = (array, size) => new THREE.BufferAttribute(
+            array.subarray(0, 2 * size * this.pieces), size, array instanceof Uint8Array);
+        const attributes = {position: part(this.positions, 3)};
+        if (this.isDashed) {
+            attributes.lineDistance = part(this.distances, 1);
+        } else {
+            attributes.color = part(this.colours, 3);
+        }
+        for (const lines of [this.done, this.ahead]) {
+            lines.geometry.dispose();
+            lines.geometry = new THREE.BufferGeometry();
+            for (const [name, attribute] of Object.entries(attributes)) {
+                lines.geometry.setAttribute(name, attribute);
+            }
+        }
+    }
+
+    // The number of pieces of the movements up to one.
+    piecesUpTo(movement) {
+        let low = 0;
+        let high = this.pieces;
+        while (low < high) {
+            const middle = (low + high) >> 1;
+            if (this.owners[middle] <= movement) {
+                low = middle + 1;
+            } else {
+                high = middle;
+            }
+        }
+        return low;
+    }
+
+    showUpTo(movement) {
+        const pieces = this.piecesUpTo(movement);
+        this.done.geometry.setDrawRange(0, 2 * pieces);
+        this.ahead.geometry.setDrawRange(2 * pieces, 2 * (this.pieces - pieces));
+        this.done.visible = pieces > 0;
+        this.ahead.visible = pieces < this.pieces;
+    }
+}
+
+class PathScene {
+    constructor(canvas, path) {
+        this.path = path;
+        this.canvas = canvas;
+        this.hiddenTools = new Set();
+        this.colouring = 'tool';
+        this.position = path.count - 1;
+        this.renderer = new THREE.WebGLRenderer({canvas, antialias: true});
+        this.scene = new THREE.Scene();
+        this.camera = new THREE.OrthographicCamera(-1, 1, 1, -1, 0.1, 10);
+        this.camera.up.set(0, 0, 1);
+        this.controls = new THREE.OrbitControls(this.camera, canvas);
+        this.controls.enableKeys = false;
+        this.controls.screenSpacePanning = true;
+        this.controls.addEventListener('change', () => this.draw());
+        this.findTools();
+        this.cutArcs();
+        this.findRanges();
+        this.addLines();
+        this.addHelpers();
+        this.fillLines();
+        this.resize();
+        this.look('isometric');
+    }
+
+    // Tools in the order of their first use, with what they do.
+    findTools() {
+        const tools = new Map();
+        const places = this.path.states.map((state) => {
+            if (!tools.has(state.tool)) {
+                tools.set(state.tool, {tool: state.tool, movements: 0, cutting: 0});
+            }
+            return tools.get(state.tool);
+        });
+        for (let i = 0; i < this.path.count; ++i) {
+            const tool = places[this.path.stateOf[i]];
+            ++tool.movements;
+            tool.cutting += this.path.kinds[i] === kRapid ? 0 : 1;
+        }
+        this.tools = [...tools.values()].filter((tool) => tool.movements > 0);
+        let next = 0;
+        for (const tool of this.tools) {
+            tool.colour = tool.cutting > 0 ? kToolColours[next++ % kToolColours.length] : null;
+        }
+    }
+
+    // Points on the arcs, few enough for all of them to be drawn.
+    cutArcs() {
+        const most = Math.max(4, Math.min(180, Math.floor(3e6 / (this.path.arcCount + 1))));
+        this.arcPoints = this.path.arcs.map(() => null);
+        for (let i = 0; i < this.path.count; ++i) {
+            if (this.path.kinds[i] !== kArc) {
+                continue;
+            }
+            const sweep = this.path.sweepOf(i);
+            const steps = Math.max(2, Math.ceil(most * sweep.angle / (2 * Math.PI)));
+            const points = new Float64Array(3 * (steps - 1));
+            for (let k = 1; k < steps; ++k) {
+                this.path.pointOn(sweep, k / steps).toArray(points, 3 * (k - 1));
+            }
+            this.arcPoints[this.path.arcOf[i]] = points;
+        }
+    }
+
+    findRanges() {
+        const box = new THREE.Box3();
+        const point = new THREE.Vector3();
+        const add = (array, at) => box.expandByPoint(point.fromArray(array, at));
+        for (let i = 0; i < this.path.ends.length; i += 3) {
+            add(this.path.ends, i);
+        }
+        for (const points of this.arcPoints) {
+            for (let i = 0; i < points.length; i += 3) {
+                add(points, i);
+            }
+        }
+        this.box = box;
+        this.middle = box.getCenter(new THREE.Vector3());
+        this.size = Math.max(box.getSize(new THREE.Vector3()).length(), 1e-3);
+        const feeds = [];
+        this.cuttingPieces = 0;
+        this.rapidPieces = 0;
+        this.lowest = Infinity;
+        this.highest = -Infinity;
+        for (let i = 0; i < this.path.count; ++i) {
+            if (this.path.kinds[i] === kRapid) {
+                ++this.rapidPieces;
+                continue;
+            }
+            const arc = this.path.kinds[i] === kArc;
+            this.cuttingPieces += arc ? this.arcPoints[this.path.arcOf[i]].length / 3 + 1 : 1;
+            this.lowest = Math.min(this.lowest, this.path.ends[3 * i + 2]);
+            this.highest = Math.max(this.highest, this.path.ends[3 * i + 2]);
+            feeds[this.path.stateOf[i]] = true;
+        }
+        const used = this.path.states.filter((state, i) => feeds[i]).map((state) => state.feed);
+        this.lowestFeed = used.reduce((a, b) => Math.min(a, b), Infinity);
+        this.highestFeed = used.reduce((a, b) => Math.max(a, b), -Infinity);
+    }
+
+    addLines() {
+        const faint = {transparent: true, opacity: 0.18, depthWrite: false};
+        const dashes = {color: '#808080', dashSize: 6, gapSize: 5};
+        this.dashes = [new THREE.LineDashedMaterial(dashes),
+            new THREE.LineDashedMaterial({...dashes, ...faint})];
+        this.rapids = new PieceLines(...this.dashes, this.rapidPieces, true);
+        const solid = {vertexColors: THREE.VertexColors};
+        this.cuts = new PieceLines(new THREE.LineBasicMaterial(solid),
+            new THREE.LineBasicMaterial({...solid, ...faint}), this.cuttingPieces, false);
+        this.scene.add(this.rapids.done, this.rapids.ahead, this.cuts.done, this.cuts.ahead);
+    }
+
+    // Drawn around the middle of the box, where numbers of 32 bits are finest.
+    addHelpers() {
+        const box = this.box.clone().translate(this.middle.clone().negate());
+        this.boxLines = new THREE.Box3Helper(box, '#8a8a8a');
+        this.axes = new THREE.AxesHelper(this.size / 6);
+        this.axes.position.copy(this.middle).negate();
+        this.chosen = new THREE.Line(new THREE.BufferGeometry(),
+            new THREE.LineBasicMaterial({color: '#e6007e', depthTest: false}));
+        this.chosen.renderOrder = 2;
+        this.chosen.frustumCulled = false;
+        const cone = new THREE.ConeBufferGeometry(7, 26, 20);
+        cone.rotateX(-Math.PI / 2);
+        cone.translate(0, 0, 13);
+        this.tool = new THREE.Mesh(cone, new THREE.MeshBasicMaterial(
+            {color: '#e6007e', transparent: true, opacity: 0.55, depthTest: false}));
+        this.tool.renderOrder = 1;
+        this.scene.add(this.boxLines, this.axes, this.chosen, this.tool);
+    }
+
+    isShown(movement) { return !this.hiddenTools.has(this.path.stateAt(movement).tool); }
+
+    fillLines() {
+        const {path, middle} = this;
+        const at = (array, i) =>
+            [array[i] - middle.x, array[i + 1] - middle.y, array[i + 2] - middle.z];
+        const hidden = path.states.map((state) => this.hiddenTools.has(state.tool));
+        this.rapids.pieces = 0;
+        this.cuts.pieces = 0;
+        this.shownMovements = 0;
+        let from = path.kinds[0] === kArc ? at([0, 0, 0], 0) : at(path.ends, 0);
+        for (let i = 0; i < path.count; ++i) {
+            const to = at(path.ends, 3 * i);
+            if (!hidden[path.stateOf[i]]) {
+                const lines = path.kinds[i] === kRapid ? this.rapids : this.cuts;
+                ++this.shownMovements;
+                if (path.kinds[i] === kArc) {
+                    const points = this.arcPoints[path.arcOf[i]];
+                    for (let k = 0; k < points.length; k += 3) {
+                        const next = at(points, k);
+                        lines.add(from, next, i);
+                        from = next;
+                    }
+                }
+                lines.add(path.anew[i] !== 0 ? to : from, to, i);
+            }
+            from = to;
+        }
+        this.fillColours();
+        this.rapids.finish();
+        this.cuts.finish();
+        this.moveTo(this.position);
+    }
+
+    colourAt(part) {
+        const place = Math.min(Math.max(part, 0), 1) * (kScaleColours.length - 1);
+        const low = Math.min(Math.floor(place), kScaleColours.length - 2);
+        return new THREE.Color(kScaleColours[low])
+            .lerp(new THREE.Color(kScaleColours[low + 1]), place - low);
+    }
+
+    fillColours() {
+        const bytes = (colour) => colour.toArray().map((part) => Math.round(255 * part));
+        const scale = [];
+        for (let i = 0; i < 256; ++i) {
+            scale.push(bytes(this.colourAt(i / 255)));
+        }
+        const inScale = (value, low, high) =>
+            scale[high > low ? Math.round(255 * (value - low) / (high - low)) : 128];
+        const toolColours = new Map(this.tools.map(
+            (tool) => [tool.tool, bytes(new THREE.Color(tool.colour || '#808080'))]));
+        const ofState = this.path.states.map((state) => this.colouring === 'tool'
+            ? toolColours.get(state.tool)
+            : inScale(Math.min(Math.max(state.feed, this.lowestFeed), this.highestFeed),
+                this.lowestFeed, this.highestFeed));
+        const {colours, owners, pieces, positions} = this.cuts;
+        const height = (vertex) => Math.min(Math.max(positions[3 * vertex + 2] + this.middle.z,
+            this.lowest), this.highest);
+        for (let vertex = 0; vertex < 2 * pieces; ++vertex) {
+            const colour = this.colouring === 'height'
+                ? inScale(height(vertex), this.lowest, this.highest)
+                : ofState[this.path.stateOf[owners[vertex >> 1]]];
+            colours[3 * vertex] = colour[0];
+            colours[3 * vertex + 1] = colour[1];
+            colours[3 * vertex + 2] = colour[2];
+        }
+    }
+
+    colourBy(colouring) {
+        this.colouring = colouring;
+        this.fillColours();
+        this.cuts.done.geometry.attributes.color.needsUpdate = true;
+        this.draw();
+    }
+
+    showTool(tool, isShown) {
+        if (isShown) {
+            this.hiddenTools.delete(tool);
+        } else {
+            this.hiddenTools.add(tool);
+        }
+        this.fillLines();
+        this.draw();
+    }
+
+    // The points of a movement, around the middle.
+    pointsOf(movement) {
+        const points = [this.path.startOf(movement)];
+        if (this.path.kinds[movement] === kArc) {
+            const between = this.arcPoints[this.path.arcOf[movement]];
+            for (let k = 0; k < between.length; k += 3) {
+                points.push(new THREE.Vector3().fromArray(between, k));
+            }
+        }
+        points.push(this.path.endOf(movement));
+        return points.map((point) => point.sub(this.middle));
+    }
+
+    moveTo(movement) {
+        this.position = movement;
+        this.rapids.showUpTo(movement);
+        this.cuts.showUpTo(movement);
+        this.chosen.geometry.dispose();
+        this.chosen.geometry = new THREE.BufferGeometry().setFromPoints(this.pointsOf(movement));
+        this.tool.position.copy(this.path.endOf(movement)).sub(this.middle);
+        this.tool.quaternion.setFromUnitVectors(new THREE.Vector3(0, 0, 1),
+            this.path.axisAt(movement).normalize());
+    }
+
+    // Views
+
+    resize() {
+        const {clientWidth, clientHeight} = this.canvas;
+        if (clientWidth === 0 || clientHeight === 0) {
+            return;
+        }
+        this.renderer.setPixelRatio(window.devicePixelRatio);
+        this.renderer.setSize(clientWidth, clientHeight, false);
+        const half = this.size / 2;
+        const width = Math.max(1, clientWidth / clientHeight) * half;
+        this.camera.right = width;
+        this.camera.left = -width;
+        this.camera.top = width * clientHeight / clientWidth;
+        this.camera.bottom = -this.camera.top;
+        this.camera.near = 0;
+        this.camera.far = 40 * this.size;
+        this.camera.updateProjectionMatrix();
+        this.draw();
+    }
+
+    look(name) {
+        const [direction, up] = kViews[name].map((part) => new THREE.Vector3().fromArray(part));
+        this.controls.target.set(0, 0, 0);
+        this.camera.position.copy(direction).setLength(20 * this.size);
+        if (up.z === 0) {
+            this.camera.position.y -= 1e-5 * this.size; // its upper side is that of Y
+        }
+        this.controls.update();
+        this.fit();
+    }
+
+    // The box fills nine tenths of the canvas.
+    fit() {
+        this.camera.zoom = 1;
+        this.camera.updateProjectionMatrix();
+        this.camera.updateMatrixWorld();
+        const box = new THREE.Box3();
+        const {min, max} = this.boxLines.box;
+        for (let i = 0; i < 8; ++i) {
+            box.expandByPoint(new THREE.Vector3(i & 1 ? min.x : max.x, i & 2 ? min.y : max.y,
+                i & 4 ? min.z : max.z).project(this.camera));
+        }
+        const reach = Math.max(-box.min.x, box.max.x, -box.min.y, box.max.y, 1e-6);
+        this.camera.zoom = 0.9 / reach;
+        this.camera.updateProjectionMatrix();
+        this.controls.update();
+        this.draw();
+    }
+
+    turn(right, up) {
+        const offset = this.camera.position.clone().sub(this.controls.target);
+        const sideways = this.camera.up.clone().cross(offset).normalize();
+        const between = offset.angleTo(this.camera.up);
+        const limited = Math.min(Math.max(between - up, 1e-5), Math.PI - 1e-5);
+        offset.applyAxisAngle(sideways, limited - between).applyAxisAngle(this.camera.up, right);
+        this.camera.position.copy(this.controls.target).add(offset);
+        this.controls.update();
+        this.draw();
+    }
+
+    pan(right, up) {
+        const step = 0.1 * this.canvas.clientHeight / this.pixelsPerMillimetre();
+        const move = new THREE.Vector3(right * step, up * step, 0)
+            .applyQuaternion(this.camera.quaternion);
+        this.camera.position.add(move);
+        this.controls.target.add(move);
+        this.controls.update();
+        this.draw();
+    }
+
+    zoom(factor) {
+        this.camera.zoom *= factor;
+        this.camera.updateProjectionMatrix();
+        this.draw();
+    }
+
+    pixelsPerMillimetre() {
+        return this.canvas.clientWidth * this.camera.zoom / (this.camera.right - this.camera.left);
+    }
+
+    // The place on the canvas, in its pixels, of a point of the part.
+    project(point) {
+        const place = point.clone().sub(this.middle).project(this.camera);
+        return {
+            x: (place.x + 1) / 2 * this.canvas.clientWidth,
+            y: (1 - place.y) / 2 * this.canvas.clientHeight,
+        };
+    }
+
+    // The movement next to a place on the canvas, -1 where there is none.
+    pick(x, y) {
+        const caster = new THREE.Raycaster();
+        caster.linePrecision = kPickPixels / this.pixelsPerMillimetre();
+        caster.setFromCamera({x: 2 * x / this.canvas.clientWidth - 1,
+            y: 1 - 2 * y / this.canvas.clientHeight}, this.camera);
+        let nearest = Infinity;
+        let found = -1;
+        for (const lines of [this.cuts, this.rapids]) {
+            for (const hit of lines.pieces > 0 ? caster.intersectObject(lines.done) : []) {
+                const distance = caster.ray.distanceToPoint(hit.point);
+                if (distance < nearest - 1e-6 * this.size) {
+                    nearest = distance;
+                    found = lines.owners[hit.index / 2];
+                }
+            }
+        }
+        return found;
+    }
+
+    // Once in a frame, however often it is asked for.
+    draw() {
+        if (!this.isAsked) {
+            this.isAsked = true;
+            requestAnimationFrame(() => this.drawNow());
+        }
+    }
+
+    drawNow() {
+        this.isAsked = false;
+        const scale = this.pixelsPerMillimetre();
+        for (const material of this.dashes) {
+            material.scale = scale;
+        }
+        this.tool.scale.setScalar(1 / scale);
+        this.renderer.render(this.scene, this.camera);
+        if (this.onDrawn) {
+            this.onDrawn();
+        }
+    }
+}
