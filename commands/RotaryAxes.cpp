@@ -226,6 +226,7 @@ void RotaryAxes::SwitchRtcp(Control& control, bool isOn, bool takesVectors) {
     const gmVector3 position = control.coordinates.ToStart(control.Position()) * unit;
     const gmVector3 tip = Pose().TipOf(position);
     isRtcpOn = isOn;
+    control.hasToolLength = isOn; // which the control has to know then
     m_takesVectors = takesVectors;
     const gmVector3 same = withoutNoise(Pose().PositionOf(tip));
     if (same != withoutNoise(position)) {

@@ -105,7 +105,8 @@ public:
     void AnnounceRtcp(bool isOn, bool takesVectors) noexcept {
         m_countsVectors = isOn && (takesVectors || !hasVectorCode);
     }
-    /// The tip stays and its coordinates are computed anew.
+    /// The tip stays and its coordinates are computed anew. A length of the tool is in force with
+    /// it and ends with it.
     void SwitchRtcp(Control& control, bool isOn, bool takesVectors);
     /// Tool `number` is in the spindle.
     void ChangeTool(int number, MachineStatus& status);

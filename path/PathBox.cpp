@@ -32,10 +32,11 @@ void PathBox::Add(const ToolPath& path, std::size_t movement) noexcept {
     }
     const Sweep sweep = path.SweepOf(movement);
     for (int axis = 0; axis < 3; ++axis) {
-        double angle = std::atan2(sweep.across[axis], sweep.from[axis]);
-        for (angle += angle < 0.0 ? std::numbers::pi : 0.0; angle < sweep.angle;
-             angle += std::numbers::pi) {
-            Add(sweep.PointAt(angle));
+        const double angle = std::atan2(sweep.across[axis], sweep.from[axis]);
+        const double first = angle < 0.0 ? angle + std::numbers::pi : angle;
+        const double count = std::ceil((sweep.angle - first) / std::numbers::pi);
+        for (long turn = 0; static_cast<double>(turn) < count; ++turn) {
+            Add(sweep.PointAt(first + static_cast<double>(turn) * std::numbers::pi));
         }
     }
 }

@@ -40,6 +40,7 @@ void printNearestDialect(std::FILE* stream, const char* program, const char* nam
     int error = 0;
     const std::vector<DialectFolder::Dialect> dialects = DialectFolder().List(error);
     std::vector<std::string_view> names;
+    names.reserve(dialects.size());
     for (const DialectFolder::Dialect& dialect : dialects) {
         names.push_back(dialect.name);
     }

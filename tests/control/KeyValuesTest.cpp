@@ -15,7 +15,8 @@ namespace {
 
 std::vector<Key> controlKeys() {
     std::vector<Key> keys;
-    for (const auto& table : {pathKeys(), technologyKeys(), coordinateKeys(), cycleKeys()}) {
+    for (const auto& table :
+         {pathKeys(), technologyKeys(), coordinateKeys(), cycleKeys(), axisKeys()}) {
         for (const Key& key : table) {
             if (key.kind == KeyKind::kWhole) {
                 keys.push_back(key);
@@ -46,6 +47,15 @@ Values valuesOf(const Key& key) {
         {"REV_CYCLE_FEED_TO_RETURN", {"1", "YES"}},
         {"REV_CYCLE_STRAIGHT", {"0", "-1"}},
         {"REV_CYCLE_STRICT", {"0", "01"}},
+        {"REV_CARRIER", {"2", "3"}},
+        {"REV_AXIS_TOLERANCE", {"0.5", "0"}},
+        {"REV_RTCP_START", {"1", "ON"}},
+        {"REV_RTCP_TABLE_ONLY", {"1", "2"}},
+        {"REV_RTCP_HEAD_ONLY", {"1", "C"}},
+        {"REV_PIVOT_POSITIONS", {"1", "TIP"}},
+        {"REV_NUTATOR_ANGLE", {"45", "45;45"}},
+        {"REV_HEAD_TOOL_LENGTH", {"3;120", "3.5;120"}},
+        {"REV_ROTARY_WAY", {"SHORTEST", "SHORT"}},
     };
     const auto found = kValues.find(key.text);
     if (found != kValues.end()) {

@@ -16,6 +16,7 @@ import tempfile
 
 START = "G0 X40 Z10\nG1 Z9 F100\n"
 ROWS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "constructs.txt")
+MADE_FROM = {"five-axis-table": "hash-mill", "five-axis-head": "r-parameter-mill"}
 CELLS = {"converted": "converted", "told": "told", "refused": "refused", "-": "–"}
 
 
@@ -36,7 +37,10 @@ def read_rows():
 
 
 def line_for(name, lines):
-    return next(
+    """The line that names a dialect, or else the one it is made from."""
+    own = [line for line in lines if name in line[0]]
+    name = MADE_FROM.get(name, name)
+    return own[0] if own else next(
         line for line in lines if any(fnmatch.fnmatchcase(name, pattern) for pattern in line[0])
     )
 
