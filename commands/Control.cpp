@@ -321,7 +321,7 @@ int Control::Pass(Movement& movement, const AxisMapping& mapping) {
     if (rotary != nullptr && rotary->IsInUse()) {
         return hasInfinity(movement.end)
                    ? Refuse(kBlockRefused, "a position is beyond all numbers")
-                   : m_toolPath.Pass(*this, m_knowledge, movement, turning, programmed);
+                   : m_toolStage.Pass(*this, m_knowledge, movement, turning, programmed);
     }
     if (movement.sweep) {
         if (const int code = CheckParts(*movement.sweep); code != 0) {

@@ -16,7 +16,7 @@
 #include "commands/Plane.h"
 #include "commands/PolarCoordinates.h"
 #include "commands/RotaryAxes.h"
-#include "commands/ToolPath.h"
+#include "commands/ToolStage.h"
 
 #include <memory>
 #include <optional>
@@ -209,7 +209,7 @@ private:
 
     MachineStatus& m_status;
     AxisKnowledge m_knowledge;
-    ToolPath m_toolPath;
+    ToolStage m_toolStage;
     std::string m_reason;
     bool m_axisWordsAreTaken = false;
     bool m_axisWordsAreTakenTwice = false;

@@ -58,7 +58,7 @@ constexpr ReturnCode kReturnCodes[] = {
     {kAxisUnknown, ConversionFile::kNC, "position of an axis is not known in NC file",
      "give the axis in a rapid block before, or its zero in the parameter file"},
     {kRotaryRefused, ConversionFile::kNC,
-     "rotary axis, tool vector or inverse time that the machine cannot follow in NC file",
+     "rotary axis or tool vector that the machine cannot follow in NC file",
      "check the rotary axes of the parameter file, the vector, and the feed of the block"},
     {kBlockRefused, ConversionFile::kNC, "block that a control refuses in NC file",
      "correct the block"},

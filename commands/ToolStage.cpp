@@ -1,4 +1,4 @@
-#include "commands/ToolPath.h"
+#include "commands/ToolStage.h"
 
 #include "commands/AxisKnowledge.h"
 #include "commands/Control.h"
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-int ToolPath::Pass(Control& control, AxisKnowledge& knowledge, Movement& movement,
+int ToolStage::Pass(Control& control, AxisKnowledge& knowledge, Movement& movement,
                    const Turning& turning, const gmVector3& programmed) {
     const ToolWay way(*control.rotary, movement, turning, control.units.FromMillimetres());
     if (!way.IsEndKnown()) {
@@ -40,7 +40,7 @@ int ToolPath::Pass(Control& control, AxisKnowledge& knowledge, Movement& movemen
 }
 
 // A feed along the path says nothing of an axis that turns alone.
-void ToolPath::noteFeed(Control& control, const Movement& movement, const Turning& turning) {
+void ToolStage::noteFeed(Control& control, const Movement& movement, const Turning& turning) {
     if (movement.rapid != TRUE && movement.needsFeed && turning.byAngles && !movement.sweep &&
         movement.start == movement.end && !control.IsInverseTime() &&
         !std::exchange(m_isFeedNoted, true)) {
@@ -48,7 +48,7 @@ void ToolPath::noteFeed(Control& control, const Movement& movement, const Turnin
     }
 }
 
-int ToolPath::write(Control& control, Movement& movement, const ToolWay& way) {
+int ToolStage::write(Control& control, Movement& movement, const ToolWay& way) {
     const bool isFirst = !std::exchange(m_hasPlace, true);
     if (isFirst) {
         control.writer->WriteMultiAxis();
@@ -65,7 +65,7 @@ int ToolPath::write(Control& control, Movement& movement, const ToolWay& way) {
     return writePoints(control, movement, way, hasStart);
 }
 
-int ToolPath::writeArc(Control& control, Movement& movement, const Sweep& arc) {
+int ToolStage::writeArc(Control& control, Movement& movement, const Sweep& arc) {
     movement.sweep = arc;
     if (const int code = control.CheckParts(arc); code != 0) {
         return code;
@@ -77,7 +77,7 @@ int ToolPath::writeArc(Control& control, Movement& movement, const Sweep& arc) {
     return 0;
 }
 
-int ToolPath::writePoints(Control& control, Movement& movement, const ToolWay& way, bool hasStart) {
+int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& way, bool hasStart) {
     std::vector<double> fractions = {1.0};
     if (hasStart && !way.IsStraight()) {
         const double unit = control.units.FromMillimetres();

@@ -10,7 +10,7 @@ class ToolWay;
 /// The stage of a machine with rotary axes: positions of the machine become places of the tool in
 /// the part's frame. The axes of the machine move evenly, so the tip runs on a curve, into which
 /// points are put as dense as the tolerances ask for.
-class ToolPath {
+class ToolStage {
 public:
     /// Writes the movement, which is in positions given to the machine; `programmed` is its end in
     /// coordinates of the program. Returns 0 or the code of a refusal.
