@@ -61,10 +61,8 @@ class Page {
         document.addEventListener('keydown', (event) => this.key(event));
         byId('canvas').addEventListener('keydown', (event) => this.keyInPicture(event));
         this.connectPicture();
-        new ResizeObserver(() => {
-            this.scene.resize();
-            this.list.fill();
-        }).observe(byId('stage'));
+        new ResizeObserver(() => this.scene.resize()).observe(byId('stage'));
+        new ResizeObserver(() => this.list.show(this.chosen)).observe(byId('list'));
     }
 
     // A click is a press that does not move.
@@ -93,8 +91,8 @@ class Page {
             `${this.chosen + 1}: ${this.path.statementOf(this.chosen)}`);
         this.scene.moveTo(this.chosen);
         this.scene.draw();
-        this.list.show(this.chosen);
         this.tellFacts();
+        this.list.show(this.chosen);
     }
 
     step(count) { this.choose(this.chosen + count); }
@@ -283,11 +281,16 @@ class Page {
 
 // The data are read once and then given back. Programs find the page as quillmarkPage.
 function openPage() {
-    const texts = byId('texts').textContent.replace(/\n$/, '').split('\n');
-    const path = new PathData(byId('path').textContent, texts);
-    byId('path').remove();
-    byId('texts').remove();
-    window.quillmarkPage = new Page(path);
+    const take = (id) => {
+        const text = byId(id).textContent;
+        byId(id).remove();
+        return text;
+    };
+    const page = new Page(new PathData(take('path'), take('source').trim()));
+    window.quillmarkPage = page;
+    if (page.path.hasBlocks) {
+        page.path.unpackBlocks(take('blocks')).then(() => page.tellFacts());
+    }
 }
 
 openPage();

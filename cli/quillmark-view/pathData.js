@@ -9,13 +9,18 @@ const kRateDigits = 1e-6;
 const kAxisDigits = 1e-7;
 const kEventNames = ['LOADTL', 'DELAY', 'DELAY', 'STOP', 'OPSTOP', 'GOHOME', 'END'];
 
+function bytesOf(base64) {
+    const text = atob(base64);
+    const bytes = new Uint8Array(text.length);
+    for (let i = 0; i < text.length; ++i) {
+        bytes[i] = text.charCodeAt(i);
+    }
+    return bytes;
+}
+
 class PackedNumbers {
     constructor(base64) {
-        const text = atob(base64);
-        this.bytes = new Uint8Array(text.length);
-        for (let i = 0; i < text.length; ++i) {
-            this.bytes[i] = text.charCodeAt(i);
-        }
+        this.bytes = bytesOf(base64);
         this.at = 0;
     }
 
@@ -36,7 +41,7 @@ class PackedNumbers {
 }
 
 class PathData {
-    constructor(base64, texts) {
+    constructor(base64, name) {
         const numbers = new PackedNumbers(base64);
         if (numbers.next() !== 1) {
             throw new Error('the path is in a form that this page does not know');
@@ -46,8 +51,8 @@ class PathData {
         this.isInch = (flags & 1) !== 0;
         this.isMultiAxis = (flags & 2) !== 0;
         this.hasBlocks = (flags & 4) !== 0;
-        this.name = texts[0];
-        this.blockTexts = texts.slice(1);
+        this.name = name;
+        this.blockTexts = []; // until they are unpacked
         this.count = numbers.next();
         this.arcCount = numbers.next();
         const states = numbers.next();
@@ -55,6 +60,13 @@ class PathData {
         this.readStates(numbers, states);
         this.readEvents(numbers, events);
         this.readMovements(numbers);
+    }
+
+    // The blocks are not needed for a picture, so they come later.
+    async unpackBlocks(base64) {
+        const packed = new Blob([bytesOf(base64)]).stream();
+        const text = await new Response(packed.pipeThrough(new DecompressionStream('deflate'))).text();
+        this.blockTexts = text.split('\n');
     }
 
     readStates(numbers, count) {
@@ -115,7 +127,8 @@ class PathData {
         let state = 0;
         for (let i = 0; i < count; ++i) {
             const bits = numbers.next();
-            const start = [end[0], end[1], end[2]];
+            const isArc = (bits & 3) === kArc;
+            const start = isArc ? [...end] : null;
             for (let k = 0; k < 3; ++k) {
                 end[k] += numbers.next();
                 this.ends[3 * i + k] = end[k] * scale;
@@ -135,7 +148,7 @@ class PathData {
             this.blocks[i] = block;
             this.stateOf[i] = state;
             this.axisOf[i] = this.axes.length / 3 - 1;
-            if (this.kinds[i] === kArc) {
+            if (isArc) {
                 this.arcOf[i] = this.arcs.length;
                 this.arcs.push(this.readArc(numbers, start, end, (bits & 8) !== 0));
             }
@@ -180,7 +193,7 @@ class PathData {
 
     blockAt(movement) { return this.textOfBlock(this.blocks[movement]); }
 
-    textOfBlock(block) { return block === 0 ? '' : this.blockTexts[block - 1]; }
+    textOfBlock(block) { return this.blockTexts[block - 1] || ''; }
 
     // The arc as centre, arms and angle: the point at the part p of it, 0 to 1, is
     // centre + (1 + p * growth) * (cos(p * angle) * from + sin(p * angle) * across) + p * rise.

@@ -29,12 +29,16 @@ class PieceLines {
         this.pieces = 0;
     }
 
-    add(from, to, owner) {
-        this.positions.set(from, 6 * this.pieces);
-        this.positions.set(to, 6 * this.pieces + 3);
+    add(x, y, z, nextX, nextY, nextZ, owner) {
+        const at = 6 * this.pieces;
+        this.positions[at] = x;
+        this.positions[at + 1] = y;
+        this.positions[at + 2] = z;
+        this.positions[at + 3] = nextX;
+        this.positions[at + 4] = nextY;
+        this.positions[at + 5] = nextZ;
         if (this.isDashed) {
-            this.distances[2 * this.pieces + 1] =
-                Math.hypot(to[0] - from[0], to[1] - from[1], to[2] - from[2]);
+            this.distances[2 * this.pieces + 1] = Math.hypot(nextX - x, nextY - y, nextZ - z);
         }
         this.owners[this.pieces++] = owner;
     }
@@ -127,41 +131,48 @@ class PathScene {
         }
     }
 
-    // Points on the arcs, few enough for all of them to be drawn.
+    // Points on the arcs, few enough for all of them to be drawn, and where those of each begin.
     cutArcs() {
         const most = Math.max(4, Math.min(180, Math.floor(3e6 / (this.path.arcCount + 1))));
-        this.arcPoints = this.path.arcs.map(() => null);
+        const points = [];
+        this.arcBegins = new Uint32Array(this.path.arcCount + 1);
         for (let i = 0; i < this.path.count; ++i) {
             if (this.path.kinds[i] !== kArc) {
                 continue;
             }
             const sweep = this.path.sweepOf(i);
             const steps = Math.max(2, Math.ceil(most * sweep.angle / (2 * Math.PI)));
-            const points = new Float64Array(3 * (steps - 1));
             for (let k = 1; k < steps; ++k) {
-                this.path.pointOn(sweep, k / steps).toArray(points, 3 * (k - 1));
+                const {x, y, z} = this.path.pointOn(sweep, k / steps);
+                points.push(x, y, z);
             }
-            this.arcPoints[this.path.arcOf[i]] = points;
+            this.arcBegins[this.path.arcOf[i] + 1] = points.length;
         }
+        this.arcPoints = Float64Array.from(points);
+    }
+
+    // The points between the ends of an arc.
+    pointsBetween(movement) {
+        const arc = this.path.arcOf[movement];
+        return this.arcPoints.subarray(this.arcBegins[arc], this.arcBegins[arc + 1]);
     }
 
     findRanges() {
-        const box = new THREE.Box3();
-        const point = new THREE.Vector3();
-        const add = (array, at) => box.expandByPoint(point.fromArray(array, at));
-        for (let i = 0; i < this.path.ends.length; i += 3) {
-            add(this.path.ends, i);
-        }
-        for (const points of this.arcPoints) {
-            for (let i = 0; i < points.length; i += 3) {
-                add(points, i);
+        const low = [Infinity, Infinity, Infinity];
+        const high = [-Infinity, -Infinity, -Infinity];
+        for (const points of [this.path.ends, this.arcPoints]) {
+            for (let i = 0; i < points.length; ++i) {
+                const axis = i % 3;
+                low[axis] = Math.min(low[axis], points[i]);
+                high[axis] = Math.max(high[axis], points[i]);
             }
         }
+        const box = new THREE.Box3(new THREE.Vector3(...low), new THREE.Vector3(...high));
         this.box = box;
         this.middle = box.getCenter(new THREE.Vector3());
         this.size = Math.max(box.getSize(new THREE.Vector3()).length(), 1e-3);
         const feeds = [];
-        this.cuttingPieces = 0;
+        this.cuttingPieces = this.arcPoints.length / 3;
         this.rapidPieces = 0;
         this.lowest = Infinity;
         this.highest = -Infinity;
@@ -170,8 +181,7 @@ class PathScene {
                 ++this.rapidPieces;
                 continue;
             }
-            const arc = this.path.kinds[i] === kArc;
-            this.cuttingPieces += arc ? this.arcPoints[this.path.arcOf[i]].length / 3 + 1 : 1;
+            ++this.cuttingPieces;
             this.lowest = Math.min(this.lowest, this.path.ends[3 * i + 2]);
             this.highest = Math.max(this.highest, this.path.ends[3 * i + 2]);
             feeds[this.path.stateOf[i]] = true;
@@ -216,29 +226,34 @@ class PathScene {
 
     fillLines() {
         const {path, middle} = this;
-        const at = (array, i) =>
-            [array[i] - middle.x, array[i + 1] - middle.y, array[i + 2] - middle.z];
+        const {ends} = path;
         const hidden = path.states.map((state) => this.hiddenTools.has(state.tool));
         this.rapids.pieces = 0;
         this.cuts.pieces = 0;
         this.shownMovements = 0;
-        let from = path.kinds[0] === kArc ? at([0, 0, 0], 0) : at(path.ends, 0);
+        let {x, y, z} = path.startOf(0).sub(middle);
         for (let i = 0; i < path.count; ++i) {
-            const to = at(path.ends, 3 * i);
-            if (!hidden[path.stateOf[i]]) {
-                const lines = path.kinds[i] === kRapid ? this.rapids : this.cuts;
-                ++this.shownMovements;
-                if (path.kinds[i] === kArc) {
-                    const points = this.arcPoints[path.arcOf[i]];
-                    for (let k = 0; k < points.length; k += 3) {
-                        const next = at(points, k);
-                        lines.add(from, next, i);
-                        from = next;
-                    }
-                }
-                lines.add(path.anew[i] !== 0 ? to : from, to, i);
+            const nextX = ends[3 * i] - middle.x;
+            const nextY = ends[3 * i + 1] - middle.y;
+            const nextZ = ends[3 * i + 2] - middle.z;
+            if (path.anew[i] !== 0) {
+                [x, y, z] = [nextX, nextY, nextZ];
             }
-            from = to;
+            if (!hidden[path.stateOf[i]]) {
+                ++this.shownMovements;
+                const lines = path.kinds[i] === kRapid ? this.rapids : this.cuts;
+                const between = path.kinds[i] === kArc ? this.pointsBetween(i) : [];
+                for (let k = 0; k < between.length; k += 3) {
+                    const point = [between[k] - middle.x, between[k + 1] - middle.y,
+                        between[k + 2] - middle.z];
+                    lines.add(x, y, z, ...point, i);
+                    [x, y, z] = point;
+                }
+                lines.add(x, y, z, nextX, nextY, nextZ, i);
+            }
+            x = nextX;
+            y = nextY;
+            z = nextZ;
         }
         this.fillColours();
         this.rapids.finish();
@@ -301,7 +316,7 @@ class PathScene {
     pointsOf(movement) {
         const points = [this.path.startOf(movement)];
         if (this.path.kinds[movement] === kArc) {
-            const between = this.arcPoints[this.path.arcOf[movement]];
+            const between = this.pointsBetween(movement);
             for (let k = 0; k < between.length; k += 3) {
                 points.push(new THREE.Vector3().fromArray(between, k));
             }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <zlib.h>
 
 namespace {
 
@@ -29,26 +30,46 @@ void writeBase64(std::FILE* out, std::string_view bytes) noexcept {
     }
 }
 
-// One line of text of the page. A byte that belongs to no character is one of Latin-1.
-void writeLine(std::FILE* out, std::string_view text) {
+// A text as the page can hold it. A byte that belongs to no character is one of Latin-1.
+std::string utf8Of(std::string_view text) {
+    std::string result;
     while (!text.empty()) {
         const auto byte = static_cast<unsigned char>(text.front());
         const std::size_t length = std::max<std::size_t>(utf8SequenceLength(text), 1);
-        if (byte == '<') {
-            write(out, "&lt;");
-        } else if (byte == '&') {
-            write(out, "&amp;");
-        } else if (byte < ' ') {
-            write(out, " ");
+        if (byte < ' ') {
+            result += ' ';
         } else if (length == 1 && byte > 0x7F) {
-            (void)std::fputc(0xC0 | byte >> 6, out);
-            (void)std::fputc(0x80 | (byte & 0x3F), out);
+            result += static_cast<char>(0xC0 | byte >> 6);
+            result += static_cast<char>(0x80 | (byte & 0x3F));
         } else {
-            write(out, text.substr(0, length));
+            result += text.substr(0, length);
         }
         text.remove_prefix(length);
     }
-    write(out, "\n");
+    return result;
+}
+
+void writeName(std::FILE* out, std::string_view name) {
+    for (const char c : utf8Of(name)) {
+        write(out, c == '<' ? "&lt;" : c == '&' ? "&amp;" : std::string_view(&c, 1));
+    }
+}
+
+// The blocks, a line each, packed: as they are they would take more than all else. Returns false
+// without the memory to pack them.
+bool writeBlocks(std::FILE* out, const BlockTable& blocks) {
+    std::string text;
+    for (std::uint32_t block = 0; block < blocks.Count(); ++block) {
+        text += block == 0 ? "" : "\n";
+        text += utf8Of(blocks.Text(block));
+    }
+    uLongf size = compressBound(text.size());
+    std::string packed(size, '\0');
+    const int code = compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+                               reinterpret_cast<const Bytef*>(text.data()), text.size(),
+                               Z_DEFAULT_COMPRESSION);
+    writeBase64(out, std::string_view(packed).substr(0, size));
+    return code == Z_OK;
 }
 
 } // namespace
@@ -62,11 +83,12 @@ std::string writePage(const PictureContent& content, std::FILE* out) {
     write(out, kPageHead);
     write(out, "<script type=\"text/plain\" id=\"path\">");
     writeBase64(out, PathBytes(*shown.path).Bytes());
-    write(out, "</script>\n<pre hidden id=\"texts\">");
-    writeLine(out, shown.name);
-    for (std::uint32_t block = 0; block < blocks.Count(); ++block) {
-        writeLine(out, blocks.Text(block));
+    write(out, "</script>\n<script type=\"text/plain\" id=\"blocks\">");
+    if (!blocks.IsEmpty() && !writeBlocks(out, blocks)) {
+        return "its blocks cannot be packed";
     }
+    write(out, "</script>\n<pre hidden id=\"source\">");
+    writeName(out, shown.name);
     write(out, "</pre>\n");
     write(out, kPageTail);
     return {};
