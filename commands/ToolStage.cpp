@@ -12,7 +12,7 @@
 #include <vector>
 
 int ToolStage::Pass(Control& control, AxisKnowledge& knowledge, Movement& movement,
-                   const Turning& turning, const gmVector3& programmed) {
+                    const Turning& turning, const gmVector3& programmed) {
     const ToolWay way(*control.rotary, movement, turning, control.units.FromMillimetres());
     if (!way.IsEndKnown()) {
         if (movement.rapid == TRUE) {
@@ -77,7 +77,8 @@ int ToolStage::writeArc(Control& control, Movement& movement, const Sweep& arc) 
     return 0;
 }
 
-int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& way, bool hasStart) {
+int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& way,
+                           bool hasStart) {
     std::vector<double> fractions = {1.0};
     if (hasStart && !way.IsStraight()) {
         const double unit = control.units.FromMillimetres();
