@@ -43,8 +43,8 @@ void PathBytes::addHead() {
     number(kForm);
     number(bitsOf(m_path.isInch, 0) | bitsOf(m_path.isMultiAxis, 1) |
            bitsOf(!m_path.blocks.IsEmpty(), 2));
-    for (const std::size_t count :
-         {m_path.movements.size(), m_path.arcs.size(), m_path.states.size(), m_path.events.size()}) {
+    for (const std::size_t count : {m_path.movements.size(), m_path.arcs.size(),
+                                    m_path.states.size(), m_path.events.size()}) {
         number(static_cast<std::int64_t>(count));
     }
 }
@@ -88,8 +88,7 @@ void PathBytes::addMovement(std::size_t index) {
     const bool hasAxis = movement.axis != m_axisIndex;
     const bool isLong = movement.IsArc() && m_path.arcs[movement.arc].angle > std::numbers::pi;
     number(static_cast<std::int64_t>(movement.kind) | (movement.startsAnew ? kAnew : 0) |
-           (isLong ? kLong : 0) | (movement.state != m_state ? kState : 0) |
-           (hasAxis ? kAxis : 0));
+           (isLong ? kLong : 0) | (movement.state != m_state ? kState : 0) | (hasAxis ? kAxis : 0));
     const Place start = m_end;
     m_end = placeOf(movement.end);
     addPlace(m_end, start);
@@ -170,8 +169,8 @@ void PathBytes::addPlace(const Place& place, const Place& before) {
 
 void PathBytes::number(std::int64_t value) {
     constexpr std::uint64_t kGroup = 128;
-    std::uint64_t bits = (static_cast<std::uint64_t>(value) << 1) ^
-                         static_cast<std::uint64_t>(value < 0 ? -1 : 0);
+    std::uint64_t bits =
+        (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value < 0 ? -1 : 0);
     for (; bits >= kGroup; bits /= kGroup) {
         m_bytes += static_cast<char>(bits % kGroup + kGroup);
     }

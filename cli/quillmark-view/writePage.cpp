@@ -65,9 +65,9 @@ bool writeBlocks(std::FILE* out, const BlockTable& blocks) {
     }
     uLongf size = compressBound(text.size());
     std::string packed(size, '\0');
-    const int code = compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-                               reinterpret_cast<const Bytef*>(text.data()), text.size(),
-                               Z_DEFAULT_COMPRESSION);
+    const int code =
+        compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+                  reinterpret_cast<const Bytef*>(text.data()), text.size(), Z_DEFAULT_COMPRESSION);
     writeBase64(out, std::string_view(packed).substr(0, size));
     return code == Z_OK;
 }
