@@ -435,7 +435,9 @@ class PathScene {
         let nearest = Infinity;
         let found = -1;
         for (const lines of [this.cuts, this.rapids]) {
-            for (const hit of lines.pieces > 0 ? caster.intersectObject(lines.done) : []) {
+            const hits = [];
+            lines.done.raycast(caster, hits); // all pieces, also where only those ahead are visible
+            for (const hit of hits) {
                 const distance = caster.ray.distanceToPoint(hit.point);
                 if (distance < nearest - 1e-6 * this.size) {
                     nearest = distance;

@@ -1,0 +1,248 @@
+"""Looks at pages of quillmark-view in a browser: movements, positions, choices, tools, views."""
+
+import json
+import math
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+from browser import Browser
+
+PROGRAMS, EXAMPLE = sys.argv[1:]
+HALF, SIXTH = math.sqrt(1 / 2), math.sqrt(1 / 6)
+VIEWS = {  # directions of the part to the right and up
+    "top": ((1, 0, 0), (0, 1, 0)),
+    "front": ((1, 0, 0), (0, 0, 1)),
+    "side": ((0, 1, 0), (0, 0, 1)),
+    "isometric": ((HALF, HALF, 0), (-SIXTH, SIXTH, 2 * SIXTH)),
+}
+faults = []
+
+
+def check(what, found, wanted):
+    if found != wanted:
+        faults.append(f"{what}: {found!r} instead of {wanted!r}")
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def tool(name, *arguments):
+    return run(os.path.join(PROGRAMS, name), *arguments)
+
+
+def convert(program):
+    tool("quillmark", "-p", EXAMPLE + "/dialect.pp", "-nc", program, "-of", "part.apt",
+         "-l", "part.log", "--quiet")
+    tool("quillmark-view", "part.apt", "-l", "part.log", "-o", "part.html")
+    return json.loads(tool("quillmark-view", "part.apt", "--measure", "--json"))["paths"][0]
+
+
+def statements():
+    """The statements of the source that move the tool, each with its line, without blanks."""
+    found, begin, text = [], 0, ""
+    for number, line in enumerate(open("part.apt", encoding="ascii"), 1):
+        begin = begin or number
+        text += line.strip()
+        if text.endswith("$"):
+            text = text[:-1]
+            continue
+        if text.startswith(("GOTO", "TLON")):
+            found.append((begin, text.replace(" ", "")))
+        begin, text = 0, ""
+    return found
+
+
+def dot(a, b):
+    return sum(x * y for x, y in zip(a, b))
+
+
+def projection(box, view, width, height):
+    """Where a point of the part lies: the box fills nine tenths of the canvas."""
+    right, up = VIEWS[view]
+    middle = [(a + b) / 2 for a, b in zip(box["low"], box["high"])]
+    half = [(b - a) / 2 for a, b in zip(box["low"], box["high"])]
+    reach = max(sum(abs(r) * h for r, h in zip(right, half)) / (width / 2),
+                sum(abs(u) * h for u, h in zip(up, half)) / (height / 2))
+
+    def place(point):
+        off = [p - m for p, m in zip(point, middle)]
+        return (width / 2 + dot(off, right) * 0.9 / reach,
+                height / 2 - dot(off, up) * 0.9 / reach)
+    return place
+
+
+def facts(browser):
+    return browser.value("Object.fromEntries([...document.querySelectorAll('dd')]"
+                         ".map(dd => [dd.dataset.fact, dd.textContent]))")
+
+
+def look_at_figures(browser, measure):
+    page = "quillmarkPage."
+    check("movements", browser.value(page + "path.count"), measure["movements"])
+    check("in the scene", browser.value(
+        "new Set([...quillmarkPage.scene.cuts.owners.subarray(0, quillmarkPage.scene.cuts.pieces),"
+        "...quillmarkPage.scene.rapids.owners.subarray(0, quillmarkPage.scene.rapids.pieces)]).size"),
+          measure["movements"])
+    for kind, name in enumerate(("rapid", "feed", "arcs")):
+        count, length = browser.value(
+            f"(p => {{ let n = 0, l = 0; for (let i = 0; i < p.count; ++i) if (p.kinds[i] === {kind})"
+            "{ ++n; l += p.lengthOf(i); } return [n, l]; })(quillmarkPage.path)")
+        check(name, count, measure[name]["movements"])
+        check(name + " length", abs(length - measure[name]["length"]) < 1e-4, True)
+
+
+def look_at_statements(browser, blocks):
+    wanted = statements()
+    for i, (line, text) in enumerate(wanted):
+        browser.value(f"document.getElementById('slider').value = {i + 1};"
+                      "document.getElementById('slider').dispatchEvent(new Event('input'))")
+        shown = facts(browser)
+        statement = shown["Statement"].replace(" ", "").replace("RAPID", "")
+        check(f"statement {i}", statement, text.replace("-0.00000", "0.00000"))
+        check(f"line {i}", shown["Line"], str(line))
+        if i in blocks:
+            check(f"block {i}", shown["Block"], blocks[i])
+        calls = browser.value("quillmarkPage.scene.drawNow(),"
+                              "quillmarkPage.scene.renderer.info.render.calls")
+        check(f"draw calls {calls} at {i}", calls <= 10, True)
+
+
+def look_at_views(browser, measure):
+    width, height = browser.value("[canvas.clientWidth, canvas.clientHeight]")
+    ends = browser.value("Array.from(quillmarkPage.path.ends)")
+    for view in VIEWS:
+        browser.value(f"document.querySelector('[data-view={view}]').click()")
+        browser.frame()
+        place = projection(measure["box"], view, width, height)
+        for i in range(0, len(ends), 3):
+            x, y = place(ends[i:i + 3])
+            shown = browser.value("quillmarkPage.scene.project(quillmarkPage.path.endOf(%d))"
+                                  % (i // 3))
+            if math.hypot(shown["x"] - x, shown["y"] - y) > 0.5:
+                faults.append(f"{view}: movement {i // 3} at {shown} instead of {x}, {y}")
+
+
+def ink(browser, x, y):
+    """Whether something is drawn at a place, or close to it."""
+    return browser.value(
+        "(() => { quillmarkPage.scene.drawNow(); const copy = document.createElement('canvas');"
+        "copy.width = copy.height = 5; const context = copy.getContext('2d');"
+        f"context.drawImage(canvas, {round(x) - 2}, {round(y) - 2}, 5, 5, 0, 0, 5, 5);"
+        "return context.getImageData(0, 0, 5, 5).data.some(part => part < 200); })()")
+
+
+def look_at_choices(browser, measure):
+    """Clicks on points of movements from above, where the outline lies alone."""
+    browser.value("document.querySelector('[data-view=top]').click();"
+                  "for (const id of ['showBox', 'showAxes']) document.getElementById(id).click()")
+    browser.frame()
+    width, height = browser.value("[canvas.clientWidth, canvas.clientHeight]")
+    place = projection(measure["box"], "top", width, height)
+    corner = 5 * HALF
+    for movement, point in ((8, (0, 20, -8)), (9, None), (10, (50, 60, -8))):
+        if point is None:  # the arc about 10, 50 from 0, 50 to 10, 60
+            point = (10 - 2 * corner, 50 + 2 * corner, -8)
+        x, y = place(point)
+        browser.value("quillmarkPage.choose(22)")
+        check(f"drawn at {point}", ink(browser, x, y), True)
+        browser.value("quillmarkPage.choose(0)")
+        browser.click(x, y)
+        check(f"chosen at {point}", browser.value("quillmarkPage.chosen"), movement)
+    x, y = place((20, 40, 0))
+    check("drawn beside the path", ink(browser, x, y), False)
+    browser.click(x, y)
+    check("chosen beside the path", browser.value("quillmarkPage.chosen"), 10)
+    row = browser.value("(row => [row.dataset.row, row.getBoundingClientRect().x + 20,"
+                        "row.getBoundingClientRect().y + 8])(document.querySelector('.row'))")
+    browser.click(row[1], row[2])
+    wanted = browser.value(f"quillmarkPage.list.at({row[0]}).movement")
+    check("chosen in the list", browser.value("quillmarkPage.chosen"), wanted)
+    browser.key(".")
+    check("next by key", browser.value("quillmarkPage.chosen"), wanted + 1)
+
+
+def look_at_tools(browser, measure):
+    of_tool = {tool["tool"]: tool["rapid"]["movements"] + tool["cutting"]["movements"]
+               for tool in measure["tools"]}
+    for number, count in of_tool.items():
+        box = f"document.querySelector('[data-tool=\"{number}\"]')"
+        browser.value(box + ".click()")
+        check(f"without T{number}", browser.value("quillmarkPage.scene.shownMovements"),
+              measure["movements"] - count)
+        browser.value(box + ".click()")
+    check("all tools", browser.value("quillmarkPage.scene.shownMovements"), measure["movements"])
+
+
+def look_at_search(browser):
+    browser.value("document.getElementById('wanted').value = 'N70';"
+                  "document.querySelector('#search button').click()")
+    check("found", facts(browser)["Block"].startswith("N70 "), True)
+    browser.value("document.getElementById('wanted').value = 'N71';"
+                  "document.querySelector('#search button').click()")
+    check("not found", browser.value("document.getElementById('found').textContent"), "not found")
+
+
+def look_at_controls(browser):
+    place = "quillmarkPage.scene.camera.position.toArray().map(x => x.toFixed(3)).join()"
+    before = browser.value(place)
+    browser.drag((300, 300), (380, 340))
+    check("turned by mouse", browser.value(place) != before, True)
+    before = browser.value(place)
+    browser.value("canvas.focus()")
+    browser.key("ArrowLeft", 37)
+    check("turned by key", browser.value(place) != before, True)
+    check("names of controls", browser.value(
+        "[...document.querySelectorAll('button, input, select, [tabindex]')].filter(element =>"
+        "!(element.ariaLabel || element.textContent.trim() || element.labels?.length))"
+        ".map(element => element.id)"), [])
+    before = browser.value("document.documentElement.dataset.theme")
+    browser.value("document.getElementById('theme').click()")
+    check("theme", browser.value("document.documentElement.dataset.theme") != before, True)
+    for colouring in ("feed", "height", "tool"):
+        colours = "Array.from(quillmarkPage.scene.cuts.colours).join()"
+        before = browser.value(colours)
+        browser.value(f"quillmarkPage.colourBy('{colouring}')")
+        check(f"colours by {colouring}", browser.value(colours) != before, True)
+
+
+def look_at_size(browser):
+    """Many movements, with their blocks: bytes of the page, and rows of the list."""
+    count = 20000
+    with open("long.nc", "w", encoding="ascii") as program:
+        for i in range(count):
+            program.write(f"N{i} G01 X{i % 977}.{i % 1000:03} Y{i % 83}.5 Z-{i % 7}.25 F{100 + i % 9}.\n")
+    empty = os.path.getsize("part.html")
+    measure = convert("long.nc")
+    each = (os.path.getsize("part.html") - empty) / count
+    check(f"{each} bytes a movement", each <= 40, True)
+    browser.open("part.html")
+    check("movements of the long path", browser.value("quillmarkPage.path.count"),
+          measure["movements"])
+    browser.value(f"quillmarkPage.choose({count - 2})")
+    check("rows", browser.value("document.querySelectorAll('.row').length < 100"), True)
+    check("chosen row", browser.value("document.querySelector('.row.chosen .line').textContent"),
+          str(statements()[count - 2][0]))
+
+
+with tempfile.TemporaryDirectory() as folder, Browser() as browser:
+    os.chdir(folder)
+    measure = convert(EXAMPLE + "/part.nc")
+    browser.open("part.html")
+    blocks = {3: "N70 X140. F400."}
+    look_at_figures(browser, measure)
+    look_at_statements(browser, blocks)
+    look_at_views(browser, measure)
+    look_at_choices(browser, measure)
+    look_at_tools(browser, measure)
+    look_at_search(browser)
+    look_at_controls(browser)
+    look_at_size(browser)
+    check("console", browser.messages, [])
+    os.chdir("/")
+
+print("\n".join(faults) or "the page shows what is measured")
+sys.exit(1 if faults else 0)
