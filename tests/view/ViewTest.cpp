@@ -67,6 +67,8 @@ TEST_F(View, RefusesWrongUsage) {
               "nothing is asked for: --measure prints figures, -o makes a page or a picture"},
              {"a.apt b.apt c.apt", "one APT file is wanted, or two to compare"},
              {"a.apt -o a.jpg", "-o takes the name of a file that ends in .html, .svg or .png"},
+             {"a.apt -o a.html --view top", "--view is of use with a picture, -o"},
+             {"a.apt b.apt -o a.html", "a page shows one path"},
              {"a.apt -o a.svg --view left", "--view takes top, front, side or isometric"},
              {"a.apt --measure --rapid fast", "--rapid takes a speed above 0, in mm/min"},
              {"a.apt --measure --rapid -1", "--rapid takes a speed above 0, in mm/min"},
