@@ -23,8 +23,9 @@ using Section = MachineSection;
 // Entries of the machine are older than rotary words, and count only where there are some.
 // The argument is the number of the entry.
 int machineEntry(ModelBuilder& builder, const KeyValue& value, int argument) {
-    builder.Machine().Set(static_cast<Section::Place>(argument / Section::kPropertyCount),
-                          static_cast<Section::Property>(argument % Section::kPropertyCount),
+    const auto number = static_cast<std::size_t>(argument);
+    builder.Machine().Set(static_cast<Section::Place>(number / Section::kPropertyCount),
+                          static_cast<Section::Property>(number % Section::kPropertyCount),
                           value.text);
     return 0;
 }
