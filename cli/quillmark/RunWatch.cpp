@@ -1,12 +1,12 @@
 #include "cli/quillmark/RunWatch.h"
 
+#include "cli/quillmark/StopSignals.h"
+
 #include <csignal>
 #include <cstdio>
 #include <sys/time.h>
 
 namespace {
-
-constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t g_signal = 0;
 volatile std::sig_atomic_t g_ticks = 0;

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <csignal>
+#include <iterator>
 #include <poll.h>
 #include <span>
+
+/// The signals by which a user asks a run to stop.
+inline constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 /// Takes Ctrl-C, SIGTERM and SIGHUP for as long as it lives, those excepted that are ignored. They
 /// arrive within Wait and nowhere else. There is one at a time.
@@ -25,5 +29,5 @@ public:
 private:
     sigset_t m_maskBefore{};
     sigset_t m_maskOfWait{};
-    struct sigaction m_before[3]{};
+    struct sigaction m_before[std::size(kStopSignals)]{};
 };

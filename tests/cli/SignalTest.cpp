@@ -133,7 +133,8 @@ TEST_F(Signals, LeaveTheOldResultWhileTheInputsAreRead) {
     // The parameter file is the pipe: nothing has begun.
     const ProgramResult result =
         shell("exec 3<>pipe; quillmark -p pipe -nc a.nc -of o 3>&- & "
-              "until [ -e /proc/$!/fd/4 ]; do :; done; kill -TERM $!; exec 3>&-; wait $!; echo $?");
+              "until grep -q 'SigCgt:.*[4-7c-f]...$' /proc/$!/status; do :; done; " // SIGTERM is 15
+              "kill -TERM $!; exec 3>&-; wait $!; echo $?");
     EXPECT_EQ(result.out, "143\n");
     EXPECT_EQ(result.err, "quillmark: stopped by SIGTERM before the first block\n");
     EXPECT_EQ(read("o"), "old");
