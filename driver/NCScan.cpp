@@ -10,6 +10,7 @@
 #include "driver/ModelVocabulary.h"
 #include "driver/TextSource.h"
 #include "driver/fileIdentity.h"
+#include "driver/looksComputed.h"
 #include "driver/openAnotherStream.h"
 #include "driver/returnCodes.h"
 #include "program/ProgramSource.h"
@@ -274,6 +275,7 @@ int NCScan::runBlocks(BlockSource& source) {
         beginBlock();
         const BlockText* const text = rules.isInUse ? source.Text() : nullptr;
         if (const int code = convertBlock(commands, text); code != 0) {
+            noteComputing(code);
             keepRefusal();
             return code;
         }
@@ -302,6 +304,14 @@ void NCScan::noteHeld() noexcept {
     const Control* const control = m_model->status.GetControl();
     if (control != nullptr && control->HoldsRapid()) {
         m_report.Note(Oddity::kHeldRapid, block());
+    }
+}
+
+// What a control refuses there may be what a dialect that follows the program would compute.
+void NCScan::noteComputing(int code) noexcept {
+    if (code >= kBlockRefused && code <= kWordNotConverted &&
+        m_model->rules.text.language == ProgramLanguage::kNone && looksComputed(block().Rest())) {
+        m_report.Note(Oddity::kComputes, block());
     }
 }
 
@@ -439,6 +449,9 @@ RestContext NCScan::restContext() const noexcept {
 void NCScan::warnOfRest(const RestContext& context) noexcept {
     const RestScan scan(block(), context);
     m_report.WarnOfRest(block(), scan);
+    if (context.hasMoved) {
+        m_report.WarnOfGWord(block(), context);
+    }
     for (const BlockNote note : {BlockNote::kUnknownOrigin, BlockNote::kCompensation}) {
         if (scan.Has(note)) {
             m_model->status.Note(note);
@@ -511,5 +524,4 @@ void NCScan::ReportFatalArc() noexcept {
     context.hasMoved = true;
     warnIfArcWithoutCentre();
     warnOfRest(context);
-    m_report.WarnOfGWord(block(), context);
 }

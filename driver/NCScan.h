@@ -103,6 +103,7 @@ public:
 
     /// What the conversion did not understand so far, and its figures.
     [[nodiscard]] ScanReport& Report() noexcept { return m_report; }
+    [[nodiscard]] const ScanReport& Report() const noexcept { return m_report; }
     /// For a hook of the process ends: reports what in the block under conversion is the likely
     /// cause when an arc of it ends the process.
     void ReportFatalArc() noexcept;
@@ -146,6 +147,7 @@ private:
     void writeTexts(const BlockText& text) const;
     int passWords();
     int computeBlock();
+    void noteComputing(int code) noexcept;
     void keepRefusal();
     [[nodiscard]] bool hasEnded() const noexcept;
     [[nodiscard]] Block& block() noexcept { return m_model->status.GetBlock(); }

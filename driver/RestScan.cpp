@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view kAxes = "XYZUVWABCxyzuvwabc";
 constexpr std::string_view kBeginsValue = "+-.,=#[";
+constexpr std::string_view kBeginsExpression = "#[=";
 constexpr std::string_view kGoesOn = "+-*/^.,=#["; // what stands behind a number and changes it
 
 bool isOneOf(char c, std::string_view set) noexcept {
@@ -67,21 +68,28 @@ void RestScan::judgeWord(std::string_view word) noexcept {
         m_notes[static_cast<std::size_t>(*note)] = true;
     }
     if (const auto danger = usualDangerOf(word, m_context.isLathe)) {
-        keep(*danger, word);
+        keep(*danger, word, word);
     } else if (isUnreadAxis(word)) {
-        keep(Warning::Kind::kUnreadAxis, word);
+        keep(Warning::Kind::kUnreadAxis, word, word);
     }
 }
 
+// A block whose positions are all computed does not move at all.
 bool RestScan::isUnreadAxis(std::string_view word) const noexcept {
-    return m_context.hasMoved && word.size() > 1 && isOneOf(word[0], kAxes) &&
-           (isDigitByte(word[1]) || isOneOf(word[1], kBeginsValue));
+    if (word.size() < 2 || !isOneOf(word[0], kAxes)) {
+        return false;
+    }
+    const std::string_view value = word.substr(isOneOf(word[1], "+-") ? 2 : 1);
+    const bool isExpression = !value.empty() && isOneOf(value[0], kBeginsExpression);
+    return (m_context.hasMoved && (isDigitByte(word[1]) || isOneOf(word[1], kBeginsValue))) ||
+           isExpression;
 }
 
-void RestScan::keep(Warning::Kind kind, std::string_view word) noexcept {
-    std::string_view& kept = m_words[static_cast<std::size_t>(kind)];
-    if (kept.empty() && !m_context.passed.HasNoEffect(word, m_context.separator)) {
-        kept = word;
+void RestScan::keep(Warning::Kind kind, std::string_view word, std::string_view rest) noexcept {
+    const auto at = static_cast<std::size_t>(kind);
+    if (m_words[at].empty() && !m_context.passed.HasNoEffect(word, m_context.separator)) {
+        m_words[at] = word;
+        m_rests[at] = rest;
     }
 }
 
@@ -104,11 +112,11 @@ void RestScan::judgeFragment(std::string_view fragment, std::string_view before)
     const std::string_view whole(word.data(), word.size() + key.size());
     if (isPoint && isLetterWithDigits(word, "GMgm")) {
         if (key.size() > 1 && isDigitByte(key[1])) {
-            keep(Warning::Kind::kFractionBehindCode, whole);
+            keep(Warning::Kind::kFractionBehindCode, whole, fragment);
         }
         return;
     }
-    keep(Warning::Kind::kTextBehindNumber, whole);
+    keep(Warning::Kind::kTextBehindNumber, whole, fragment);
 }
 
 // The place of the key where a number or a bracket ends in front of it.

@@ -30,6 +30,10 @@ public:
     [[nodiscard]] std::string_view WordOf(Warning::Kind kind) const noexcept {
         return m_words[static_cast<std::size_t>(kind)];
     }
+    /// How that word stands in the rest: of "X10+5" only "+5" does.
+    [[nodiscard]] std::string_view RestOf(Warning::Kind kind) const noexcept {
+        return m_rests[static_cast<std::size_t>(kind)];
+    }
     [[nodiscard]] bool Has(BlockNote note) const noexcept {
         return m_notes[static_cast<std::size_t>(note)];
     }
@@ -39,10 +43,11 @@ private:
     void judgeFragment(std::string_view fragment, std::string_view before) noexcept;
     [[nodiscard]] std::size_t findBehindNumber(std::string_view key) const noexcept;
     [[nodiscard]] bool isUnreadAxis(std::string_view word) const noexcept;
-    void keep(Warning::Kind kind, std::string_view word) noexcept;
+    void keep(Warning::Kind kind, std::string_view word, std::string_view rest) noexcept;
 
     std::string_view m_text; // of the block
     const RestContext& m_context;
     std::array<std::string_view, static_cast<std::size_t>(Warning::Kind::kCount)> m_words;
+    std::array<std::string_view, static_cast<std::size_t>(Warning::Kind::kCount)> m_rests;
     std::array<bool, static_cast<std::size_t>(BlockNote::kCount)> m_notes = {};
 };

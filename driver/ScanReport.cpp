@@ -1,5 +1,6 @@
 #include "driver/ScanReport.h"
 
+#include "commands/PassedWords.h"
 #include "driver/looksComputed.h"
 #include "driver/takeWord.h"
 #include "driver/usualCodes.h"
@@ -30,6 +31,15 @@ ReportedBlock blockAt(const Block::Place& place, std::string text) {
 
 bool isGWord(std::string_view word) noexcept {
     return toLowerByte(word.front()) == 'g' && (word.size() == 1 || !isLetterByte(word[1]));
+}
+
+// What is the same in all warnings of one cause: a value is that of its block alone.
+std::string_view causeWord(Warning::Kind kind, std::string_view word) noexcept {
+    if (kind != Warning::Kind::kUnreadAxis && kind != Warning::Kind::kTextBehindNumber) {
+        return word;
+    }
+    const auto* const end = std::ranges::find_if_not(word, isLetterByte);
+    return word.substr(0, static_cast<std::size_t>(end - word.begin()));
 }
 
 bool isCodeWord(std::string_view word) noexcept {
@@ -81,9 +91,6 @@ void ScanReport::NoteRest(const Block& block, const RestContext& context) noexce
     } else {
         tallyWords(word, words, context, place);
     }
-    if (context.hasMoved) {
-        WarnOfGWord(block, context);
-    }
 }
 
 // The words behind a code belong to it, but for a harmless one, which has none of its own.
@@ -104,20 +111,24 @@ void ScanReport::WarnOfRest(const Block& block, const RestScan& scan) noexcept {
         const auto kind = static_cast<Warning::Kind>(i);
         if (const std::string_view word = scan.WordOf(kind); !word.empty()) {
             Warn(kind, block, word);
+            keepWarnedWord(scan.RestOf(kind));
         }
     }
 }
 
 void ScanReport::WarnOfGWord(const Block& block, const RestContext& context) noexcept {
+    const char separator = context.separator;
     std::string_view rest = block.Rest();
     while (true) {
-        const std::string_view word = takeWord(rest, context.separator);
+        const std::string_view word = takeWord(rest, separator);
         if (word.empty()) {
             return;
         }
         if (isGWord(word) && !usualDangerOf(word, context.isLathe) &&
-            !isUsuallyHarmless(word, context.isLathe)) {
+            !isUsuallyHarmless(word, context.isLathe) &&
+            !context.passed.HasNoEffect(word, separator)) {
             Warn(Warning::Kind::kUnknownGWord, block, word);
+            keepWarnedWord(word);
             return;
         }
     }
@@ -125,8 +136,37 @@ void ScanReport::WarnOfGWord(const Block& block, const RestContext& context) noe
 
 void ScanReport::Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
     ++m_warningCount;
+    ++m_warningCounts[static_cast<std::size_t>(kind)];
+    addCause(kind, block, word);
     keepFirst(m_firstWarnings, kMaxWarnings, [&] {
         return Warning{kind, blockAt(block.GetPlace(), std::string(block.Text())),
                        std::string(word)};
     });
+}
+
+void ScanReport::addCause(Warning::Kind kind, const Block& block, std::string_view word) noexcept {
+    const auto same = std::ranges::find_if(m_causes, [&](const WarningCause& cause) {
+        return cause.first.kind == kind &&
+               causeWord(kind, cause.first.word) == causeWord(kind, word);
+    });
+    if (same != m_causes.end()) {
+        ++same->count;
+        return;
+    }
+    keepFirst(m_causes, kMaxCauses, [&] {
+        return WarningCause{
+            {kind, blockAt(block.GetPlace(), std::string(block.Text())), std::string(word)}, 1};
+    });
+}
+
+// A word that is missing here is told twice.
+void ScanReport::keepWarnedWord(std::string_view word) noexcept {
+    if (m_warnedWords.size() >= WordTally::kMaxWords) {
+        return;
+    }
+    try {
+        m_warnedWords.emplace(word);
+    } catch (const std::bad_alloc&) {
+        return;
+    }
 }

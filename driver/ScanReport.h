@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 /// What is noticed once and counted, without a list.
@@ -42,6 +43,7 @@ class ScanReport {
 public:
     static constexpr std::size_t kMaxBlocks = 100;
     static constexpr std::size_t kMaxWarnings = 100;
+    static constexpr std::size_t kMaxCauses = 100;
 
     /// A block whose source says something of it: a NUL byte, a line too long, a restart.
     void NotePlace(const Block& block) noexcept;
@@ -49,8 +51,8 @@ public:
     void NoteRest(const Block& block, const RestContext& context) noexcept;
     /// The dangers of that rest become warnings; to be told before words without effect are gone.
     void WarnOfRest(const Block& block, const RestScan& scan) noexcept;
-    /// The first G word of the rest becomes a warning, if it is none already and not harmless by
-    /// its usual number.
+    /// The first G word of the rest becomes a warning, if it is none already and harmless neither
+    /// in the dialect nor by its usual number; to be told before words without effect are gone.
     void WarnOfGWord(const Block& block, const RestContext& context) noexcept;
     void Warn(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
     void Note(Oddity oddity, const Block& block) noexcept {
@@ -79,8 +81,20 @@ public:
     [[nodiscard]] std::span<const Warning> FirstWarnings() const noexcept {
         return m_firstWarnings;
     }
+    /// The warnings, each cause once, in the order of their first blocks.
+    [[nodiscard]] std::span<const WarningCause> Causes() const noexcept { return m_causes; }
+    /// How many warnings are of that kind.
+    [[nodiscard]] long CountOf(Warning::Kind kind) const noexcept {
+        return m_warningCounts[static_cast<std::size_t>(kind)];
+    }
+    /// Whether a word of the tally is that of a warning, too.
+    [[nodiscard]] bool IsWarnedOf(const std::string& word) const noexcept {
+        return m_warnedWords.contains(word);
+    }
 
 private:
+    void addCause(Warning::Kind kind, const Block& block, std::string_view word) noexcept;
+    void keepWarnedWord(std::string_view word) noexcept;
     void tallyWords(std::string_view word, std::string_view words, const RestContext& context,
                     const Block::Place& place) noexcept;
 
@@ -93,4 +107,7 @@ private:
     WordTally m_words;
     long m_warningCount = 0;
     std::vector<Warning> m_firstWarnings;
+    std::vector<WarningCause> m_causes;
+    std::array<long, static_cast<std::size_t>(Warning::Kind::kCount)> m_warningCounts = {};
+    std::unordered_set<std::string> m_warnedWords; // as many as the tally holds at most
 };

@@ -31,3 +31,10 @@ struct Warning {
     ReportedBlock block; ///< with its whole text
     std::string word;    ///< that is meant, the first of its kind in the block; empty for an arc
 };
+
+/// Warnings of one kind and one word; where the word has a value, as that of an axis, of one
+/// address.
+struct WarningCause {
+    Warning first;
+    long count = 0;
+};

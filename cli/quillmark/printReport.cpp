@@ -5,7 +5,7 @@
 #include "cli/shared/printText.h"
 
 #include <algorithm>
-#include <span>
+#include <variant>
 
 namespace {
 
@@ -18,13 +18,16 @@ void printMore(std::FILE* stream, long count, const char* what) noexcept {
     }
 }
 
-void printWords(std::FILE* stream, WordTally& tally) noexcept {
-    const auto words = tally.MostFrequentFirst();
-    if (words.empty()) {
-        return;
-    }
-    std::fputs("     count  first line  word\n", stream);
-    for (const auto* const entry : words.first(std::min(words.size(), kMostLines))) {
+// Words of warnings are told there.
+void printWords(std::FILE* stream, ScanReport& report) noexcept {
+    std::size_t words = 0;
+    for (const auto* const entry : report.Words().MostFrequentFirst()) {
+        if (report.IsWarnedOf(entry->first) || ++words > kMostLines) {
+            continue;
+        }
+        if (words == 1) {
+            std::fputs("     count  first line  word\n", stream);
+        }
         std::fprintf(stream, "%10ld  %10ld  ", entry->second.count, entry->second.firstLine);
         printBeginning(stream, entry->first);
         if (const std::string& file = entry->second.firstFile; !file.empty()) {
@@ -34,37 +37,87 @@ void printWords(std::FILE* stream, WordTally& tally) noexcept {
         }
         std::fputc('\n', stream);
     }
-    if (words.size() > kMostLines) {
-        printMore(stream, static_cast<long>(words.size() - kMostLines), "different words");
-    }
-    if (tally.Others() > 0) {
-        std::fprintf(stream, "quillmark: words not told apart any more: %ld\n", tally.Others());
+    printMore(stream, static_cast<long>(words) - static_cast<long>(kMostLines), "different words");
+    if (report.Words().Others() > 0) {
+        std::fprintf(stream, "quillmark: words not told apart any more: %ld\n",
+                     report.Words().Others());
     }
 }
 
-void printWarning(std::FILE* stream, const Warning& warning) noexcept {
+void printCause(std::FILE* stream, const WarningCause& cause) noexcept {
+    const Warning& first = cause.first;
     std::fputs("quillmark: warning: line ", stream);
-    printLine(stream, warning.block.line, warning.block.file);
+    printLine(stream, first.block.line, first.block.file);
+    if (cause.count > 1) {
+        std::fprintf(stream, ", the first of %ld", cause.count);
+    }
     std::fputs(": ", stream);
-    if (!warning.word.empty()) {
-        printText(stream, warning.word);
+    if (!first.word.empty()) {
+        printText(stream, first.word);
         std::fputc(' ', stream);
     }
-    std::fprintf(stream, "%s: ", rowOf(warning.kind).text);
-    printBeginning(stream, warning.block.text);
+    std::fprintf(stream, "%s: ", rowOf(first.kind).text);
+    printBeginning(stream, first.block.text);
     std::fputc('\n', stream);
 }
 
-void printOddities(std::FILE* stream, const ScanReport& report, Level level) noexcept {
-    for (const OddityRow& row : kOddityRows) {
-        const Tally& tally = report.Of(row.oddity);
-        if (tally.count > 0 && row.level == level) {
-            std::fprintf(stream, "quillmark: %s%s: %ld, the first in line ",
-                         level == Level::kWarning ? "warning: " : "", row.text, tally.count);
-            printLine(stream, tally.firstLine, tally.firstFile);
-            std::fprintf(stream, "; %s\n", row.consequence);
+void printOddity(std::FILE* stream, const ScanReport& report, const OddityRow& row) noexcept {
+    const Tally& tally = report.Of(row.oddity);
+    if (tally.count > 0) {
+        std::fprintf(stream, "quillmark: %s%s: %ld, the first in line ",
+                     row.level == Level::kWarning ? "warning: " : "", row.text, tally.count);
+        printLine(stream, tally.firstLine, tally.firstFile);
+        std::fprintf(stream, "; %s\n", row.consequence);
+    }
+}
+
+// Most dropped arcs lack their centre word, which is told of each.
+bool isToldOtherwise(const ScanReport& report, Oddity oddity) noexcept {
+    return oddity == Oddity::kDroppedArc &&
+           report.CountOf(Warning::Kind::kArcWithoutCentre) >= report.Of(oddity).count;
+}
+
+/// Prints causes of warnings up to a number of lines.
+class CausePrinter {
+public:
+    CausePrinter(std::FILE* stream, const ScanReport& report) noexcept
+        : m_stream(stream), m_report(report), m_untold(report.WarningCount()) {}
+
+    void operator()(Oddity oddity) const noexcept {
+        if (!isToldOtherwise(m_report, oddity)) {
+            printOddity(m_stream, m_report, rowOf(oddity));
         }
     }
+
+    void operator()(Warning::Kind kind) noexcept {
+        for (const WarningCause& cause : m_report.Causes()) {
+            if (cause.first.kind == kind && m_lines < kMostLines) {
+                printCause(m_stream, cause);
+                ++m_lines;
+                m_untold -= cause.count;
+            }
+        }
+    }
+
+    [[nodiscard]] long Untold() const noexcept { return m_untold; }
+
+private:
+    std::FILE* m_stream;
+    const ScanReport& m_report;
+    std::size_t m_lines = 0;
+    long m_untold;
+};
+
+void printCauses(std::FILE* stream, const ScanReport& report) noexcept {
+    CausePrinter printer(stream, report);
+    for (const auto& cause : kWorstFirst) {
+        if (const auto* const oddity = std::get_if<Oddity>(&cause)) {
+            printer(*oddity);
+        } else if (const auto* const kind = std::get_if<Warning::Kind>(&cause)) {
+            printer(*kind);
+        }
+    }
+    printMore(stream, printer.Untold(), "warnings");
 }
 
 void printIdle(std::FILE* stream, const ScanReport& report, Level level) noexcept {
@@ -92,7 +145,11 @@ void printSummary(std::FILE* stream, NCScan& scan, const RunResult& result) noex
     std::fprintf(stream, "\nquillmark: seconds: %ld.%03ld\n", milliseconds / 1000,
                  milliseconds % 1000);
     printIdle(stream, report, Level::kNote);
-    printOddities(stream, report, Level::kNote);
+    for (const OddityRow& row : kOddityRows) {
+        if (row.level == Level::kNote) {
+            printOddity(stream, report, row);
+        }
+    }
 }
 
 void printUnrecognisedCount(std::FILE* stream, NCScan& scan) noexcept {
@@ -118,13 +175,7 @@ void printWarningCount(std::FILE* stream, const ScanReport& report) noexcept {
 void printReport(std::FILE* stream, NCScan& scan) noexcept {
     ScanReport& report = scan.Report();
     printIdle(stream, report, Level::kWarning);
+    printCauses(stream, report);
     printUnrecognisedCount(stream, scan);
-    printWords(stream, report.Words());
-    printOddities(stream, report, Level::kWarning);
-    const auto warnings = report.FirstWarnings();
-    const auto shown = std::min(warnings.size(), kMostLines);
-    for (const Warning& warning : warnings.first(shown)) {
-        printWarning(stream, warning);
-    }
-    printMore(stream, report.WarningCount() - static_cast<long>(shown), "warnings");
+    printWords(stream, report);
 }

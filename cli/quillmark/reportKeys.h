@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <variant>
 
 /// The names under which the front end tells what a conversion reports.
 
@@ -117,6 +118,10 @@ inline constexpr IdleRow kIdleRows[] = {
 };
 static_assert(std::size(kIdleRows) == static_cast<std::size_t>(IdleCause::kCount));
 
+[[nodiscard]] constexpr const OddityRow& rowOf(Oddity oddity) noexcept {
+    return *std::ranges::find(kOddityRows, oddity, &OddityRow::oddity);
+}
+
 [[nodiscard]] constexpr const IdleRow& rowOf(IdleCause cause) noexcept {
     return kIdleRows[static_cast<std::size_t>(cause)];
 }
@@ -138,7 +143,8 @@ inline constexpr WarningRow kWarningRows[] = {
     {Warning::Kind::kFractionBehindCode, "fraction_behind_code",
      "taken for the code without its fraction"},
     {Warning::Kind::kTextBehindNumber, "text_behind_number", "read up to its first number only"},
-    {Warning::Kind::kUnreadAxis, "unread_axis", "not read, and the block moves without that word"},
+    {Warning::Kind::kUnreadAxis, "unread_axis",
+     "not read, and the block moves without that word or not at all"},
     {Warning::Kind::kPlane, "plane",
      "not recognised, may be another plane: the arcs behind it lie wrong"},
     {Warning::Kind::kInch, "inch", "not recognised, may mean inches: coordinates are taken as mm"},
@@ -158,6 +164,56 @@ static_assert([] {
 [[nodiscard]] constexpr const WarningRow& rowOf(Warning::Kind kind) noexcept {
     return kWarningRows[static_cast<std::size_t>(kind)];
 }
+
+/// All that is warned of while a program is read, what spoils most of its path first.
+inline constexpr std::variant<Oddity, Warning::Kind> kWorstFirst[] = {
+    // All of it.
+    Oddity::kComputes,
+    Warning::Kind::kInch,
+    // What is missing or leads elsewhere.
+    Warning::Kind::kArcWithoutCentre,
+    Oddity::kDroppedArc,
+    Warning::Kind::kPlane,
+    Warning::Kind::kCycle,
+    Oddity::kUnknownPlace,
+    Oddity::kHeldRapid,
+    Oddity::kHeadLength,
+    // Single blocks.
+    Warning::Kind::kUnreadAxis,
+    Warning::Kind::kUnknownGWord,
+    Warning::Kind::kTextBehindNumber,
+    Warning::Kind::kFractionBehindCode,
+    Warning::Kind::kTwoMovements,
+    Warning::Kind::kRadiiDiffer,
+    Oddity::kLongLine,
+    Oddity::kNulByte,
+    Oddity::kOpenComment,
+    // The shape of single movements, their limits and feeds.
+    Warning::Kind::kHelix,
+    Oddity::kCycleAside,
+    Oddity::kRotaryLimit,
+    Oddity::kRotaryFeed,
+};
+
+// Every kind once, and every oddity that is a warning.
+static_assert([] {
+    std::size_t oddities = 0;
+    for (const OddityRow& row : kOddityRows) {
+        const bool isWarning = row.level == Level::kWarning;
+        oddities += isWarning ? 1 : 0;
+        if (std::ranges::count(kWorstFirst, std::variant<Oddity, Warning::Kind>(row.oddity)) !=
+            (isWarning ? 1 : 0)) {
+            return false;
+        }
+    }
+    return std::ranges::all_of(kWarningRows,
+                               [](const WarningRow& row) {
+                                   return std::ranges::count(
+                                              kWorstFirst,
+                                              std::variant<Oddity, Warning::Kind>(row.kind)) == 1;
+                               }) &&
+           std::size(kWorstFirst) == oddities + std::size(kWarningRows);
+}());
 
 /// Whether a conversion was warned of.
 [[nodiscard]] inline bool hasWarnings(const ScanReport& report) noexcept {

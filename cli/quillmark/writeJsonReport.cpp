@@ -144,8 +144,33 @@ void writeIdle(JsonWriter& json, IdleCause cause) noexcept {
     writeTextOrNull(json, "no_movement", rowOf(cause).key);
 }
 
+void writeCause(JsonWriter& json, const WarningCause& cause) noexcept {
+    const Warning& first = cause.first;
+    json.BeginObject();
+    json.Entry("kind", std::string_view(rowOf(first.kind).key));
+    writeTextOrNull(json, "word", first.word.empty() ? nullptr : first.word.c_str());
+    json.Entry("count", cause.count);
+    json.Entry("first_line", first.block.line);
+    writeFile(json, first.block.file);
+    json.Entry("block", first.block.text);
+    json.EndObject();
+}
+
+void writeCauses(JsonWriter& json, const ScanReport& report) noexcept {
+    json.Key("warning_causes");
+    json.BeginList();
+    for (const auto& worst : kWorstFirst) {
+        const auto* const kind = std::get_if<Warning::Kind>(&worst);
+        for (const WarningCause& cause : report.Causes()) {
+            if (kind != nullptr && cause.first.kind == *kind) {
+                writeCause(json, cause);
+            }
+        }
+    }
+    json.EndList();
+}
+
 void writeWarnings(JsonWriter& json, const ScanReport& report) noexcept {
-    json.Entry("warning_count", report.WarningCount());
     json.Key("warnings");
     json.BeginList();
     for (const Warning& warning : report.FirstWarnings()) {
@@ -183,6 +208,8 @@ void writeJsonReport(std::FILE* stream, NCScan& scan, const RunResult& result) n
     writeUnrecognised(json, report);
     writeOddities(json, report);
     writeIdle(json, report.Idle());
+    json.Entry("warning_count", report.WarningCount());
+    writeCauses(json, report);
     writeWarnings(json, report);
     json.EndObject();
 }

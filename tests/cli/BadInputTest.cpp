@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <gmock/gmock.h>
+#include <regex>
 
 namespace {
 
@@ -75,7 +76,7 @@ TEST_F(BadInput, EndsTheProcessAtAnArcWithoutADirection) {
                 testing::MatchesRegex(
                     R"(quillmark: warning: line 3: arc without a centre word: N30 G2 X5 .no centre.
 quillmark: this arc has no direction, since its centre is its start: 3: N30 G2 X5 .no centre.
-quillmark: likely causes: it is given by its radius .R, CR=., which the dialect does not read; it lies in another plane; its centre word is one that the dialect lacks
+quillmark: likely cause: it has no word of a centre or a radius
 quillmark: stopped at block 3: N30 G2 X5 .no centre.
 quillmark: the output written so far stays in 'o'
 quillmark: apt/AResCircularMovement.cpp:.*Assertion `!gmIsZero.len.' failed.
@@ -92,12 +93,27 @@ quillmark: apt/AResCircularMovement.cpp:.*Assertion `!gmIsZero.len.' failed.
     "block": "N30 G2 X5 (no centre)"
   },
 )-"));
-    // The arc has a centre word, but its centre is its start all the same.
-    m_folder.write("a.nc", "G1 X1\nG2 X5 I0\n");
-    EXPECT_THAT(
-        run("").err,
-        testing::StartsWith("quillmark: this arc has no direction, since its centre is its start: "
-                            "2: G2 X5 I0\nquillmark: likely causes: "));
+}
+
+TEST_F(BadInput, NamesTheLikelyCausesOfAnArcWithoutADirection) {
+    const std::regex otherCentres("(2ND|3RD)_CIRCLE_CENTER_COORDINATE\n.\n1\nM5.3\n");
+    m_folder.write("flat.pp", std::regex_replace(kDialect, otherCentres, ""));
+    const std::string table =
+        R"(G2 X5 R5|it is given by its radius (R, CR=), which the dialect does not read|2
+X2 CR=7~G2 X5 CR=5|it is given by its radius (R, CR=), which the dialect does not read|3
+G2 X5 J2 K3|its centre word (I, J, K) is one that the dialect lacks|2
+G18~G2 X5 I0|it lies in another plane, whose code the dialect lacks|3
+G19 G2 Y5 J0 K2 R5|it is given by its radius (R, CR=), which the dialect does not read; or its centre word (I, J, K) is one that the dialect lacks; or it lies in another plane, whose code the dialect lacks|2
+X2 R5~X3 J5~G2 X5 I0|its centre words name its start, as those of another plane do|4
+X2 R5~X3 J5~G2 X5|it has no word of a centre or a radius|4)";
+    for (const auto& [nc, causes, line] : rowsOf(table)) {
+        m_folder.write("a.nc", "G1 X1\n" + std::regex_replace(nc, std::regex("~"), "\n") + "\n");
+        const ProgramResult result = run("-p flat.pp");
+        EXPECT_EQ(result.status, -SIGABRT) << nc;
+        EXPECT_THAT(result.err, testing::HasSubstr("\nquillmark: likely cause: " + causes +
+                                                   "\nquillmark: stopped at block " + line + ": "))
+            << nc;
+    }
 }
 
 } // namespace

@@ -48,7 +48,7 @@ quillmark: error 200: cannot read NC file 'missing.nc': No such file or director
 quillmark: './arc.nc' failed: ended by signal 6 (Aborted)
 quillmark: warning: line 2: arc without a centre word: G2 X5
 quillmark: this arc has no direction, since its centre is its start: 2: G2 X5
-quillmark: likely causes: it is given by its radius (R, CR=), which the dialect does not read; it lies in another plane; its centre word is one that the dialect lacks
+quillmark: likely cause: it has no word of a centre or a radius
 quillmark: stopped at block 2: G2 X5
 quillmark: the output written so far stays in 'out/arc.apt.part'
 #

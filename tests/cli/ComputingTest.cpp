@@ -7,6 +7,7 @@
 #include <regex>
 
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -41,12 +42,11 @@ TEST_F(Computing, IsToldWhereAndWhyItEnded) {
 
 TEST_F(Computing, NamesTheFileOfWhatStandsInASubprogram) {
     m_folder.write("a.nc", "o<drill> call [.5]\nX1\no<drill> call\n");
-    EXPECT_EQ(run("--subprograms subs --report r").err,
-              R"(quillmark: unrecognised text in 1 of 4 blocks
-     count  first line  word
-         1           3  G77 in 'subs/drill.ngc'
+    EXPECT_EQ(
+        run("--subprograms subs --report r").err,
+        R"(quillmark: warning: line 3 of 'subs/drill.ngc': G77 not recognised, in a block that moves the tool: Y5 G77 (x
 quillmark: warning: comments without an end: 1, the first in line 3 of 'subs/drill.ngc'; the rest of the block was not read
-quillmark: warning: line 3 of 'subs/drill.ngc': G77 not recognised, in a block that moves the tool: Y5 G77 (x
+quillmark: unrecognised text in 1 of 4 blocks
 quillmark: error 502: value cannot be computed in NC file 'a.nc': 1 / 0
 quillmark: message 90503: division by zero: 1 / 0 (Evaluator::binary)
 quillmark: stopped at block 2 of 'subs/drill.ngc': G1 X[1/#1]
@@ -89,6 +89,15 @@ TEST_F(Computing, IsWarnedOfWhereTheAptDoesNotFollowIt) {
                 HasSubstr("quillmark: warning: the program computes, and the APT does not follow "
                           "it; such blocks: 2, the first in line 2; a dialect that names their "
                           "language with REV_PROGRAM_LANGUAGE runs them\n"));
+    // What it would compute may be the cause of an error.
+    m_folder.write("a.pp", mill({{"REV_NOT_CONVERTED", "G5"}}));
+    m_folder.write("a.nc", "G1 X1\nG5 X#1\n");
+    EXPECT_THAT(run("").err,
+                StartsWith("quillmark: warning: the program computes, and the APT does not follow "
+                           "it; such blocks: 1, the first in line 2; a dialect that names their "
+                           "language with REV_PROGRAM_LANGUAGE runs them\nquillmark: error 511: "));
+    m_folder.write("a.nc", "G1 X1\nG5 X2\n");
+    EXPECT_THAT(run("").err, StartsWith("quillmark: error 511: "));
 }
 
 } // namespace

@@ -171,7 +171,10 @@ TEST(ScanReport, WarnsOfWhatAControlWouldObey) {
         // Axis words.
         {"G1 X1 X2\nA90 X3 Z#5\nX#1 Y2 C0\nU1 X=R5", "unread_axis 1 X2, unread_axis 2 A90, "
                                                      "unread_axis 3 X#1, unread_axis 4 X=R5, "},
-        {"A90\nM8 X#1\nG1 X1 CR=5 AB1 ,C2 C E5", ""},
+        {"A90\nM8 X5 Y\nG1 X1 CR=5 AB1 ,C2 C E5", ""},
+        // Those of a block that computes, whether it moves or not.
+        {"G1 X#1\nX-[2]\nX1 Y#2 Z#3\nAB#4 Q#5",
+         "unread_axis 1 X#1, unread_axis 2 X-[2], unread_axis 3 Y#2, "},
         // Movement codes.
         {"G0 X1\nX5 G2 G1\nG1 X1\nG91 G1 X1\nM8 G0", "two_movement_codes 2 G1, "},
         // Usual codes.
@@ -196,6 +199,27 @@ TEST(ScanReport, WarnsOfWhatAControlWouldObey) {
                                                       {"REV_NO_EFFECT_WORD", "A"}}))
                   .warnings(),
               "unread_axis 1 X2, plane 3 G19, ");
+    // Harmless where it stands in a block that moves, and what it does not belong to.
+    EXPECT_EQ(Scan("G1 X1 G99 P.1\nG98 X2 G99", mill({{"REV_NO_EFFECT", "G99"}})).warnings(),
+              "unrecognised_g_word 2 G98, ");
+}
+
+TEST(ScanReport, TellsEachCauseOnce) {
+    Scan scan("G1 X1 A5\nX2 A6\nX3 B7\nX4 G4\nX5 G4\nX10+5\nX11+5\nY1+2\nG20\n"
+              "G91 G2 X2 I1 Z5\nG2 X2 I1 Z5\n");
+    std::string causes;
+    for (const auto& [first, count] : scan->Causes()) {
+        causes += rowOf(first.kind).key + " "s + first.word + " " +
+                  std::to_string(first.block.line) + " x" + std::to_string(count) + "\n";
+    }
+    EXPECT_EQ(causes, "unread_axis A5 1 x2\nunread_axis B7 3 x1\nunrecognised_g_word G4 4 x2\n"
+                      "text_behind_number X10+5 6 x2\ntext_behind_number Y1+2 8 x1\n"
+                      "inch G20 9 x1\nhelix  10 x2\n");
+    EXPECT_EQ(scan->CountOf(Warning::Kind::kUnreadAxis), 3);
+    for (const char* const word : {"A5", "A6", "B7", "G4", "+5", "+2", "G20"}) {
+        EXPECT_TRUE(scan->IsWarnedOf(word)) << word;
+    }
+    EXPECT_FALSE(scan->IsWarnedOf("X10+5"));
 }
 
 TEST(ScanReport, WarnsOfArcsThatAreNone) {
