@@ -16,6 +16,9 @@ RECORD_NUMBER
 N
 DECIMAL_POINT_REPRESENTATION
 .
+# The number of the program, which nothing follows from.
+REV_PROGRAM_NAME
+O
 ##### Block Section
 # On a lathe the movements and coordinates are configured by their lathe keys alone.
 RAPID_LATHE

@@ -20,6 +20,12 @@ N
 # The point decides: X5. and X5.0 are 5, and X5 is 5 as well.
 DECIMAL_POINT_REPRESENTATION
 .
+# The lines that frame the program, which the conversion passes over.
+REV_NO_EFFECT
+%
+# The number of the program, which nothing follows from.
+REV_PROGRAM_NAME
+O
 ##### Block Section
 # Leading zeros do not count: G00 stands for G0, G00 and G000.
 RAPID

@@ -20,14 +20,14 @@ const char* const kUsage =
 
 class Program : public ProgramTest {};
 
-TEST_F(Program, GivesTheExpectedFilesOfTheExamplesInAPipeline) {
+TEST_F(Program, GivesTheExpectedFilesOfTheExamplesInSilence) {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(QUILLMARK_EXAMPLES)) {
         const std::string example = entry.path().string();
         if (std::filesystem::exists(example + "/dialect.pp")) {
             ++count;
             const ProgramResult run =
-                shell("quillmark -nc /dev/stdin -of /dev/stdout -l log --quiet -p " + example +
+                shell("quillmark -nc /dev/stdin -of /dev/stdout -l log --strict -p " + example +
                           "/dialect.pp",
                       readFile(example + "/part.nc"));
             EXPECT_EQ(std::to_string(run.status) + run.err, "0") << example;
