@@ -63,7 +63,7 @@ IdleCause IdleScan::CauseOf(const Seen& seen, const TextRules& rules,
     if (const IdleCause encoding = Encoding(); encoding != IdleCause::kNone) {
         return encoding;
     }
-    if (!seen.hasWords && rules.language == ProgramLanguage::kOWord && definesSubprograms()) {
+    if (!seen.hasMoreThanEnd && rules.language == ProgramLanguage::kOWord && definesSubprograms()) {
         return IdleCause::kOnlySubprograms;
     }
     if (!seen.hasWords || seen.hasOpenComment || beginsAsCommentsOnly()) {

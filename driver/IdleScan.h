@@ -18,6 +18,7 @@ public:
     struct Seen {
         bool hasText = false;        ///< a block held more than blanks
         bool hasWords = false;       ///< a block held something besides comments
+        bool hasMoreThanEnd = false; ///< a block held words, and not the program's end
         bool hasOpenComment = false; ///< a comment without its end
     };
 

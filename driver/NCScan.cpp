@@ -367,14 +367,18 @@ int NCScan::convertBlock(CommandIndex& commands, const BlockText* text) {
         }
     }
     m_seen.hasText = m_seen.hasText || !block.Text().empty();
-    m_seen.hasWords = m_seen.hasWords || *block.Rest() != '\0';
+    const bool hasWords = *block.Rest() != '\0';
+    m_seen.hasWords = m_seen.hasWords || hasWords;
     if (Control* const control = status.GetControl()) {
         if (const int code = control->CheckAddresses(block.Rest()); code != 0) {
             return code;
         }
     }
-    const int code = commands.scanNC(block);
-    return code != 0 ? code : computeBlock();
+    if (const int code = commands.scanNC(block); code != 0) {
+        return code;
+    }
+    m_seen.hasMoreThanEnd = m_seen.hasMoreThanEnd || (hasWords && !hasEnded());
+    return computeBlock();
 }
 
 void NCScan::noteText(const BlockText& text) noexcept {

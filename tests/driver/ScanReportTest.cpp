@@ -293,7 +293,10 @@ TEST(ScanReport, FindsTheCauseOfNoMovement) {
         {std::string(100 * 2, '\n') + "E1\nM8\n", mill(), "unknown"},
         {"o<a> sub\nG1 X1\no<a> endsub\n", mill(), ""},
         {"(a)\no<a> sub\nG1 X1\no<a> endsub\n", oWord, "only_subprograms"},
+        {"o<a> sub\nG1 X1\no<a> endsub\n#1=5\nM30\n", oWord, "only_subprograms"},
         {"o<a> sub\nG1 X1\no<a> endsub\nM8\n", oWord, "unknown"},
+        {"o<a> sub\nG1 X1\no<a> endsub\nM8\nM30\n", oWord, "unknown"},
+        {"M30\n", oWord, "unknown"},
         {"o<a> sub\nG1 X1\no<a> endsub\no<a> call\n", oWord, ""},
     };
     for (const auto& [nc, dialect, cause] : rows) {

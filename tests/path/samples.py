@@ -85,7 +85,9 @@ def outcome(task):
     if failure:
         return name, f"refused with {failure[0]}", failure[2]
     if reason:
-        return name, "DIFFERENT", f"converted, though no path has {reason}"
+        warnings = runs.warnings(report)
+        kind = "told" if warnings else "DIFFERENT"
+        return name, kind, ", ".join([*warnings, f"converted, though no path has {reason}"])
     try:
         made = aptReader.read(apt)
     except (aptReader.BadApt, ValueError, KeyError) as bad:
