@@ -6,7 +6,8 @@ enum class BlockNote : unsigned {
     kUnknownOrigin, ///< a work offset of which nobody says where it lies
     kCompensation,  ///< a radius compensation, of which the path is the programmed contour
     kUnknownPlace,  ///< a way to a place of the machine of which nobody says where it lies
-    kRotaryLimit,   ///< a rotary axis that leaves its limits
+    kRotaryLimit,   ///< the first rotary axis leaves its limits
+    kRotaryLimit2,  ///< the second one does
     kRotaryFeed,    ///< a rotary axis that moves alone, at a feed along the path
     kHeadLength,    ///< a tool on a turning head of which nobody says how long it is
     kCycleAside,    ///< a cycle that does not run along the tool

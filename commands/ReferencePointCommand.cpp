@@ -5,6 +5,7 @@
 #include "commands/MachineStatus.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -77,7 +78,10 @@ int ReferencePointCommand::goToReferencePoint() {
     }
     RotaryAxes* const axes = control().rotary.get();
     if (axes != nullptr && axes->IsInUse()) {
-        axes->AimAtZero({!m_hasWords || m_rotary[0], !m_hasWords || m_rotary[1]});
+        const std::array<bool, 2> turned = {!m_hasWords || m_rotary[0], !m_hasWords || m_rotary[1]};
+        axes->AimAtZero(turned);
+        // An axis of the machine alone takes the tip along, and nobody knows how far.
+        isKnown = isKnown && !((turned[0] || turned[1]) && axes->HidesMachine());
     }
     if (isKnown) {
         return m_rapid.MoveTo(point);

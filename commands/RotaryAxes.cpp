@@ -194,7 +194,7 @@ void RotaryAxes::checkLimits(std::size_t axis, const std::optional<RotaryWord>& 
     const double angle = m_angles.at(axis);
     const bool counts = low < high && word && word->way.value_or(way) == RotaryWay::kLinear;
     if (counts && (angle < low || angle > high) && !std::exchange(m_isLimitTold.at(axis), true)) {
-        status.Note(BlockNote::kRotaryLimit);
+        status.Note(axis == 0 ? BlockNote::kRotaryLimit : BlockNote::kRotaryLimit2);
     }
 }
 
@@ -228,6 +228,7 @@ void RotaryAxes::SwitchRtcp(Control& control, bool isOn, bool takesVectors) {
     isRtcpOn = isOn;
     control.hasToolLength = isOn; // which the control has to know then
     m_takesVectors = takesVectors;
+    noteLength(control.Status());
     const gmVector3 same = withoutNoise(Pose().PositionOf(tip));
     if (same != withoutNoise(position)) {
         control.SetPosition(control.coordinates.FromStart(same * (1.0 / unit)));
@@ -236,8 +237,14 @@ void RotaryAxes::SwitchRtcp(Control& control, bool isOn, bool takesVectors) {
 
 void RotaryAxes::ChangeTool(int number, MachineStatus& status) {
     const auto length = toolLengths.find(number);
-    chain.SetToolLength(length == toolLengths.end() ? 0.0 : length->second);
-    if (chain.HasHead() && !InForce().head && length == toolLengths.end()) {
+    m_lacksLength = length == toolLengths.end();
+    chain.SetToolLength(m_lacksLength ? 0.0 : length->second);
+    noteLength(status);
+}
+
+// Once for each tool, where it first matters.
+void RotaryAxes::noteLength(MachineStatus& status) {
+    if (chain.HasHead() && !InForce().head && std::exchange(m_lacksLength, false)) {
         status.Note(BlockNote::kHeadLength);
     }
 }

@@ -119,6 +119,7 @@ private:
                                   const Control& control) const;
     int turnByWords(Control& control, const RotaryValues& values);
     int turnByVector(Control& control, gmVector3& vector);
+    void noteLength(MachineStatus& status);
     void checkLimits(std::size_t axis, const std::optional<RotaryWord>& word,
                      MachineStatus& status);
 
@@ -132,4 +133,5 @@ private:
     std::optional<bool> m_countsVectors; // as a code of the block says
     bool m_takesVectors = false;
     std::array<bool, 2> m_isLimitTold = {};
+    bool m_lacksLength = false; // the tool in the spindle does, and nobody was told
 };

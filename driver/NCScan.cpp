@@ -470,6 +470,7 @@ void NCScan::passNotes() {
         {BlockNote::kUnknownPlace, Oddity::kUnknownPlace},
         {BlockNote::kCompensation, Oddity::kCompensation},
         {BlockNote::kRotaryLimit, Oddity::kRotaryLimit},
+        {BlockNote::kRotaryLimit2, Oddity::kRotaryLimit},
         {BlockNote::kHeadLength, Oddity::kHeadLength},
         {BlockNote::kCycleAside, Oddity::kCycleAside},
         {BlockNote::kRotaryFeed, Oddity::kRotaryFeed},

@@ -17,6 +17,7 @@ struct KeyValue {
     char* text;              ///< writable
     char* letters = nullptr; ///< null when the code has none
     int number = -1;         ///< -1 when the code has none
+    bool isWhole = true;     ///< the line is the key, and does not only begin with it
 };
 
 /// A key line of the parameter file and what its value line does: a row of data. What the arguments

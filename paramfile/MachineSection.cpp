@@ -144,17 +144,16 @@ struct MachineSection::Reading {
     }
 };
 
-bool MachineSection::Settle(RotaryAxes& axes, const gmVector3& toolAxis, std::string& key,
-                            std::string& value) const {
+bool MachineSection::Settle(RotaryAxes& axes, std::string& key, std::string& value) const {
     Reading reading = {
         .section = *this, .axes = axes, .key = key, .value = value, .found = {}, .start = {}};
     if (!reading.ReadAxes()) {
         return false;
     }
-    if (gmIsZero(toolAxis.length())) {
+    if (gmIsZero(m_toolAxis.length())) {
         return reading.Refuse("MFG_INIT_SPINDLE", "0;0;0");
     }
-    const gmVector3 tool = gmVector3(toolAxis).normalize();
+    const gmVector3 tool = gmVector3(m_toolAxis).normalize();
     if (!reading.found.empty() && !reading.Incline(tool)) {
         return false;
     }

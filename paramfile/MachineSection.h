@@ -21,14 +21,14 @@ public:
     void Set(Place place, Property property, std::string text) {
         m_texts.at(place).at(property) = std::move(text);
     }
+    void SetToolAxis(const gmVector3& direction) { m_toolAxis = direction; }
     void SetOldNutator(std::string text) { m_oldNutator = std::move(text); }
     void SetNutator(double angle) noexcept { m_nutator = angle; }
     void SetCarrier(std::size_t index) noexcept { m_carrier = index; }
 
     /// Gives the axes what the section says. On a failure, `key` and `value` name the entry that is
     /// not understood. Throws std::bad_alloc.
-    [[nodiscard]] bool Settle(RotaryAxes& axes, const gmVector3& toolAxis, std::string& key,
-                              std::string& value) const;
+    [[nodiscard]] bool Settle(RotaryAxes& axes, std::string& key, std::string& value) const;
 
     /// The key of every entry.
     static constexpr const char* kKeys[kPlaceCount][kPropertyCount] = {
@@ -48,6 +48,7 @@ private:
 
     std::string m_class;
     std::array<Texts, kPlaceCount> m_texts;
+    gmVector3 m_toolAxis = gmVector3(0.0, 0.0, 1.0);
     std::string m_oldNutator;
     std::optional<double> m_nutator; // none: not inclined
     std::size_t m_carrier = 0;

@@ -271,7 +271,7 @@ int ModelBuilder::finishRotary(Control& control) {
     RotaryAxes& axes = *control.rotary;
     std::string key;
     std::string value;
-    if (!m_machine.Settle(axes, MovementCommand::GetTLAXISdirection(), key, value)) {
+    if (!m_machine.Settle(axes, key, value)) {
         KeepBadValue(key.c_str(), value.c_str());
         return kKeyValueUnknown;
     }

@@ -177,8 +177,10 @@ int ParamScan::search(std::span<const Key> keys, const char* line) {
             continue;
         }
         if (key.kind == KeyKind::kPassing) {
+            m_keyIsWhole = true;
             return passBy(key);
         }
+        m_keyIsWhole = std::strcmp(line, key.text) == 0;
         Line value;
         if (const int code = readLine(value); code != 0) {
             return code;
@@ -226,7 +228,7 @@ int ParamScan::Act(const Key& key, char* text) {
     if (text[0] == '\0') {
         return 0;
     }
-    KeyValue value = {.text = text};
+    KeyValue value = {.text = text, .isWhole = m_keyIsWhole};
     if (key.form == Key::Form::kCode) {
         long number = value.number;
         if (const int code = SplitCommand(text, value.letters, number); code != 0) {

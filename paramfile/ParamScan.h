@@ -78,5 +78,6 @@ private:
     ModelBuilder m_builder;
 
     long m_lineNumber = 0;
+    bool m_keyIsWhole = true;     // the key at hand is its whole line
     bool m_continuesLine = false; // the next piece belongs to the same line of the copy
 };

@@ -44,10 +44,19 @@ int zeroOrigin(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
                : int{kKeyValueUnknown};
 }
 
+// One group with the codes of RTCP, which any of it ends.
+template<bool IsOn>
+void useToolLength(Control& control) {
+    if (control.rotary != nullptr && control.rotary->isRtcpOn) {
+        control.rotary->SwitchRtcp(control, false, false);
+    }
+    control.hasToolLength = IsOn;
+}
+
 template<bool IsOn>
 int toolLength(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddCode<StateCommand>(value, ActionKind::kShift, builder.GetStages(),
-                                         [](Control& c) { c.hasToolLength = IsOn; });
+                                         useToolLength<IsOn>);
 }
 
 int machineZero(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {

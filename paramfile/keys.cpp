@@ -130,7 +130,9 @@ int centre(ModelBuilder& builder, const KeyValue& value, int argument) {
 // Texts.
 
 int machineClass(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
-    builder.Machine().SetClass(value.text);
+    if (value.isWhole) {
+        builder.Machine().SetClass(value.text);
+    }
     const bool isLathe = std::strstr(value.text, "LATHE_MACHINE") != nullptr;
     if (isLathe) {
         builder.SetLathe();
@@ -189,8 +191,11 @@ int divisor(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return 0;
 }
 
-int toolAxis(ModelBuilder& /*builder*/, const KeyValue& value, int /*argument*/) {
+int toolAxis(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     MovementCommand::SetTLAXISdirection(readDirection(value.text));
+    if (value.isWhole) {
+        builder.Machine().SetToolAxis(readDirection(value.text));
+    }
     return 0;
 }
 

@@ -6,6 +6,7 @@
 #include "commands/RegularCommand.h"
 #include "commands/WordCode.h"
 #include "driver/returnCodes.h"
+#include "paramfile/MachineSection.h"
 #include "paramfile/codingMarks.h"
 #include "paramfile/keys.h"
 #include "softCommon/CStringUtil/asciiBytes.h"
@@ -214,6 +215,7 @@ ParamCheck::ParamCheck(NCScan& model, const RecordingScan& scan, char* const* li
     checkCodes();
     checkLetters();
     if (code == 0) { // behind a failure everything is absent
+        checkAxes();
         checkAbsentKeys();
         if (!configuresMovement(model)) {
             m_findings.Add(kNoMovement, 0, kNoMovementCommand);
@@ -449,6 +451,41 @@ void ParamCheck::checkLetters() {
             if (!isNew) {
                 m_findings.Add(kSameLetters, entry->line, entry->text, use->second);
             }
+        }
+    }
+}
+
+// The words for rotary axes against those that the machine has. More than two belong to more than
+// one class, and only that of the machine counts.
+void ParamCheck::checkAxes() {
+    constexpr const char* kWords[] = {"REV_ROTARY_1ST", "REV_ROTARY_2ND"};
+    std::vector<const Entry*> axes;
+    for (const auto& keys : MachineSection::kKeys) {
+        const auto axis = std::ranges::find_if(m_inForce, [&](const Entry* entry) {
+            return std::strcmp(entry->key->text, keys[MachineSection::kLetter]) == 0;
+        });
+        if (axis != m_inForce.end()) {
+            axes.push_back(*axis);
+        }
+    }
+    for (std::size_t i = 0; i < std::size(kWords); ++i) {
+        bool isRead = false;
+        for (const Entry* const entry : m_inForce) {
+            if (!std::string_view(entry->key->text).starts_with(kWords[i])) {
+                continue;
+            }
+            isRead = true;
+            if (i >= axes.size()) {
+                m_findings.Add(kNoSuchAxis, entry->line, entry->text);
+            } else if (axes.size() == std::size(kWords) && entry->value != axes[i]->value &&
+                       entry->value == axes[1 - i]->value) {
+                m_findings.Add(kCrossedAxes, entry->line, entry->text, axes[1 - i]->text);
+            }
+        }
+        if (!isRead && i < axes.size() && axes.size() <= std::size(kWords)) {
+            m_findings.Add(kAbsent, 0, kWords[i],
+                           ": words of the machine's axis " + axes[i]->value + " (" +
+                               axes[i]->text + ") are not read");
         }
     }
 }

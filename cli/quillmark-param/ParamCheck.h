@@ -50,6 +50,7 @@ private:
     void checkCentreMode();
     void checkCodes();
     void checkLetters();
+    void checkAxes();
     void checkAbsentKeys();
 
     NCScan& m_model;

@@ -32,6 +32,8 @@ enum class FindingKind : std::size_t {
     kUnknownKey,
     kMisspelledKey,
     kTextBehindCode,
+    kNoSuchAxis,
+    kCrossedAxes,
     kNoMovement,
     kEmptyValue,
     kAbsent,

@@ -97,6 +97,8 @@ std::vector<ControlRow> controlRows(const std::string& path) {
             rows.back().dialect += entry(line.substr(2));
         } else if (part == Part::kProgram) {
             rows.back().program += line + "\n";
+        } else if (part == Part::kAPT && line.starts_with("? ")) {
+            rows.back().told.push_back(line.substr(2));
         } else if (part == Part::kAPT && line.starts_with("!")) {
             readRefusal(line, rows.back());
         } else if (part == Part::kAPT) {

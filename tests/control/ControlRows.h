@@ -19,14 +19,15 @@
 /// o-word, hash or r-parameter, or a file of dialects/, which reads all
 /// text of its programs. The lines behind it are keys with their values, and stand behind
 /// the machine's own; number formats are added. A line that begins with "+ " is one for its row
-/// alone. Behind "=>" stands the whole APT, up to an empty line, and the return code with a part of
-/// the message where the program must fail. Lines that begin with "#" and a blank are for the
-/// reader.
+/// alone. Behind "=>" stands the whole APT, up to an empty line; in lines that begin with "? ", all
+/// warnings as "name times"; and the return code with a part of the message where the program must
+/// fail. Lines that begin with "#" and a blank are for the reader.
 struct ControlRow {
     std::string title;
     std::string dialect;
     std::string program;
     std::vector<std::string> apt;
+    std::vector<std::string> told;
     int code = 0;
     std::string message;
     bool isWhollyRead = false; ///< no text may be left that nobody understands

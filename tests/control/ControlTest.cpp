@@ -1,5 +1,6 @@
 // What the codes of controls write: tables of small programs with their whole APT, made by hand.
 
+#include "cli/quillmark/reportKeys.h"
 #include "driver/Controller.h"
 #include "tests/control/ControlRows.h"
 #include "tests/support/TempFolder.h"
@@ -15,7 +16,27 @@ struct Outcome {
     std::string apt;
     std::string message;
     long unreadBlocks = 0;
+    std::vector<std::string> told;
 };
+
+// In the order of the report. Of what the rests of blocks warn, each kind counts by itself.
+std::vector<std::string> toldIn(const ScanReport& report) {
+    std::vector<std::string> told;
+    const auto tell = [&](const char* key, long count) {
+        if (count > 0) {
+            told.push_back(std::string(key) + " " + std::to_string(count));
+        }
+    };
+    for (const OddityRow& row : kOddityRows) {
+        if (row.level == Level::kWarning) {
+            tell(row.key, report.Of(row.oddity).count);
+        }
+    }
+    for (const auto& row : kWarningRows) {
+        tell(row.key, std::ranges::count(report.FirstWarnings(), row.kind, &Warning::kind));
+    }
+    return told;
+}
 
 Outcome outcomeOf(const ControlRow& row) {
     const TempFolder folder;
@@ -25,7 +46,7 @@ Outcome outcomeOf(const ControlRow& row) {
                                         folder.path("part.apt").c_str(), nullptr, eOutputAPT);
     const char* const text = controller.LastFailure().text;
     return {code, folder.read("part.apt"), code == 0 || text == nullptr ? "" : text,
-            controller.Report().UnrecognisedBlocks()};
+            controller.Report().UnrecognisedBlocks(), toldIn(controller.Report())};
 }
 
 std::string withoutBlanks(std::string line) {
@@ -56,6 +77,7 @@ void expectRows(const std::string& name) {
         const Outcome outcome = outcomeOf(row);
         EXPECT_EQ(outcome.code, row.code) << outcome.message;
         EXPECT_EQ(linesOf(outcome.apt, row.apt), row.apt);
+        EXPECT_EQ(outcome.told, row.told);
         EXPECT_TRUE(outcome.unreadBlocks == 0 || !row.isWhollyRead);
         EXPECT_THAT(outcome.message, testing::HasSubstr(row.message));
     }

@@ -257,8 +257,18 @@ TEST(Chains, TurnAsPublishedMachinesDo) {
         MachineChain cb;
         cb.Add(axisOf('C', true, {0.0, 0.0, length}));
         cb.Add(axisOf('B', true, {0.0, 0.0, length}, true));
+        const Sines c(angles[0]);
+        const Sines b(angles[1]);
+        const MachinePose head = cb.PoseAt(angles, {});
+        const Point tip = headCB(j, c, b, length);
+        EXPECT_LT(distance(pointOf(head.TipOf(vectorOf(j))), tip), 1e-9);
+        EXPECT_LT(distance(pointOf(head.PositionOf(vectorOf(tip))), j), 1e-9);
+        // The tool points from the tip to the pivot, which stands a length above the joints.
+        const Point towards = (j + Point{0.0, 0.0, length} - tip) * (1.0 / length);
+        EXPECT_LT(distance(pointOf(head.ToolAxis()), towards), 1e-9);
+        cb.GivePivot(true);
         EXPECT_LT(distance(pointOf(cb.PoseAt(angles, {}).TipOf(vectorOf(j))),
-                           headCB(j, Sines(angles[0]), Sines(angles[1]), length)),
+                           tip - Point{0.0, 0.0, length}),
                   1e-9);
     }
 }

@@ -63,7 +63,7 @@ TEST_F(ParamCheck, CountsLinesOfTheFileThatItWasGivenAndKnowsPrograms) {
 }
 
 TEST_F(ParamCheck, FindsWhatLooksWrongAndNothingElse) {
-    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 61)) {
+    for (const auto& [text, finding] : casesOf(PARAM_DATA "findings.txt", 66)) {
         m_folder.write("x.pp", file(text));
         const ProgramResult run =
             shell("quillmark-param check x.pp >out; status=$?; tr -s ' ' <out; exit $status");
