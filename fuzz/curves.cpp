@@ -68,7 +68,9 @@ MachineChain chainOf(unsigned flags, Numbers& numbers) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t kMostCalls = 1'000'000; // of the curve, before it stands still
+    constexpr std::size_t kMostPoints = 1000;
+    constexpr std::size_t kMostCalls = 10'000'000; // of the curve
+    constexpr double kManyTurns = 1e5;             // take their time and show nothing else
     if (size == 0) {
         return 0;
     }
@@ -81,27 +83,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const double turning = numbers.Take();
     const double tolerance = std::abs(numbers.Take());
     const double axisTolerance = std::abs(numbers.Take());
-    if (!(tolerance > 0.0 && axisTolerance > 0.0)) {
+    if (!(tolerance > 0.0 && axisTolerance > 0.0) || (turning > kManyTurns && turning < 1e8)) {
         return 0;
     }
     std::size_t calls = 0;
     const ToolCurve curve = [&](double fraction) {
         require(fraction >= 0.0 && fraction <= 1.0);
-        const double place = ++calls < kMostCalls ? fraction : 1.0;
+        require(++calls < kMostCalls);
         MachineChain::Angles angles;
         for (std::size_t i = 0; i < angles.size(); ++i) {
-            angles.at(i) = from.at(i) + (to.at(i) - from.at(i)) * place;
+            angles.at(i) = from.at(i) + (to.at(i) - from.at(i)) * fraction;
         }
         const MachinePose pose = chain.PoseAt(angles, {});
-        return ToolPlace{.tip = pose.TipOf(start + (end - start) * place), .axis = pose.ToolAxis()};
+        return ToolPlace{.tip = pose.TipOf(start + (end - start) * fraction),
+                         .axis = pose.ToolAxis()};
     };
     double last = 0.0;
     const std::vector<double> fractions =
-        CurveSplitter(curve, tolerance, axisTolerance, turning).Split();
+        CurveSplitter(curve, tolerance, axisTolerance, turning).Split(kMostPoints);
     for (const double fraction : fractions) {
         require(fraction > last && fraction <= 1.0);
         last = fraction;
     }
-    require(fractions.empty() || last == 1.0);
+    require(fractions.size() <= kMostPoints && (fractions.empty() || last == 1.0));
     return 0;
 }

@@ -29,8 +29,8 @@ bool takesName(std::string_view name) { return !name.empty(); }
 class Language {
 public:
     explicit Language(const ExpressionSyntax& syntax) noexcept : m_syntax(syntax) {
-        m_pool.addNumbers({.first = 0, .last = 0, .unset = UnsetVariable::kVacant,
-                           .isReadOnly = true});
+        m_pool.addNumbers(
+            {.first = 0, .last = 0, .unset = UnsetVariable::kVacant, .isReadOnly = true});
         m_pool.addNumbers({.first = 1, .last = 33, .unset = UnsetVariable::kVacant});
         m_pool.addNumbers({.first = 34, .last = 999});
         m_pool.addNumbers({.first = 1000, .last = 1031, .unset = UnsetVariable::kFailure});
