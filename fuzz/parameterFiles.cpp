@@ -92,7 +92,9 @@ std::string bundledDialect(const std::string& name) {
     std::ifstream file(DIALECTS "/" + name + ".pp");
     std::string text;
     for (std::string line; std::getline(file, line);) {
-        if (!line.starts_with("# ")) {
+        if (line == "REV_NOT_CONVERTED" || line == "REV_NO_EFFECT") {
+            std::getline(file, line); // long lists of the same
+        } else if (!line.starts_with("# ")) {
             text.append(line).append("\n");
         }
     }

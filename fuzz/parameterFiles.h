@@ -17,8 +17,8 @@ extern const std::string_view kLathe;
 /// lines alone would seldom get past their check digits. Any other input is the file itself.
 [[nodiscard]] std::string parameterFileOf(std::string_view input);
 
-/// A dialect that comes with the system, without its remarks, and with so few blocks to a program
-/// that a loop without an end is over at once.
+/// A dialect that comes with the system, without its remarks and lists of codes that do not move,
+/// and with so few blocks to a program that a loop without an end is over at once.
 [[nodiscard]] std::string bundledDialect(const std::string& name);
 
 /// Entries of a parameter file. Each line of the text is one: the name of a key, a blank and the
