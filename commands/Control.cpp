@@ -285,9 +285,17 @@ bool Control::RunsAlongTool(int axis) const {
 }
 
 int Control::CheckParts(const Sweep& sweep) {
-    return path.PartsOf(sweep, units.FromMillimetres()) <= kMostParts
+    const double parts = path.PartsOf(sweep, units.FromMillimetres());
+    return parts <= kMostParts ? AddParts(parts - 1.0)
+                               : Refuse(kArcRefused, "the arc is too long for its tolerance");
+}
+
+int Control::AddParts(double parts) {
+    m_parts += std::max(0.0, parts);
+    return m_parts <= mostParts
                ? 0
-               : Refuse(kArcRefused, "the arc is too long for its tolerance");
+               : Refuse(kProgramEndless,
+                        "there are too many points of curves, pecks and repeats in all");
 }
 
 int Control::Pass(Movement& movement, const AxisMapping& mapping) {

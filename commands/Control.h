@@ -48,6 +48,7 @@ public:
     bool tellsUnits = false; ///< the output says in which unit it is
     bool isLathe = false;
     bool hasThousandths = false; ///< a factor of scaling without a decimal point counts them
+    double mostParts = 0.0;      ///< that all blocks may add to their movements
     gmVector3 home;              ///< the reference point in coordinates of the machine
     const AxisMapping* axisMapping = nullptr; ///< of the rapid movement; not owned
     PathWriter path;
@@ -180,8 +181,11 @@ public:
     int WriteInverseFeed(const Movement& movement, double length);
     /// Whether a movement along an axis of the program runs along the tool, where that can turn.
     [[nodiscard]] bool RunsAlongTool(int axis) const;
-    /// Refuses an arc that would take too many statements.
+    /// Refuses an arc that would take too many statements, and adds those to the parts.
     int CheckParts(const Sweep& sweep);
+    /// Counts what a block puts into its movements: points of curves, pecks, repeats. Few blocks
+    /// can ask for many, again and again, and more than `mostParts` are refused.
+    int AddParts(double parts);
     /// Takes a movement in coordinates of the program (its sweep in lengths) through the stages and
     /// writes it. Returns 0 or the code of a refusal.
     int Pass(Movement& movement, const AxisMapping& mapping);
@@ -211,6 +215,7 @@ private:
     AxisKnowledge m_knowledge;
     ToolStage m_toolStage;
     std::string m_reason;
+    double m_parts = 0.0;
     bool m_axisWordsAreTaken = false;
     bool m_axisWordsAreTakenTwice = false;
     bool m_hasMovementCommand = false;

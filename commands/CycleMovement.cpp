@@ -31,8 +31,10 @@ int CycleMovement::checkNumbers(const CycleKind& kind, const CycleNumbers& numbe
         return m_control.Refuse(kBlockRefused, "the cycle has no peck above 0");
     }
     const double pecks = kind.hasPeck ? (numbers.clearance - numbers.depth) / least + 1.0 : 1.0;
-    return pecks * repeats <= kMostPecks
-               ? 0
+    const double farthest = std::max(std::abs(numbers.clearance), std::abs(numbers.depth));
+    const bool getsDown = !kind.hasPeck || farthest - least < farthest;
+    return getsDown && pecks * repeats <= kMostPecks
+               ? m_control.AddParts(pecks * repeats - 1.0)
                : m_control.Refuse(kBlockRefused, "the cycle has too many pecks or repeats");
 }
 

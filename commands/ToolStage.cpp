@@ -81,6 +81,10 @@ int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& 
                            bool hasStart) {
     std::vector<double> fractions = {1.0};
     if (hasStart && !way.IsStraight()) {
+        constexpr double kDegreesOfPart = 90.0; // what turns and shows nothing takes its time
+        if (const int code = control.AddParts(way.Degrees() / kDegreesOfPart); code != 0) {
+            return code;
+        }
         const double unit = control.units.FromMillimetres();
         const ToolCurve curve = [&way](double fraction) { return way.PlaceAt(fraction); };
         fractions = CurveSplitter(curve, control.path.Tolerance() * unit,
@@ -88,6 +92,10 @@ int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& 
                         .Split();
         if (fractions.empty()) {
             return control.Refuse(kBlockRefused, "the movement takes too many points");
+        }
+        if (const int code = control.AddParts(static_cast<double>(fractions.size()) - 1.0);
+            code != 0) {
+            return code;
         }
     }
     std::vector<ToolPlace> places;

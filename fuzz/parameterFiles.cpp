@@ -4,7 +4,10 @@
 #include "paramfile/ppcrypt.h"
 #include "softCommon/CStringUtil/CharFeld.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
 
 const std::string_view kMill =
     "##### Header\n#FILE:       UNCODED\n##### Toolmachine Section\n"
@@ -67,6 +70,13 @@ std::string codeNew(std::string_view plain) {
     return file;
 }
 
+// Up to the next newline, which is passed over.
+std::string_view takeLine(std::string_view& text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
 } // namespace
 
 std::string parameterFileOf(std::string_view input) {
@@ -76,4 +86,42 @@ std::string parameterFileOf(std::string_view input) {
         return codeOld(input.substr(kOld.size()));
     }
     return input.starts_with(kNew) ? codeNew(input.substr(kNew.size())) : std::string(input);
+}
+
+std::string bundledDialect(const std::string& name) {
+    std::ifstream file(DIALECTS "/" + name + ".pp");
+    std::string text;
+    for (std::string line; std::getline(file, line);) {
+        if (line == "REV_NOT_CONVERTED" || line == "REV_NO_EFFECT") {
+            std::getline(file, line); // long lists of the same
+        } else if (!line.starts_with("# ")) {
+            text.append(line).append("\n");
+        }
+    }
+    if (text.empty()) {
+        (void)std::fprintf(stderr, "there is no dialect %s\n", name.c_str());
+        std::abort();
+    }
+    return text + "REV_MOST_BLOCKS\n50\n";
+}
+
+std::string takeEntries(std::string_view& text, std::span<const Key> keys) {
+    std::string entries;
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        if (line.empty()) {
+            break;
+        }
+        std::string_view value = line.substr(std::min(line.find(' ') + 1, line.size()));
+        auto key = std::ranges::find(keys, line.substr(0, line.find(' ')), &Key::text);
+        if (key == keys.end()) {
+            key = keys.begin() + static_cast<unsigned char>(line[0]) % keys.size();
+            value = line.substr(1);
+        }
+        entries.append(key->text).append("\n").append(value).append("\n");
+        if (key->form == Key::Form::kAddress) {
+            entries += "1\nM5.3\n";
+        }
+    }
+    return entries;
 }

@@ -2,7 +2,6 @@
 
 #include "fuzz/conversion.h"
 #include "fuzz/parameterFiles.h"
-#include "include/quillmark_messages.h"
 
 #include <algorithm>
 #include <array>
@@ -32,8 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                                       rParameterDialect()};
     if (size > 0) {
         const std::string_view text(reinterpret_cast<const char*>(data), size);
-        convert(kDialects[data[0] % kDialects.size()], text.substr(1, kMostBytes));
-        freeErrorStack();
+        convertControl(kDialects[data[0] % kDialects.size()], text.substr(1, kMostBytes));
     }
     return 0;
 }

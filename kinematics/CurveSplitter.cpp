@@ -9,11 +9,13 @@
 
 namespace {
 
-constexpr std::size_t kMostPoints = 1'000'000; // of one movement; more are a mistake
-constexpr double kMargin = 0.98;               // for samples and the decimals of the output
+constexpr double kMargin = 0.98; // for samples and the decimals of the output
 constexpr double kFewestSamples = 16.0;
 constexpr double kDegreesPerSample = 5.0;
-constexpr double kMostTurning = 360'000.0; // degrees of one chord
+constexpr double kMostTurning = 360'000.0;         // degrees of one chord
+constexpr double kMostTurningInAll = 36'000'000.0; // degrees
+constexpr double kSmallest = 1e-9;                 // a step that is always taken,
+constexpr int kMostSmallest = 100;                 // so often
 
 double axisError(const gmVector3& begin, const gmVector3& end, double u, const gmVector3& truth) {
     constexpr double kNoDirection = 1e-6;
@@ -30,16 +32,22 @@ CurveSplitter::CurveSplitter(const ToolCurve& curve, double tolerance, double ax
     : m_curve(curve), m_tolerance(tolerance * kMargin),
       m_axisTolerance(gmRadians(axisTolerance) * kMargin), m_turning(turning) {}
 
-std::vector<double> CurveSplitter::Split() const {
+std::vector<double> CurveSplitter::Split(std::size_t most) const {
     std::vector<double> fractions;
+    if (m_turning > kMostTurningInAll) {
+        return fractions;
+    }
     double begin = 0.0;
     double step = std::min(1.0, kMostTurning / std::max(m_turning, 1.0));
     const double longest = step;
+    int smallest = 0;
     while (begin < 1.0) {
-        if (fractions.size() == kMostPoints) {
+        const double taken = farthestStep(begin, std::min(step, 1.0 - begin));
+        smallest += taken > kSmallest ? 0 : 1;
+        if (fractions.size() == most || smallest > kMostSmallest) {
             return {};
         }
-        const double end = farthestFrom(begin, std::min(step, 1.0 - begin));
+        const double end = begin + taken >= 1.0 ? 1.0 : begin + taken;
         step = std::min(longest, 1.5 * (end - begin));
         fractions.push_back(end);
         begin = end;
@@ -53,9 +61,8 @@ std::vector<double> CurveSplitter::Split() const {
 }
 
 // The error grows about with the square of the step, which guides the search.
-double CurveSplitter::farthestFrom(double begin, double step) const {
+double CurveSplitter::farthestStep(double begin, double step) const {
     constexpr double kNearEnough = 0.9; // of the tolerance
-    constexpr double kSmallest = 1e-9;  // a step that is always taken
     constexpr int kMostTries = 40;
     double good = 0.0;
     double bad = std::numeric_limits<double>::infinity();
@@ -65,7 +72,7 @@ double CurveSplitter::farthestFrom(double begin, double step) const {
         if (error <= 1.0) {
             good = step;
             if (isLast) {
-                return 1.0;
+                return 1.0; // and more than is left
             }
             if (error >= kNearEnough || step * m_turning >= kMostTurning) {
                 break;
@@ -81,7 +88,7 @@ double CurveSplitter::farthestFrom(double begin, double step) const {
             break;
         }
     }
-    return begin + std::max(good, kSmallest) >= 1.0 ? 1.0 : begin + std::max(good, kSmallest);
+    return std::max(good, kSmallest);
 }
 
 bool CurveSplitter::isEvenEnough(std::size_t parts) const {

@@ -11,20 +11,24 @@ using ToolCurve = std::function<ToolPlace(double fraction)>;
 /// Puts points into a movement until the straight ways between them, on which the tip moves evenly
 /// and the axis is interpolated and normalised, leave it at no fraction by more than the
 /// tolerances. It finds the farthest next point each time, so that there is hardly one more than
-/// needed, and then spreads as many evenly where that serves as well.
+/// needed, and then spreads as many evenly where that serves as well. Whatever the numbers are, it
+/// ends.
 class CurveSplitter {
 public:
+    static constexpr std::size_t kMostPoints = 500'000; ///< of one movement; more are a mistake
+
     /// `tolerance` in the unit of the tips, `axisTolerance` in degrees, both above 0; `turning` is
     /// how many degrees things turn on the whole way, so that no turn lies between two samples.
     /// `curve` must outlive the splitter.
     CurveSplitter(const ToolCurve& curve, double tolerance, double axisTolerance, double turning);
 
-    /// The fractions of the points, the last of which is 1. Empty when there were too many.
-    [[nodiscard]] std::vector<double> Split() const;
+    /// The fractions of the points, the last of which is 1. Empty when there were more than `most`,
+    /// more turns than a movement has, or places where no step is small enough.
+    [[nodiscard]] std::vector<double> Split(std::size_t most = kMostPoints) const;
 
 private:
     [[nodiscard]] double errorOf(double begin, double end) const;
-    [[nodiscard]] double farthestFrom(double begin, double step) const;
+    [[nodiscard]] double farthestStep(double begin, double step) const;
     [[nodiscard]] bool isEvenEnough(std::size_t parts) const;
 
     const ToolCurve& m_curve;

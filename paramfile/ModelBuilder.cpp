@@ -186,6 +186,9 @@ void ModelBuilder::finishWords() {
 }
 
 int ModelBuilder::finishControl(Control& control) {
+    constexpr double kPartsPerBlock = 10.0;
+    constexpr double kPartsAnyway = 100'000.0;
+    control.mostParts = kPartsAnyway + static_cast<double>(Rules().mostBlocks) * kPartsPerBlock;
     for (MovementCommand* const movement : m_laterMovements) {
         movement->MoveLike(*m_commands.rapid);
     }

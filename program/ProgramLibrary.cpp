@@ -195,13 +195,25 @@ const std::vector<ProgramLibrary::Entry>& ProgramLibrary::entriesOf(const std::s
     return entries;
 }
 
+// A link may point anywhere.
+bool ProgramLibrary::leadsOut(const std::string& path) const {
+    std::error_code error;
+    if (!fs::is_symlink(path, error)) {
+        return false;
+    }
+    const fs::path folder = fs::canonical(path, error).parent_path();
+    return error || std::ranges::none_of(m_folders, [&](const std::string& known) {
+               return folder == fs::canonical(known, error);
+           });
+}
+
 ProgramFile* ProgramLibrary::open(const std::string& path) {
     const auto known = m_byPath.find(path);
     if (known != m_byPath.end()) {
         return known->second;
     }
     std::error_code error;
-    if (!fs::is_regular_file(path, error)) {
+    if (!fs::is_regular_file(path, error) || leadsOut(path)) {
         return nullptr;
     }
     const FileOwner file(std::fopen(path.c_str(), "rb"));

@@ -10,7 +10,8 @@
 #include <vector>
 
 /// Finds subprograms: in the file of the caller, in that of the main program, as files beside it,
-/// and in further folders. Owns all files of a program. A name never leads out of those folders.
+/// and in further folders. Owns all files of a program. Neither a name nor a link leads out of those
+/// folders.
 class ProgramLibrary {
 public:
     /// Where a subprogram stands.
@@ -49,6 +50,7 @@ private:
     [[nodiscard]] ProgramFile* openFor(const Query& query);
     [[nodiscard]] bool isFileOf(const Query& query, std::string_view stem) const;
     [[nodiscard]] const std::vector<Entry>& entriesOf(const std::string& folder);
+    [[nodiscard]] bool leadsOut(const std::string& path) const;
     [[nodiscard]] ProgramFile* open(const std::string& path);
 
     LineParser& m_parser;
