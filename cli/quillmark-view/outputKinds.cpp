@@ -2,6 +2,7 @@
 
 #include "cli/quillmark-view/writePage.h"
 #include "cli/quillmark-view/writePicture.h"
+#include "cli/shared/viewSuffixes.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,9 +11,9 @@ namespace {
 
 // Another kind of file is another row.
 constexpr OutputKind kKinds[] = {
-    {".svg", true, writeSvg},
-    {".png", true, writePng},
-    {".html", false, writePage},
+    {kSvgSuffix, true, writeSvg},
+    {kPngSuffix, true, writePng},
+    {kPageSuffix, false, writePage},
 };
 
 } // namespace

@@ -7,6 +7,8 @@ const kArc = 2;
 const kDigits = 1e-5;
 const kRateDigits = 1e-6;
 const kAxisDigits = 1e-7;
+// By their code: the axes, the positive direction first.
+const kAxisNormals = [[1, 0, 0], [-1, 0, 0], [0, 1, 0], [0, -1, 0], [0, 0, 1], [0, 0, -1]];
 const kEventNames = ['LOADTL', 'DELAY', 'DELAY', 'STOP', 'OPSTOP', 'GOHOME', 'END'];
 
 function bytesOf(base64) {
@@ -120,6 +122,7 @@ class PathData {
         this.arcOf = new Uint32Array(count);
         this.arcs = [];
         const scale = kDigits * this.unit;
+        const start = [0, 0, 0];
         const end = [0, 0, 0];
         const axis = [0, 0, 0];
         let line = 0;
@@ -128,7 +131,7 @@ class PathData {
         for (let i = 0; i < count; ++i) {
             const bits = numbers.next();
             const isArc = (bits & 3) === kArc;
-            const start = isArc ? [...end] : null;
+            [start[0], start[1], start[2]] = end;
             for (let k = 0; k < 3; ++k) {
                 end[k] += numbers.next();
                 this.ends[3 * i + k] = end[k] * scale;
@@ -156,19 +159,22 @@ class PathData {
     }
 
     readArc(numbers, start, end, isLong) {
-        const centre = start.map((value) => value + numbers.next());
-        const length = Math.hypot(...end.map((value, k) => value - centre[k]));
-        const radius = (Math.round(length) + numbers.next()) * kDigits * this.unit;
-        const scaled = centre.map((value) => value * kDigits * this.unit);
-        return {centre: scaled, radius, normal: this.readNormal(numbers), isLong};
+        const scale = kDigits * this.unit;
+        const centre = [0, 0, 0];
+        let square = 0;
+        for (let k = 0; k < 3; ++k) {
+            centre[k] = start[k] + numbers.next();
+            square += (end[k] - centre[k]) ** 2;
+            centre[k] *= scale;
+        }
+        const radius = (Math.round(Math.sqrt(square)) + numbers.next()) * scale;
+        return {centre, radius, normal: this.readNormal(numbers), isLong};
     }
 
     readNormal(numbers) {
         const code = numbers.next();
         if (code < 6) {
-            const normal = [0, 0, 0];
-            normal[code >> 1] = (code & 1) !== 0 ? -1 : 1;
-            return normal;
+            return kAxisNormals[code];
         }
         if (code === 8) {
             this.normal = [0, 0, 0].map(() => numbers.next() * kAxisDigits);

@@ -13,6 +13,7 @@ const kViews = {
     isometric: [[1, -1, 1], [0, 0, 1]],
 };
 const kPickPixels = 7;
+const kManyMovements = 200000; // whose lines are drawn several times as fast without smooth edges
 
 // Lines of a fixed number of pieces, each with the movement that it belongs to.
 class PieceLines {
@@ -92,7 +93,8 @@ class PathScene {
         this.hiddenTools = new Set();
         this.colouring = 'tool';
         this.position = path.count - 1;
-        this.renderer = new THREE.WebGLRenderer({canvas, antialias: true});
+        const antialias = path.count < kManyMovements;
+        this.renderer = new THREE.WebGLRenderer({canvas, antialias});
         this.scene = new THREE.Scene();
         this.camera = new THREE.OrthographicCamera(-1, 1, 1, -1, 0.1, 10);
         this.camera.up.set(0, 0, 1);
@@ -106,6 +108,8 @@ class PathScene {
         this.addLines();
         this.addHelpers();
         this.fillLines();
+        // All before the first line is drawn: to look for a program's errors waits for what is drawn.
+        this.renderer.compile(this.scene, this.camera);
         this.resize();
         this.look('isometric');
     }

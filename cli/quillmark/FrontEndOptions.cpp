@@ -1,6 +1,7 @@
 #include "cli/quillmark/FrontEndOptions.h"
 
 #include "cli/shared/nearestName.h"
+#include "cli/shared/viewSuffixes.h"
 #include "driver/Controller.h"
 
 #include <algorithm>
@@ -36,6 +37,7 @@ constexpr ValuedOption kValuedOptions[] = {
     {"--report", &FrontEndOptions::report, "--report needs the name of a file as its own argument"},
     {"--into", &FrontEndOptions::into, "--into needs the name of a folder as its own argument"},
     {"--jobs", &FrontEndOptions::jobs, "--jobs needs a number as its own argument"},
+    {"--view", &FrontEndOptions::view, "--view needs the name of a file as its own argument"},
 };
 
 constexpr std::string_view kSubprograms = "--subprograms";
@@ -92,7 +94,7 @@ std::string describeOption(std::string_view argument) {
         "-l",         "-nc",       "-of",           "-ot",      "-p",
         "--dialects", "--help",    "--into",        "--jobs",   "--quiet",
         "--report",   "--resume",  "--skip-blocks", "--strict", "--subprograms",
-        "--summary",  "--version", "--whole"};
+        "--summary",  "--version", "--view",        "--whole"};
     const std::string name(argument.substr(0, argument.find('=')));
     if (std::ranges::find(kQuestions, argument) != std::end(kQuestions)) {
         return "'" + name + "' is passed over: it stands alone";
@@ -159,6 +161,14 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
     if (options.usageError == nullptr && options.into == nullptr &&
         (options.resume || options.jobs != nullptr)) {
         options.usageError = "--resume and --jobs need --into FOLDER";
+    }
+    if (options.usageError == nullptr && options.view != nullptr) {
+        options.usageError =
+            options.into != nullptr
+                ? "--view shows one program and does not go together with --into"
+            : !isViewName(options.view)
+                ? "--view takes the name of a file that ends in .html, .svg or .png"
+                : nullptr;
     }
     return options;
 }

@@ -13,6 +13,7 @@ struct FrontEndOptions {
     bool resume = false;                  ///< of a batch: what is there and newer stays
     const char* report = nullptr;         ///< name of the report file; null for none
     const char* into = nullptr;           ///< folder for the results of a batch; null for none
+    const char* view = nullptr;           ///< page or picture of the path; null for none
     const char* jobs = nullptr;           ///< as given; null for one for each processor
     std::vector<std::string> subprograms; ///< folders in which subprograms are looked for
 

@@ -14,6 +14,7 @@
 #include "cli/quillmark/printReport.h"
 #include "cli/quillmark/printStoppedBlock.h"
 #include "cli/quillmark/reportKeys.h"
+#include "cli/quillmark/showPath.h"
 #include "cli/quillmark/writeJsonReport.h"
 #include "cli/shared/errorLine.h"
 #include "cli/shared/movementCommands.h"
@@ -75,7 +76,7 @@ public:
             std::fprintf(stderr, "quillmark: %s\n", conflict);
             return kExitUsage;
         }
-        if (!openReportFile()) {
+        if (!canShow() || !openReportFile()) {
             return kExitUsage;
         }
         tellWarnings();
@@ -100,6 +101,11 @@ public:
         if (m_result.exitStatus == 0 && !(hasItsName(m_log) && hasItsName(m_output))) {
             m_result.exitStatus = kExitUsage;
         }
+        if (m_options.view != nullptr && hasOutput()) {
+            if (const int status = showPath(m_options.view, m_result.files); status != 0) {
+                m_result.exitStatus = status;
+            }
+        }
         return *m_result.exitStatus;
     }
 
@@ -111,6 +117,7 @@ private:
         m_output.Choose(m_wholeFiles.output, inputs);
         m_log.Choose(m_wholeFiles.log, inputs);
         m_report.Choose(m_options.report, inputs);
+        m_wholeReport = m_options.report;
         m_result.files.output = m_output.Name();
         m_result.files.log = m_log.Name();
         m_options.report = m_report.Name();
@@ -235,6 +242,34 @@ private:
         std::fputs("; 'quillmark --help' tells of all options\n", stderr);
     }
 
+    // After a line when the name of the view belongs to another file of the run, or when there is
+    // no file that can be shown.
+    bool canShow() const {
+        const ConversionFiles& files = m_options.whole ? m_wholeFiles : m_result.files;
+        if (m_options.view == nullptr || files.output == nullptr) {
+            return true;
+        }
+        if (m_controller.IsStandardStream(files.output)) {
+            std::fputs("quillmark: --view shows a file: the output cannot be standard output\n",
+                       stderr);
+            return false;
+        }
+        const char* const objection = viewObjection(
+            m_options.view, files, m_options.whole ? m_wholeReport : m_options.report);
+        if (objection != nullptr) {
+            std::fputs("quillmark: cannot write view '", stderr);
+            printText(stderr, m_options.view);
+            std::fprintf(stderr, "': %s\n", objection);
+        }
+        return objection == nullptr;
+    }
+
+    // Whether the output is complete and has its name.
+    [[nodiscard]] bool hasOutput() const noexcept {
+        return m_result.exitStatus == 0 ||
+               (m_result.exitStatus == kExitDoubtful && !m_options.whole);
+    }
+
     [[nodiscard]] const char* fileOf(const char* name, const char* stream) const noexcept {
         return m_controller.IsStandardStream(name) ? stream : name;
     }
@@ -350,6 +385,7 @@ private:
     std::optional<RunWatch> m_watch;
     ReportFile m_reportFile;
     ConversionFiles m_wholeFiles; // as on the command line; only with --whole
+    const char* m_wholeReport = nullptr;
     PartFile m_output;
     PartFile m_log;
     PartFile m_report;
