@@ -22,6 +22,7 @@ private:
     int act();
     int findSystem(std::size_t& index);
     int setOrigin(std::size_t index);
+    void noteUnknown();
     void setByPosition(std::size_t index);
     void setAngles(std::size_t index, bool byPosition);
 

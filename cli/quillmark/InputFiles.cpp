@@ -4,6 +4,7 @@
 #include "cli/shared/fileKind.h"
 #include "driver/openAnotherStream.h"
 #include "driver/returnCodes.h"
+#include "paramfile/ParamScan.h"
 
 #include <array>
 #include <cerrno>
@@ -62,6 +63,18 @@ int InputFiles::Test(NCScan& scan) {
         return kUpdateFailed;
     }
     return 0;
+}
+
+int InputFiles::TestDialect(NCScan& scan) const {
+    NCScan model;
+    model.SetNoOutput();
+    ParamScan parameters(model);
+    int code = parameters.SetParameterFile(OpenedParameterName());
+    code = code != 0 ? code : parameters.run();
+    if (code != 0) {
+        scan.KeepFailure(model.LastFailure());
+    }
+    return code;
 }
 
 int InputFiles::testParameterFile(NCScan& scan) {

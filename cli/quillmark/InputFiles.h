@@ -20,6 +20,9 @@ public:
     /// Tests before any output is touched whether both can be opened, and that no program is given
     /// as parameter file. Returns 0 or a return code, whose failure `scan` then keeps.
     [[nodiscard]] int Test(NCScan& scan);
+    /// Reads the tested parameter file as the run will, and writes nothing: a run that cannot begin
+    /// is known before it empties what the last one wrote. Returns as Test does.
+    [[nodiscard]] int TestDialect(NCScan& scan) const;
     /// Whether the NC file seems to be a parameter file.
     [[nodiscard]] bool HasParameterFileAsProgram() const;
 

@@ -20,7 +20,9 @@ void PartFile::Choose(const char* name, std::span<const char* const> inputs) {
         m_name = error ? name : target.string();
     }
     const auto kind = std::filesystem::status(m_name, error).type();
-    const bool isReplaced = (kind == std::filesystem::file_type::regular ||
+    const bool isStream = m_name == "-";
+    const bool isReplaced = !isStream &&
+                            (kind == std::filesystem::file_type::regular ||
                              (kind == std::filesystem::file_type::not_found &&
                               !std::filesystem::is_symlink(m_name, error))) &&
                             std::ranges::none_of(inputs, [&](const char* input) {

@@ -51,6 +51,12 @@ bool isPipe(const NCScan& scan, const char* name) noexcept {
     return isFound && (S_ISFIFO(file.st_mode) || S_ISSOCK(file.st_mode));
 }
 
+// Whether a file holds what an earlier run wrote.
+bool holdsResult(const char* name) noexcept {
+    struct stat file {};
+    return name != nullptr && stat(name, &file) == 0 && S_ISREG(file.st_mode) && file.st_size > 0;
+}
+
 bool isTerminal(int descriptor) noexcept {
     const char* const kind = std::getenv("TERM");
     return isatty(descriptor) != 0 && kind != nullptr && std::strcmp(kind, "dumb") != 0;
@@ -186,7 +192,10 @@ private:
     }
 
     int convert() {
-        const int code = m_inputs->Test(m_controller);
+        int code = m_inputs->Test(m_controller);
+        if (code == 0 && (holdsResult(m_result.files.output) || holdsResult(m_result.files.log))) {
+            code = m_inputs->TestDialect(m_controller);
+        }
         m_isStoppedBefore = RunWatch::Signal() != 0;
         if (code != 0 || m_isStoppedBefore) {
             return code;

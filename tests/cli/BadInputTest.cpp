@@ -68,6 +68,22 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
     }
 }
 
+TEST_F(BadInput, KeepsTheLastResultsWhereNoConversionBegins) {
+    const std::string table = R"(Header|302
+Header~LINEAR_INTERPOLATION|303
+##### Header~REV_EXECUTION_ORDER~LAST|308
+##### Header~RAPID~FMAX|345)";
+    for (const auto& [dialect, code, none] : rowsOf(table)) {
+        m_folder.write("a.pp", std::regex_replace(dialect + "\n", std::regex("~"), "\n"));
+        m_folder.write("o", "old");
+        m_folder.write("l", "old");
+        const ProgramResult result = run("-l l");
+        EXPECT_EQ(result.status, std::stoi(code) & 0xFF) << dialect;
+        EXPECT_THAT(result.err, testing::HasSubstr("error " + code)) << dialect;
+        EXPECT_EQ(read("o") + read("l"), "oldold") << dialect;
+    }
+}
+
 TEST_F(BadInput, EndsTheProcessAtAnArcWithoutADirection) {
     m_folder.write("a.nc", "G1 X1\n\n  N30 G2 X5 (no centre)\nX9\n");
     const ProgramResult result = run("-l l --report r");
