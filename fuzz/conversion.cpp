@@ -60,8 +60,7 @@ void expectReadable(const MemoryFile& output, int code) {
     const FileOwner file(std::fopen(output.path(), "rb"));
     ToolPath path;
     AptReader reader;
-    if (!reader.Read(file.get(), path) &&
-        reader.Reason().find(kTooLarge) == std::string::npos &&
+    if (!reader.Read(file.get(), path) && reader.Reason().find(kTooLarge) == std::string::npos &&
         (code == 0 || !std::string_view(reader.Reason()).starts_with(kAnnounced))) {
         expect(false, (std::to_string(reader.Line()) + ": " + reader.Reason()).c_str());
     }
