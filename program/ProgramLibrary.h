@@ -10,8 +10,8 @@
 #include <vector>
 
 /// Finds subprograms: in the file of the caller, in that of the main program, as files beside it,
-/// and in further folders. Owns all files of a program. Neither a name nor a link leads out of those
-/// folders.
+/// and in further folders. Owns all files of a program. Neither a name nor a link leads out of
+/// those folders.
 class ProgramLibrary {
 public:
     /// Where a subprogram stands.
