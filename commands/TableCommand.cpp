@@ -125,14 +125,15 @@ int TableCommand::setOrigin(std::size_t index) {
     return 0;
 }
 
-// Where an axis has moved in the zero before, nobody says how far the new one lies from it.
+// Where an axis has moved in its zero before, only machine zero says how far the new one lies from
+// it.
 void TableCommand::noteUnknown() {
-    bool hasMoved = false;
-    for (int axis = 0; axis < 3; ++axis) {
-        hasMoved = hasMoved || (m_values[static_cast<std::size_t>(axis)] &&
-                                control().Status().IsAxisGiven(axis));
+    bool isLost = false;
+    for (int axis = 0; axis < 3 && !control().coordinates.zeros.MachineZero(); ++axis) {
+        isLost = isLost ||
+                 (m_values[static_cast<std::size_t>(axis)] && control().Status().IsAxisGiven(axis));
     }
-    control().Status().Note(hasMoved ? BlockNote::kUnknownPlace : BlockNote::kUnknownOrigin);
+    control().Status().Note(isLost ? BlockNote::kUnknownPlace : BlockNote::kUnknownOrigin);
 }
 
 // The coordinates are those behind frame and shift, as the tool has them in that system.

@@ -52,13 +52,15 @@ bool isCopied(std::string_view output, std::string_view log) {
     return true;
 }
 
-// A run that ended early may leave a movement that is announced only.
+// A run that ended early may leave a movement that is announced only, and a program may ask for
+// positions that are numbers, but beyond those that the reader takes.
 void expectReadable(const MemoryFile& output, int code) {
     constexpr std::string_view kAnnounced = "the file ends in front of the movement";
+    constexpr std::string_view kTooLarge = "larger than any machine";
     const FileOwner file(std::fopen(output.path(), "rb"));
     ToolPath path;
     AptReader reader;
-    if (!reader.Read(file.get(), path) &&
+    if (!reader.Read(file.get(), path) && reader.Reason().find(kTooLarge) == std::string::npos &&
         (code == 0 || !std::string_view(reader.Reason()).starts_with(kAnnounced))) {
         expect(false, (std::to_string(reader.Line()) + ": " + reader.Reason()).c_str());
     }

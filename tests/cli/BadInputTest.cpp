@@ -69,8 +69,7 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
 }
 
 TEST_F(BadInput, KeepsTheLastResultsWhereNoConversionBegins) {
-    const std::string table = R"(Header|302
-Header~LINEAR_INTERPOLATION|303
+    const std::string table = R"(##### Header~LINEAR_INTERPOLATION|302
 ##### Header~REV_EXECUTION_ORDER~LAST|308
 ##### Header~RAPID~FMAX|345)";
     for (const auto& [dialect, code, none] : rowsOf(table)) {

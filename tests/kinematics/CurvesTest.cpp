@@ -130,6 +130,9 @@ TEST(Curves, AreNotMistakenForStraightOnesByTheirEnds) {
 TEST(Curves, EndWhereTheyWouldNot) {
     const ToolCurve curve = curveOf(1e6, 1e6, 0, {});
     EXPECT_TRUE(CurveSplitter(curve, 1e-6, 1.0, 1e6).Split().empty());
+    EXPECT_TRUE(CurveSplitter(curve, 1.0, 1.0, 1e12).Split().empty());
+    EXPECT_TRUE(CurveSplitter(curve, 1e-300, 1.0, 360.0).Split().empty());
+    EXPECT_TRUE(CurveSplitter(curveOf(10, 360, 0, {}), 0.02, 1.0, 360.0).Split(50).empty());
 }
 
 TEST(Curves, FollowTheGreatArc) {
