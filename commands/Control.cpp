@@ -238,7 +238,7 @@ int Control::CheckKnown(const gmVector3& point) {
                ? 0
                : Refuse(kAxisUnknown, "nobody knows where the tool is in " +
                                           AxisKnowledge::NameUnknown(point) +
-                                          " since it went to a place of the machine");
+                                          " at a place of the machine, or on the way to one");
 }
 
 int Control::CheckFeed(const Movement& movement) {

@@ -34,8 +34,9 @@ int LinearMovement::makeMovement(Movement& movement) {
     movement.rapid = m_rapid;
     movement.arc.reset();
     if (m_hasArcWords) {
-        return status().GetControl()->Refuse(kArcRefused,
-                                             "an arc has no direction: the movement is straight");
+        return status().GetControl()->Refuse(
+            kArcRefused, "a radius or centre word in a straight block would be a corner (rounding "
+                         "or chamfer), which is not converted");
     }
     return resolveEndPoint(movement.end);
 }

@@ -1,7 +1,7 @@
 ##### Header
 #FILE:       UNCODED
 #VERSION:    V1R5
-# router: small controllers of routers, engravers and lasers, without variables or cycles
+# router: small controllers of routers, engravers and lasers, without variables or cycles; / is run
 # Lines that begin with a number sign and a blank are comments.
 ##### Toolmachine Section
 MFG_CLASS_NAME

@@ -850,14 +850,7 @@ ProgramRunner::Step ProgramRunner::execute(const ReturnStatement& statement) {
         return missing("there is no subprogram to return from");
     }
     if (m_levels.size() == 1) {
-        // The block says so to the report, and nothing follows it.
-        top().line = top().end;
-        if (statement.restarts) {
-            (void)give({}, false);
-            m_restarts = true;
-            return Step::kBlock;
-        }
-        return Step::kGoOn;
+        return returnFromMain(statement);
     }
     const bool isLast = top().passes <= 1;
     endPass();
@@ -868,6 +861,24 @@ ProgramRunner::Step ProgramRunner::execute(const ReturnStatement& statement) {
         return jump(*statement.resumes, JumpStatement::Direction::kForwardFirst, false);
     }
     return Step::kGoOn;
+}
+
+// Going on in front of the return would be the loop that a return without a target is.
+ProgramRunner::Step ProgramRunner::returnFromMain(const ReturnStatement& statement) {
+    if (statement.resumes) {
+        const Step step = jump(*statement.resumes, JumpStatement::Direction::kForwardFirst, false);
+        if (step == Step::kFailed || top().line > m_line) {
+            return step;
+        }
+    }
+    // The block says so to the report, and nothing follows it.
+    top().line = top().end;
+    if (!statement.restarts) {
+        return Step::kGoOn;
+    }
+    (void)give({}, false);
+    m_restarts = true;
+    return Step::kBlock;
 }
 
 // Among the blocks of a program the flow passes over it.

@@ -126,6 +126,7 @@ private:
     [[nodiscard]] bool push(Level level);
     void pop();
     [[nodiscard]] bool leavePart();
+    [[nodiscard]] Step returnFromMain(const ReturnStatement& statement);
     void endPass();
 
     [[nodiscard]] bool evaluate(const Expression& expression, Value& value);

@@ -143,7 +143,7 @@ struct ReturnStatement {
     bool needsCall = false;                 ///< a failure in the main program
     bool restarts = false;                  ///< in the main program, a control would begin again
     std::optional<Expression> value = {};   ///< what the caller gets
-    std::optional<JumpTarget> resumes = {}; ///< where the caller goes on
+    std::optional<JumpTarget> resumes = {}; ///< where the caller goes on, or the main program
 };
 
 /// The begin of a subprogram: among the blocks, where running into it passes over it, or at the

@@ -22,16 +22,6 @@ constexpr const char* kKindTexts[] = {
     "older generation, coded",
 };
 
-std::string printable(std::string text) {
-    for (char& byte : text) {
-        const auto value = static_cast<unsigned char>(byte);
-        if (value < 0x20 || value == 0x7F) {
-            byte = '?';
-        }
-    }
-    return text;
-}
-
 std::string counted(long count, const char* name) {
     return std::to_string(count) + ' ' + name + (count == 1 ? "" : "s");
 }
@@ -45,7 +35,8 @@ void printSettings(std::FILE* out, const ParamCheck& check, bool isLathe) {
                 std::fprintf(out, "%s%s%s", isFirst ? "\n" : "", isFirst ? heading : "",
                              isFirst ? "\n" : "");
                 std::fprintf(out, "  line %5ld  %-30s  %s\n", entry->line,
-                             printable(entry->text).c_str(), printable(settingOf(*entry)).c_str());
+                             printableText(entry->text).c_str(),
+                             printableText(settingOf(*entry)).c_str());
                 isFirst = false;
             }
         }
@@ -59,7 +50,7 @@ void printKeyLines(std::FILE* out, const char* heading,
     }
     std::fprintf(out, "\n%s\n", heading);
     for (const ParamCheck::Line& line : lines) {
-        std::fprintf(out, "  line %5ld  %s\n", line.number, printable(line.text).c_str());
+        std::fprintf(out, "  line %5ld  %s\n", line.number, printableText(line.text).c_str());
     }
 }
 
@@ -77,7 +68,7 @@ void printFindings(std::FILE* out, const CheckedFile& file) {
             std::fprintf(out, "%12s", "");
         }
         std::fprintf(out, "  %s: %s\n", nameOf(severityOf(finding.kind)),
-                     printable(finding.text).c_str());
+                     printableText(finding.text).c_str());
     }
 }
 

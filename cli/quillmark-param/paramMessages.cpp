@@ -13,5 +13,7 @@ int failWith(const char* name, std::string_view text) {
 void warnOf(const char* name, std::string_view text) {
     std::fputs("quillmark-param: warning: '", stderr);
     printText(stderr, name);
-    std::fprintf(stderr, "': %.*s\n", static_cast<int>(text.size()), text.data());
+    std::fputs("': ", stderr);
+    printText(stderr, text);
+    (void)std::fputc('\n', stderr);
 }

@@ -7,6 +7,7 @@
 #include "cli/shared/wholeFile.h"
 #include "driver/StandardDescriptors.h"
 #include "softCommon/CErrorUtil/processEnd.h"
+#include "update/liesPP.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -63,7 +64,7 @@ void printHelp() noexcept {
                      "  NAME        as IN is also a dialect of quillmark --dialects, when no file\n"
                      "              has that name\n"
                      "  --json      lets check write one JSON object, in front of IN or behind it\n"
-                     "  --help      this text, as the only argument\n"
+                     "  --help, -h  this text, as the only argument\n"
                      "  --version   version and banner, as the only argument\n"
                      "\n"
                      "OUT is written whole or not at all; it may be the same file as IN.\n"
@@ -77,7 +78,7 @@ void printHelp() noexcept {
 }
 
 bool printsInformation(const char* argument) noexcept {
-    if (std::strcmp(argument, "--help") == 0) {
+    if (std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0) {
         printHelp();
         return true;
     }
@@ -178,6 +179,7 @@ int main(int argc, char** argv) {
     if (argc == 2 && printsInformation(argv[1])) {
         return flushStandardOutput(kName) ? kParamDone : kParamFailed;
     }
+    setLiesPPMessages(stderr); // standard output is for what was asked for
     std::span arguments(argv + 1, argc < 1 ? 0U : static_cast<std::size_t>(argc) - 1);
     const bool asJson = takeJsonOption(arguments);
     const ParamCommand* const command = arguments.empty() ? nullptr : findCommand(arguments);

@@ -2,7 +2,9 @@
 
 #include "cli/quillmark/exitStatus.h"
 #include "cli/quillmark/writeBatchReport.h"
+#include "cli/shared/JsonWriter.h"
 #include "cli/shared/errorLine.h"
+#include "cli/shared/fileKind.h"
 #include "cli/shared/printDialects.h"
 #include "cli/shared/printText.h"
 #include "driver/Controller.h"
@@ -11,7 +13,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <memory>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,6 +25,30 @@ namespace {
 bool isBefore(const timespec& left, const timespec& right) noexcept {
     return left.tv_sec < right.tv_sec ||
            (left.tv_sec == right.tv_sec && left.tv_nsec < right.tv_nsec);
+}
+
+// As the report has it.
+std::string parameterEntry(const char* name) {
+    char* text = nullptr;
+    std::size_t size = 0;
+    std::FILE* const stream = open_memstream(&text, &size);
+    if (stream == nullptr) {
+        throw std::bad_alloc();
+    }
+    JsonWriter(stream).Entry("parameter", std::string_view(name));
+    const bool isWhole = std::fclose(stream) == 0;
+    const std::unique_ptr<char, decltype(&std::free)> owner(text, std::free);
+    if (!isWhole) {
+        throw std::bad_alloc();
+    }
+    return {text, size};
+}
+
+// Whether a report tells of another parameter file, or of a run that left its result as it was.
+bool tellsOfAnother(const std::string& report, const char* parameter) {
+    const std::string head = headOf(report.c_str());
+    const auto holds = [&head](std::string_view text) { return head.find(text) != head.npos; };
+    return !head.empty() && !(holds(parameterEntry(parameter)) && holds("\"exit_status\": 0,"));
 }
 
 void printQuoted(const std::string& name) noexcept {
@@ -153,7 +182,8 @@ bool BatchRun::isUpToDate(const BatchProgram& program) const {
     struct stat parameter {};
     return stat(program.output.c_str(), &output) == 0 && stat(program.nc.c_str(), &nc) == 0 &&
            stat(m_inputs.OpenedParameterName(), &parameter) == 0 &&
-           isBefore(nc.st_mtim, output.st_mtim) && isBefore(parameter.st_mtim, output.st_mtim);
+           isBefore(nc.st_mtim, output.st_mtim) && isBefore(parameter.st_mtim, output.st_mtim) &&
+           !tellsOfAnother(program.report, m_inputs.OpenedParameterName());
 }
 
 void BatchRun::waitForJobs() {

@@ -76,6 +76,18 @@ const ValuedOption* findValuedOption(std::string_view argument) noexcept {
     return row == std::end(kValuedOptions) ? nullptr : row;
 }
 
+// The last value of an option counts.
+void judgeRepetition(const char* option, std::vector<const char*>& given,
+                     FrontEndOptions& options) {
+    given.push_back(option);
+    const auto times = std::ranges::count_if(
+        given, [option](const char* other) { return isSpelling(option, other); });
+    if (times == 2) {
+        options.repetitions.push_back("'" + std::string(option) +
+                                      "' is given more than once: the last one counts");
+    }
+}
+
 // For the value of -ot; the names of the kinds are those that the conversion knows.
 void judgeOutputType(const char* value, FrontEndOptions& options) {
     constexpr std::string_view kTypes[] = {"APT", "TOOLPATH"};
@@ -123,19 +135,24 @@ FrontEndOptions readFrontEndOptions(int argc, char** argv) {
         options.arguments.push_back(argv[0]);
     }
     const char* before = nullptr;
+    std::vector<const char*> given;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
         const char* const optionBefore = std::exchange(before, nullptr);
         if (Controller::TakesValue(argv[i])) {
             before = argv[i];
             options.arguments.push_back(argv[i]);
+            judgeRepetition(before, given, options);
             if (i + 1 < argc) {
                 options.arguments.push_back(argv[++i]);
+            } else if (isSpelling(before, "-l")) {
+                options.warnings.emplace_back("'-l' is passed over: no name of a file follows it");
             }
             if (isSpelling(before, "-ot")) {
                 judgeOutputType(argv[i] == before ? nullptr : argv[i], options);
             }
         } else if (const ValuedOption* const row = findValuedOption(argument)) {
+            judgeRepetition(row->text.data(), given, options);
             const bool hasValue = argument == row->text && i + 1 < argc && *argv[i + 1] != '\0';
             if (hasValue) {
                 options.*row->value = argv[++i];

@@ -21,6 +21,8 @@ struct FrontEndOptions {
     const char* usageError = nullptr;
     /// What is passed over without effect, and likely was meant: a line for each.
     std::vector<std::string> warnings;
+    /// Options that are given again, of a batch as well: a line for each.
+    std::vector<std::string> repetitions;
     /// The arguments that no option takes: the programs of a batch.
     std::vector<const char*> strays;
     /// The program's name and the arguments of Controller::run, with a null behind them.

@@ -52,10 +52,16 @@ int InputFiles::Test(NCScan& scan) {
     if (const int code = testParameterFile(scan); code != 0) {
         return code;
     }
+    const bool isProgram = looksLikeProgram(headOf(m_opened.c_str()));
     if (const int reason = isStandardInput(m_nc) ? 0 : reasonAgainstReading(m_nc); reason != 0) {
+        if (isProgram && DialectFolder().Find(m_nc) != m_nc) {
+            scan.KeepFailureText("it is a dialect, and '" + std::string(ParameterName()) +
+                                 "' looks like an NC program: -p and -nc seem to be exchanged");
+            return kNCFileUnreadable;
+        }
         return failWith(scan, kNCFileUnreadable, reason);
     }
-    if (looksLikeProgram(headOf(m_opened.c_str()))) {
+    if (isProgram) {
         scan.KeepFailureText(HasParameterFileAsProgram()
                                  ? "it looks like an NC program, and '" + std::string(m_nc) +
                                        "' like a parameter file: -p and -nc seem to be exchanged"

@@ -62,6 +62,25 @@ bool isTerminal(int descriptor) noexcept {
     return isatty(descriptor) != 0 && kind != nullptr && std::strcmp(kind, "dumb") != 0;
 }
 
+void warn(const FrontEndOptions& options, std::string_view text) noexcept {
+    if (!options.quiet) {
+        std::fputs("quillmark: warning: ", stderr);
+        printText(stderr, text);
+        (void)std::fputc('\n', stderr);
+    }
+}
+
+int runBatch(const FrontEndOptions& options) {
+    const BatchOptions batch = readBatchOptions(options);
+    if (!batch.error.empty()) {
+        return tellBatchError(batch);
+    }
+    for (const std::string& repetition : options.repetitions) {
+        warn(options, repetition);
+    }
+    return BatchRun(batch).Execute();
+}
+
 // One conversion with all that the front end tells about it.
 class Run {
 public:
@@ -170,16 +189,10 @@ private:
     }
 
     void tellWarnings() const {
-        for (const std::string& warning : m_options.warnings) {
-            warn(warning);
-        }
-    }
-
-    void warn(std::string_view text) const noexcept {
-        if (!m_options.quiet) {
-            std::fputs("quillmark: warning: ", stderr);
-            printText(stderr, text);
-            (void)std::fputc('\n', stderr);
+        for (const auto* const warnings : {&m_options.repetitions, &m_options.warnings}) {
+            for (const std::string& warning : *warnings) {
+                warn(m_options, warning);
+            }
         }
     }
 
@@ -202,7 +215,7 @@ private:
         }
         const ConversionFiles& files = m_result.files;
         if (m_inputs->HasParameterFileAsProgram()) {
-            warn("NC file '" + std::string(files.nc) + "' looks like a parameter file");
+            warn(m_options, "NC file '" + std::string(files.nc) + "' looks like a parameter file");
         }
         return m_controller.execute(m_inputs->OpenedParameterName(), files.nc, files.output,
                                     files.log, m_type);
@@ -417,8 +430,7 @@ int main(int argc, char** argv, char** envp) try {
         return kExitUsage;
     }
     if (options.into != nullptr) {
-        const BatchOptions batch = readBatchOptions(options);
-        return batch.error.empty() ? BatchRun(batch).Execute() : tellBatchError(batch);
+        return runBatch(options);
     }
     return Run(std::move(options)).Execute(envp);
 } catch (const std::bad_alloc&) {

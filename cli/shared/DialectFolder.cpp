@@ -52,7 +52,8 @@ std::string firstComment(const std::string& file, const std::string& name) {
 
 DialectFolder::DialectFolder() {
     const char* const chosen = std::getenv("QUILLMARK_DIALECTS");
-    m_name = chosen != nullptr && *chosen != '\0' ? chosen : installedFolder().string();
+    m_isChosen = chosen != nullptr && *chosen != '\0';
+    m_name = m_isChosen ? chosen : installedFolder().string();
 }
 
 std::string DialectFolder::Find(const char* name) const {

@@ -17,6 +17,8 @@ public:
 
     /// The folder's own name, for messages; empty when nobody knows where it lies.
     [[nodiscard]] const std::string& Name() const noexcept { return m_name; }
+    /// Whether the environment variable names it.
+    [[nodiscard]] bool IsChosen() const noexcept { return m_isChosen; }
     /// The file that is meant by `name`: the file of that dialect when no file has the name as it
     /// stands, else `name`.
     [[nodiscard]] std::string Find(const char* name) const;
@@ -25,4 +27,5 @@ public:
 
 private:
     std::string m_name;
+    bool m_isChosen = false;
 };

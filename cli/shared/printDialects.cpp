@@ -37,18 +37,33 @@ bool printDialects(std::FILE* stream, const char* program) {
 }
 
 void printNearestDialect(std::FILE* stream, const char* program, const char* name) {
+    const DialectFolder folder;
     int error = 0;
-    const std::vector<DialectFolder::Dialect> dialects = DialectFolder().List(error);
+    const std::vector<DialectFolder::Dialect> dialects = folder.List(error);
     std::vector<std::string_view> names;
     names.reserve(dialects.size());
     for (const DialectFolder::Dialect& dialect : dialects) {
         names.push_back(dialect.name);
     }
-    if (const std::string_view nearest = nearestName(name, names); !nearest.empty()) {
-        std::fprintf(stream, "%s: no dialect has the name '", program);
-        printText(stream, name);
-        std::fputs("'; the nearest is '", stream);
-        printText(stream, nearest);
-        std::fputs("' (quillmark --dialects lists them)\n", stream);
+    const std::string_view nearest = nearestName(name, names);
+    // A name with a folder or an ending is meant as that of a file.
+    const bool isFolderTold = folder.IsChosen() && std::strpbrk(name, "/.") == nullptr;
+    if (nearest.empty() && !isFolderTold) {
+        return;
     }
+    std::fprintf(stream, "%s: no dialect", program);
+    if (isFolderTold) {
+        std::fputs(" of QUILLMARK_DIALECTS, '", stream);
+        printText(stream, folder.Name());
+        std::fputs("',", stream);
+    }
+    std::fputs(" has the name '", stream);
+    printText(stream, name);
+    (void)std::fputc('\'', stream);
+    if (!nearest.empty()) {
+        std::fputs("; the nearest is '", stream);
+        printText(stream, nearest);
+        std::fputs("' (quillmark --dialects lists them)", stream);
+    }
+    (void)std::fputc('\n', stream);
 }

@@ -167,6 +167,28 @@ TEST_F(Batch, ResumesWithWhatIsMissingOrOld) {
     }
 }
 
+TEST_F(Batch, ResumesWithWhatAnotherDialectMadeOrFailed) {
+    m_folder.write("b.pp", kDialect);
+    m_folder.write("none.pp", mill({{"REV_NOT_CONVERTED", "G1"}}));
+    ASSERT_EQ(shell("touch -t 202001010001 *").status, 0);
+    // The parameter files of two runs; what becomes of the result in the second one.
+    const std::string table = R"(a.pp|a.pp|0 converted, 0 failed, 1 left alone
+a.pp|b.pp|1 converted, 0 failed, 0 left alone
+b.pp|none.pp|0 converted, 1 failed, 0 left alone
+none.pp|none.pp|0 converted, 1 failed, 0 left alone
+none.pp|b.pp|1 converted, 0 failed, 0 left alone)";
+    for (const auto& [first, second, counts] : rowsOf(table)) {
+        (void)shell("quillmark -p " + first + " --into out good.nc");
+        EXPECT_THAT(shell("quillmark -p " + second + " --into out --resume good.nc").err,
+                    EndsWith("quillmark: 1 program: " + counts + "\n"))
+            << first << " " << second;
+    }
+    EXPECT_EQ(shell("quillmark -p b.pp -p a.pp --into x --into out --resume good.nc").err,
+              "quillmark: warning: '-p' is given more than once: the last one counts\n"
+              "quillmark: warning: '--into' is given more than once: the last one counts\n"
+              "quillmark: 1 program: 1 converted, 0 failed, 0 left alone\n");
+}
+
 TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
     EXPECT_EQ(shell("mkdir b; cp good.nc b; ln -s ../good.nc b/link.apt").status, 0);
     m_folder.write("short.pp", kDialect + "REV_PROGRAM_LANGUAGE\n");

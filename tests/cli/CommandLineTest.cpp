@@ -78,7 +78,11 @@ TEST_F(Program, NamesWhatItPassesOver) {
 -of o b.nc|'b.nc' is passed over: no option takes it
 -|'-' is passed over: no option takes it
 -ot apt|kind of output 'apt' is passed over; the nearest is APT
--ot PNG -ot APT|kind of output 'PNG' is passed over; the only kind is APT
+-ot PNG|kind of output 'PNG' is passed over; the only kind is APT
+-l|'-l' is passed over: no name of a file follows it
+-l l -L m|'-L' is given more than once: the last one counts
+-p x.pp -nc a.nc -p a.pp|'-p' is given more than once: the last one counts
+--report r --report r|'--report' is given more than once: the last one counts
 --version|'--version' is passed over: it stands alone
 'a	b'|'a\x09b' is passed over: no option takes it)";
     for (const auto& [options, warning, none] : rowsOf(table)) {

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -52,7 +53,8 @@ TEST_F(Dialect, IsFoundByTheToolForParameterFiles) {
     EXPECT_EQ(with("d", "quillmark-param encode small-mill coded").status, 0);
     EXPECT_EQ(with("d", "quillmark-param check smal-mill").err,
               "quillmark-param: 'smal-mill': cannot be read: No such file or directory\n"
-              "quillmark-param: no dialect has the name 'smal-mill'; the nearest is 'small-mill' "
+              "quillmark-param: no dialect of QUILLMARK_DIALECTS, 'd', has the name 'smal-mill'; "
+              "the nearest is 'small-mill' "
               "(quillmark --dialects lists them)\n");
 }
 
@@ -74,10 +76,23 @@ TEST_F(Dialect, IsProposedWhenItsNameIsNear) {
     const auto said = [this](const std::string& name) {
         return with("d", "quillmark -p " + name + " -nc a.nc -of o").err;
     };
-    EXPECT_THAT(said("SMALL_MILL"), HasSubstr("\nquillmark: no dialect has the name 'SMALL_MILL'; "
+    EXPECT_THAT(said("SMALL_MILL"), HasSubstr("\nquillmark: no dialect of QUILLMARK_DIALECTS, "
+                                              "'d', has the name 'SMALL_MILL'; "
                                               "the nearest is 'small-mill' "));
-    EXPECT_EQ(said("big-mill"), "quillmark: error 301: cannot open parameter file 'big-mill': No "
+    EXPECT_EQ(said("big/mill"), "quillmark: error 301: cannot open parameter file 'big/mill': No "
                                 "such file or directory\n");
+    EXPECT_THAT(said("big-mill"),
+                EndsWith("directory\nquillmark: no dialect of QUILLMARK_DIALECTS, 'd', has the "
+                         "name 'big-mill'\n"));
+}
+
+TEST_F(Dialect, MayStandInThePlaceOfTheProgram) {
+    EXPECT_EQ(with("d", "quillmark -p a.nc -nc small-mill -of o").err,
+              "quillmark: error 200: cannot read NC file 'small-mill': it is a dialect, and 'a.nc' "
+              "looks like an NC program: -p and -nc seem to be exchanged\n");
+    EXPECT_EQ(
+        with("d", "quillmark -p a.pp -nc small-mill -of o").err,
+        "quillmark: error 200: cannot read NC file 'small-mill': No such file or directory\n");
 }
 
 } // namespace

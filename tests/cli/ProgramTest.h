@@ -41,10 +41,15 @@ protected:
             {"sh", "-c", command},
             {m_folder.path(), input, {{"PATH", QUILLMARK_PROGRAMS ":/usr/bin:/bin"}}});
     }
-    /// Converts the usual files, which options behind them can replace.
+    /// Converts the usual files, in place of which the options can name others.
     [[nodiscard]] ProgramResult run(const std::string& options,
                                     const std::string& input = "") const {
-        return shell("exec quillmark -p a.pp -nc a.nc -of o " + options, input);
+        std::string usual;
+        for (const std::string file : {"-p a.pp ", "-nc a.nc ", "-of o "}) {
+            const std::string option = " " + file.substr(0, file.find(' ') + 1);
+            usual += (" " + options).find(option) == std::string::npos ? file : "";
+        }
+        return shell("exec quillmark " + usual + options, input);
     }
     [[nodiscard]] std::string read(const std::string& name) const { return m_folder.read(name); }
 

@@ -37,7 +37,7 @@ TEST_F(Report, TellsWhatWasNotUnderstood) {
 -nc bad.nc --strict|3|all
 --quiet -nc bad.nc --strict|3|count
 -nc bad.nc -p --quiet|0|all
--nc bad.nc --report -p --quiet|0|nothing)";
+-p a.pp -nc bad.nc --report -p --quiet|0|nothing)";
     for (const auto& [options, status, said] : rowsOf(table)) {
         const ProgramResult result = run(options);
         EXPECT_EQ(result.status, std::stoi(status)) << options;

@@ -107,10 +107,10 @@ MFG_CLASS_NAME~MILLING_MACHINE~RAPID~G00~LINEAR~G01~|no)";
 
 TEST_F(Streams, GetNoByteThatATerminalActsOn) {
     const std::string longText(210, 'Y');
-    m_folder.write("a.nc",
-                   "G1 X1 \xE4\xC3\xA4\xC2\x9B[2J\x1B \xED\xA0\x80\nG4 X2 " + longText + "\n");
+    m_folder.write("a.nc", "G1 X1 \xE4\xC3\xA4\xC2\x9B[2J\x1B \xED\xA0\x80\xE2\x80\xAE\nG4 X2 " +
+                               longText + "\n");
     EXPECT_THAT(run("").err, testing::AllOf(HasSubstr("  \\xE4\xC3\xA4\\xC2\\x9B[2J\\x1B\n"),
-                                            HasSubstr("  \\xED\\xA0\\x80\n"),
+                                            HasSubstr("  \\xED\\xA0\\x80\\xE2\\x80\\xAE\n"),
                                             HasSubstr("in a block that moves the tool: G4 X2 " +
                                                       longText.substr(0, 194) + "...\n")));
     EXPECT_THAT(run("-nc '\xE4\xC3\xA4'").err, HasSubstr("NC file '\\xE4\xC3\xA4': No such"));

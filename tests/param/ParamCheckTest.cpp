@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <map>
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -60,6 +61,13 @@ TEST_F(ParamCheck, CountsLinesOfTheFileThatItWasGivenAndKnowsPrograms) {
     EXPECT_THAT(run.err, HasSubstr("it looks like an NC program"));
     EXPECT_THAT(shell("quillmark-param check --json coded").out,
                 HasSubstr(R"("lines_of": "decoded")"));
+    // Long enough for a record of an old file, which then cannot be decoded.
+    m_folder.write("bad", std::string(80, '?') + "\n" + std::string(80, '?') + "\n?\n");
+    const ProgramResult bad = shell("quillmark-param check --json bad");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_THAT(bad.out, AllOf(StartsWith("{\n"), HasSubstr(R"("return_code": 306)")));
+    EXPECT_THAT(bad.err, HasSubstr("Error in PpLiesDatei: Can't decode\nquillmark-param: "));
+    EXPECT_EQ(shell("quillmark-param check --json none").out, "");
 }
 
 TEST_F(ParamCheck, FindsWhatLooksWrongAndNothingElse) {

@@ -127,6 +127,7 @@ TEST_F(ParamTool, RefusesWhatACommandCannotDo) {
         EXPECT_THAT(run.err, StartsWith("usage: quillmark-param encode IN OUT\n")) << call;
     }
     EXPECT_THAT(param("--help").out, HasSubstr("Exit status"));
+    EXPECT_EQ(param("-h").out, param("--help").out);
     EXPECT_THAT(param("--version").out, StartsWith("quillmark-param "));
 }
 
