@@ -16,6 +16,7 @@ constexpr double kMostTurning = 360'000.0;         // degrees of one chord
 constexpr double kMostTurningInAll = 36'000'000.0; // degrees
 constexpr double kSmallest = 1e-9;                 // a step that is always taken,
 constexpr int kMostSmallest = 100;                 // so often
+constexpr double kMostPlaces = 3'000'000.0;        // looked at, where a point takes some thirty
 
 double axisError(const gmVector3& begin, const gmVector3& end, double u, const gmVector3& truth) {
     constexpr double kNoDirection = 1e-6;
@@ -32,7 +33,7 @@ CurveSplitter::CurveSplitter(const ToolCurve& curve, double tolerance, double ax
     : m_curve(curve), m_tolerance(tolerance * kMargin),
       m_axisTolerance(gmRadians(axisTolerance) * kMargin), m_turning(turning) {}
 
-std::vector<double> CurveSplitter::Split(std::size_t most) const {
+std::vector<double> CurveSplitter::Split(std::size_t most) {
     std::vector<double> fractions;
     if (m_turning > kMostTurningInAll) {
         return fractions;
@@ -44,7 +45,7 @@ std::vector<double> CurveSplitter::Split(std::size_t most) const {
     while (begin < 1.0) {
         const double taken = farthestStep(begin, std::min(step, 1.0 - begin));
         smallest += taken > kSmallest ? 0 : 1;
-        if (fractions.size() == most || smallest > kMostSmallest) {
+        if (fractions.size() == most || smallest > kMostSmallest || m_places > kMostPlaces) {
             return {};
         }
         const double end = begin + taken >= 1.0 ? 1.0 : begin + taken;
@@ -61,7 +62,7 @@ std::vector<double> CurveSplitter::Split(std::size_t most) const {
 }
 
 // The error grows about with the square of the step, which guides the search.
-double CurveSplitter::farthestStep(double begin, double step) const {
+double CurveSplitter::farthestStep(double begin, double step) {
     constexpr double kNearEnough = 0.9; // of the tolerance
     constexpr int kMostTries = 40;
     double good = 0.0;
@@ -91,7 +92,7 @@ double CurveSplitter::farthestStep(double begin, double step) const {
     return std::max(good, kSmallest);
 }
 
-bool CurveSplitter::isEvenEnough(std::size_t parts) const {
+bool CurveSplitter::isEvenEnough(std::size_t parts) {
     const auto count = static_cast<double>(parts);
     for (std::size_t i = 0; i < parts; ++i) {
         const double end = i + 1 == parts ? 1.0 : static_cast<double>(i + 1) / count;
@@ -103,12 +104,13 @@ bool CurveSplitter::isEvenEnough(std::size_t parts) const {
 }
 
 // In parts of the tolerance. Where it is far beyond, the rest is not looked at.
-double CurveSplitter::errorOf(double begin, double end) const {
+double CurveSplitter::errorOf(double begin, double end) {
     constexpr double kFarBeyond = 4.0;
     const ToolPlace from = m_curve(begin);
     const ToolPlace to = m_curve(end);
     const double samples =
         std::max(kFewestSamples, std::ceil((end - begin) * m_turning / kDegreesPerSample));
+    m_places += samples;
     double most = 0.0;
     for (double i = 1.0; i < samples && most < kFarBeyond; ++i) {
         const double u = i / samples;

@@ -15,7 +15,7 @@ using ToolCurve = std::function<ToolPlace(double fraction)>;
 /// ends.
 class CurveSplitter {
 public:
-    static constexpr std::size_t kMostPoints = 500'000; ///< of one movement; more are a mistake
+    static constexpr std::size_t kMostPoints = 100'000; ///< of one movement; more are a mistake
 
     /// `tolerance` in the unit of the tips, `axisTolerance` in degrees, both above 0; `turning` is
     /// how many degrees things turn on the whole way, so that no turn lies between two samples.
@@ -23,16 +23,18 @@ public:
     CurveSplitter(const ToolCurve& curve, double tolerance, double axisTolerance, double turning);
 
     /// The fractions of the points, the last of which is 1. Empty when there were more than `most`,
-    /// more turns than a movement has, or places where no step is small enough.
-    [[nodiscard]] std::vector<double> Split(std::size_t most = kMostPoints) const;
+    /// more turns than a movement has, or places where no step is small enough or too many are
+    /// tried.
+    [[nodiscard]] std::vector<double> Split(std::size_t most = kMostPoints);
 
 private:
-    [[nodiscard]] double errorOf(double begin, double end) const;
-    [[nodiscard]] double farthestStep(double begin, double step) const;
-    [[nodiscard]] bool isEvenEnough(std::size_t parts) const;
+    [[nodiscard]] double errorOf(double begin, double end);
+    [[nodiscard]] double farthestStep(double begin, double step);
+    [[nodiscard]] bool isEvenEnough(std::size_t parts);
 
     const ToolCurve& m_curve;
     double m_tolerance;
     double m_axisTolerance; // radians
     double m_turning;
+    double m_places = 0.0; // looked at
 };
