@@ -17,6 +17,11 @@ std::optional<WordPlace> findCode(const PassedWords::List& list, char* rest,
     return std::nullopt;
 }
 
+bool hasLetters(const PassedWords::List& list, std::string_view letters) noexcept {
+    return std::ranges::find(list.addresses, letters, &WordAddress::Letters) !=
+           list.addresses.end();
+}
+
 } // namespace
 
 void PassedWords::BuildFilter() {
@@ -37,7 +42,11 @@ std::string_view PassedWords::FindNotConverted(char* rest, char separator) const
     if (notConverted.addresses.empty() || findCode(own, rest, rule)) {
         return {};
     }
+    const bool isDwell = findCode(dwell, rest, rule).has_value();
     for (const WordAddress& address : notConverted.addresses) {
+        if (isDwell && hasLetters(dwell, address.Letters())) {
+            continue;
+        }
         if (const auto place = address.FindValue(rest, rule, separator)) {
             return place->Text();
         }

@@ -21,6 +21,7 @@ public:
     List noEffect;     ///< known, and nothing for the path
     List own;          ///< the words of their block are their own
     List notConverted; ///< a block with one ends the conversion
+    List dwell; ///< codes, and the words that are theirs in their block, whatever else these mean
     WordRule rule = WordRule::kPlain;
 
     /// Has these lists before the block is recognised at all: to be called when they are complete.
@@ -30,7 +31,7 @@ public:
     /// False when certainly neither a word of its own nor one that is not converted is in `rest`.
     [[nodiscard]] bool MayHold(const char* rest) const noexcept { return m_filter.MayHold(rest); }
     /// The word for which the block is not to be converted; empty when there is none. Words that
-    /// belong to a code of their own are none.
+    /// belong to a code of their own, or to a dwell, are none.
     [[nodiscard]] std::string_view FindNotConverted(char* rest, char separator) const noexcept;
     /// Drops the whole rest when it holds a code whose words are its own. Tells whether it did.
     bool DropOwn(char* rest) const noexcept;

@@ -9,6 +9,7 @@
 #include "commands/SpeedModeCommand.h"
 #include "commands/StateCommand.h"
 #include "commands/ThreadMovement.h"
+#include "driver/DialectRules.h"
 #include "driver/returnCodes.h"
 #include "paramfile/ModelBuilder.h"
 #include "paramfile/readReals.h"
@@ -58,6 +59,23 @@ int address(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     return builder.AddAddress(value, builder.GetControl().words.*List);
 }
 
+int dwell(ModelBuilder& builder, const KeyValue& value, int argument) {
+    const int failure = code<DwellCommand, ActionKind::kDwell>(builder, value, argument);
+    if (failure == 0) {
+        builder.Rules().passed.dwell.codes.emplace_back(value.text);
+    }
+    return failure;
+}
+
+template<WordList ControlWords::*List>
+int dwellTime(ModelBuilder& builder, const KeyValue& value, int argument) {
+    const int failure = address<List>(builder, value, argument);
+    if (failure == 0) {
+        builder.Rules().passed.dwell.addresses.emplace_back(value.text);
+    }
+    return failure;
+}
+
 int toolByWord(ModelBuilder& builder, const KeyValue& value, int /*argument*/) {
     constexpr double kMostDigits = 9.0; // an int holds them
     std::array<double, 2> numbers{};
@@ -81,10 +99,10 @@ using enum Key::Form;
 using Words = ControlWords;
 
 constexpr Key kTechnologyKeys[] = {
-    {"REV_DWELL", kWhole, kText, code<DwellCommand, kDwell>, 0, true},
-    {"REV_DWELL_SECONDS", kWhole, kAddress, address<&Words::dwellSeconds>, 0, true},
-    {"REV_DWELL_MILLISECONDS", kWhole, kAddress, address<&Words::dwellMilliseconds>, 0, true},
-    {"REV_DWELL_TURNS", kWhole, kAddress, address<&Words::dwellTurns>, 0, true},
+    {"REV_DWELL", kWhole, kText, dwell, 0, true},
+    {"REV_DWELL_SECONDS", kWhole, kAddress, dwellTime<&Words::dwellSeconds>, 0, true},
+    {"REV_DWELL_MILLISECONDS", kWhole, kAddress, dwellTime<&Words::dwellMilliseconds>, 0, true},
+    {"REV_DWELL_TURNS", kWhole, kAddress, dwellTime<&Words::dwellTurns>, 0, true},
     {"REV_STOP", kWhole, kText, change<kEnd, stop>, 0, true},
     {"REV_OPTIONAL_STOP", kWhole, kText, change<kEnd, stopOptionally>, 0, true},
     {"REV_COOLANT_MIST", kWhole, kText, mist, 0, true},

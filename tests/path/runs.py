@@ -28,12 +28,13 @@ def judge(program, seconds=20, options=()):
     return run.returncode, run.stdout.decode("latin-1"), run.stderr.decode("latin-1")
 
 
-def convert(quillmark, dialect, program, seconds=60):
+def convert(quillmark, dialect, program, seconds=60, options=()):
     """What quillmark makes of a file: its exit status (None when it does not end), the APT, what it
     tells, and its report."""
     with tempfile.TemporaryDirectory() as work:
         apt, report = os.path.join(work, "part.apt"), os.path.join(work, "report.json")
         command = [quillmark, "-p", dialect, "-nc", program, "-of", apt, "--report", report]
+        command += options
         try:
             run = subprocess.run(command, capture_output=True, timeout=seconds)
         except subprocess.TimeoutExpired:

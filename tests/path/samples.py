@@ -1,11 +1,13 @@
 """Lists what becomes of the sample programs that linuxcnc-uspace installs, those that rs274 runs
 alone and that move: the same path, another one of which quillmark warns ("told"), another one without
-a word, or a return code of quillmark. Of a program with
+a word, or a return code of quillmark. Programs of the same path that fail with --strict are listed, too,
+with what was told of them. Of a program with
 radius compensation the path is the programmed contour: rs274 gets it without the codes for it.
 
     samples.py QUILLMARK DIALECT
 
-Exits with 1 when a path differs without a word."""
+Exits with 1 when a path differs without a word, or when a program of the same path fails with
+--strict."""
 
 import collections
 import multiprocessing
@@ -80,7 +82,7 @@ def outcome(task):
     wanted, reason = judged(name)
     if wanted is None:
         return name, reason, ""
-    _, apt, told, report = runs.convert(quillmark, dialect, name)
+    status, apt, told, report = runs.convert(quillmark, dialect, name, options=["--strict"])
     failure = runs.failure(told)
     if failure:
         return name, f"refused with {failure[0]}", failure[2]
@@ -92,7 +94,10 @@ def outcome(task):
         made = aptReader.read(apt)
     except (aptReader.BadApt, ValueError, KeyError) as bad:
         return name, "DIFFERENT", f"{type(bad).__name__}: {bad}"
-    return name, *compared(name, wanted, made, report)
+    kind, text = compared(name, wanted, made, report)
+    if kind == "same path" and (status != 0 or told):
+        return name, "FAILS --strict", " ".join(told.split())
+    return name, kind, text
 
 
 def compared(name, wanted, made, report):
@@ -129,7 +134,7 @@ def main():
             if kind not in NOT_TRIED:
                 print(f"{kind:18} {name}: {text}")
     print(*(f"{count:5} {kind}" for kind, count in sorted(counts.items())), sep="\n")
-    sys.exit(1 if counts["DIFFERENT"] else 0)
+    sys.exit(1 if counts["DIFFERENT"] or counts["FAILS --strict"] else 0)
 
 
 if __name__ == "__main__":
