@@ -27,10 +27,10 @@ struct Turning {
     [[nodiscard]] bool Turns() const { return byAngles || (onGreatArc && axisFrom != axisTo); }
 };
 
-/// The rotary axes of a program: its words for them, where they stand, and what shifts their
-/// coordinates. An axis keeps its place in the machine; its coordinate in the program follows from
-/// that, and zero of the machine is that of its kinematics. An angle that nobody knows is not a
-/// number.
+/// The rotary axes of a program: its words for them and for tool vectors, where they stand, and
+/// what shifts their coordinates. An axis keeps its place in the machine; its coordinate in the
+/// program follows from that, and zero of the machine is that of its kinematics. An angle that
+/// nobody knows is not a number.
 class RotaryAxes {
 public:
     using Angles = MachineChain::Angles;

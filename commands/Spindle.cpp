@@ -37,7 +37,7 @@ int Spindle::Compute(char* line) {
     Control* const control = status().GetControl();
     const bool speedWaits = control != nullptr && std::exchange(control->speedWaits, false);
     const bool hasSpeed = TakeWords(line);
-    if (const int code = checkValue(); code != 0) {
+    if (const int code = hasSpeed ? checkValue() : 0; code != 0) {
         return code;
     }
     if (!actsOnValueAlone()) {

@@ -18,9 +18,11 @@ void TechnologyCommand::InitStatus(char* line) {
 }
 
 int TechnologyCommand::Compute(char* line) {
-    const bool isGiven = TakeWords(line);
+    if (!TakeWords(line)) {
+        return 0;
+    }
     const int code = checkValue();
-    return code == 0 && isGiven && actsOnValueAlone() ? perform() : code;
+    return code == 0 && actsOnValueAlone() ? perform() : code;
 }
 
 int TechnologyCommand::checkValue() {

@@ -77,8 +77,11 @@ int InputFiles::TestDialect(NCScan& scan) const {
     ParamScan parameters(model);
     int code = parameters.SetParameterFile(OpenedParameterName());
     code = code != 0 ? code : parameters.run();
-    if (code != 0) {
-        scan.KeepFailure(model.LastFailure());
+    const Failure& failure = model.LastFailure();
+    if (code != 0 && failure.text != nullptr) {
+        scan.KeepFailureText(failure.text); // the model may own it
+    } else if (code != 0) {
+        scan.KeepFailure(failure);
     }
     return code;
 }

@@ -8,8 +8,9 @@
 /// The signals by which a user asks a run to stop.
 inline constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-/// Takes Ctrl-C, SIGTERM and SIGHUP for as long as it lives, those excepted that are ignored. They
-/// arrive within Wait and nowhere else. There is one at a time.
+/// Of a batch; a single run has RunWatch. Takes Ctrl-C, SIGTERM and SIGHUP for as long as it lives,
+/// those excepted that are ignored. They arrive within Wait and nowhere else. There is one at a
+/// time.
 class StopSignals {
 public:
     StopSignals() noexcept;
