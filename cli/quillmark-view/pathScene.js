@@ -182,7 +182,8 @@ class PathScene {
     // Points on the arcs, few enough for all of them to be drawn, and where those of each begin.
     cutArcs() {
         const most = Math.max(4, Math.min(180, Math.floor(3e6 / (this.path.arcCount + 1))));
-        const points = [];
+        const points = new Float64Array(3 * (most - 1) * this.path.arcCount);
+        let size = 0;
         this.arcBegins = new Uint32Array(this.path.arcCount + 1);
         for (let i = 0; i < this.path.count; ++i) {
             if (this.path.kinds[i] !== kArc) {
@@ -192,11 +193,13 @@ class PathScene {
             const steps = Math.max(2, Math.ceil(most * sweep.angle / (2 * Math.PI)));
             for (let k = 1; k < steps; ++k) {
                 const {x, y, z} = this.path.pointOn(sweep, k / steps);
-                points.push(x, y, z);
+                points[size++] = x;
+                points[size++] = y;
+                points[size++] = z;
             }
-            this.arcBegins[this.path.arcOf[i] + 1] = points.length;
+            this.arcBegins[this.path.arcOf[i] + 1] = size;
         }
-        this.arcPoints = Float64Array.from(points);
+        this.arcPoints = points.slice(0, size);
     }
 
     // The points between the ends of an arc.
