@@ -9,7 +9,7 @@ class Page {
         this.path = path;
         this.scene = new PathScene(byId('canvas'), path);
         this.list = new StatementList(byId('list'), path, (movement) => this.choose(movement));
-        this.scene.onDrawn = () => this.tellScale();
+        this.scene.onDrawn = () => this.tellDrawn();
         document.title = `${path.name} - tool path`;
         byId('name').textContent = path.name;
         byId('slider').max = String(path.count);
@@ -273,8 +273,24 @@ class Page {
             byId(name).style.transform = `translate(${place.x - 5}px, ${place.y - 10}px)`;
             byId(name).hidden = !scene.axes.visible;
         }
+    }
+
+    tellDrawn() {
+        const {scene} = this;
+        if (scene.pass === 1) {
+            this.tellScale();
+        }
+        const part = Math.floor(100 * scene.pass / scene.passes);
+        byId('drawing').hidden = scene.isWhole;
+        byId('drawing').textContent = scene.isWhole ? ''
+            : `Still being drawn: ${part} % of the path`;
         if (this.firstPicture === undefined) {
+            scene.waitForPicture();
             this.firstPicture = performance.now();
+        }
+        if (scene.isWhole && this.wholePicture === undefined) {
+            scene.waitForPicture();
+            this.wholePicture = performance.now();
         }
     }
 }

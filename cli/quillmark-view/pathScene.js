@@ -1,7 +1,9 @@
 'use strict';
 
 // The path in 3D. All feeds are one set of lines and all rapids another, each drawn once as far as
-// the tool has come and once, faint, for what lies ahead.
+// the tool has come and once, faint, for what lies ahead. A large path is drawn in passes, each of
+// them pieces from everywhere along it: the first shows the whole form, the others come one in a
+// frame once the view is at rest.
 
 const kToolColours = ['#0072b3', '#d65e00', '#009e73', '#cc78a6', '#57b5e8', '#e69e00', '#6b6b6b',
     '#8c592b'];
@@ -14,6 +16,9 @@ const kViews = {
 };
 const kPickPixels = 7;
 const kManyMovements = 200000; // whose lines are drawn several times as fast without smooth edges
+const kPassPieces = 100000;
+const kPassLength = 5000; // of its pieces, in diagonals of the box: long ones take their pixels
+const kRest = 150; // milliseconds without a change of the view
 
 // Lines of a fixed number of pieces, each with the movement that it belongs to.
 class PieceLines {
@@ -27,7 +32,14 @@ class PieceLines {
         this.colours = isDashed ? null : new Uint8Array(6 * pieces);
         this.distances = isDashed ? new Float32Array(2 * pieces) : null;
         this.owners = new Uint32Array(pieces);
+        this.order = null; // the ends of the pieces, pass by pass, if there are several
+        this.passes = 1;
+        this.clear();
+    }
+
+    clear() {
         this.pieces = 0;
+        this.length = 0;
     }
 
     add(x, y, z, nextX, nextY, nextZ, owner) {
@@ -38,13 +50,25 @@ class PieceLines {
         this.positions[at + 3] = nextX;
         this.positions[at + 4] = nextY;
         this.positions[at + 5] = nextZ;
+        const length = Math.hypot(nextX - x, nextY - y, nextZ - z);
         if (this.isDashed) {
-            this.distances[2 * this.pieces + 1] = Math.hypot(nextX - x, nextY - y, nextZ - z);
+            this.distances[2 * this.pieces + 1] = length;
         }
+        this.length += length;
         this.owners[this.pieces++] = owner;
     }
 
-    finish() {
+    // Pass p of n has the pieces p, p + n, p + 2n ...
+    finish(passes) {
+        this.passes = passes;
+        this.order = passes > 1 ? new Uint32Array(2 * this.pieces) : null;
+        for (let pass = 0, at = 0; passes > 1 && pass < passes; ++pass) {
+            for (let piece = pass; piece < this.pieces; piece += passes) {
+                this.order[at++] = 2 * piece;
+                this.order[at++] = 2 * piece + 1;
+            }
+        }
+        const index = passes > 1 ? new THREE.BufferAttribute(this.order, 1) : null;
         const part = (array, size) => new THREE.BufferAttribute(
             array.subarray(0, 2 * size * this.pieces), size, array instanceof Uint8Array);
         const attributes = {position: part(this.positions, 3)};
@@ -59,7 +83,13 @@ class PieceLines {
             for (const [name, attribute] of Object.entries(attributes)) {
                 lines.geometry.setAttribute(name, attribute);
             }
+            lines.geometry.setIndex(index);
         }
+    }
+
+    // The movement of an end as the lines are drawn.
+    ownerOf(end) {
+        return this.owners[(this.order === null ? end : this.order[end]) >> 1];
     }
 
     // The number of pieces of the movements up to one.
@@ -77,12 +107,23 @@ class PieceLines {
         return low;
     }
 
-    showUpTo(movement) {
-        const pieces = this.piecesUpTo(movement);
-        this.done.geometry.setDrawRange(0, 2 * pieces);
-        this.ahead.geometry.setDrawRange(2 * pieces, 2 * (this.pieces - pieces));
-        this.done.visible = pieces > 0;
-        this.ahead.visible = pieces < this.pieces;
+    showUpTo(movement) { this.reached = this.piecesUpTo(movement); }
+
+    // Those of the first `pieces` that are in passes before one.
+    before(pass, pieces) {
+        const rest = pieces % this.passes;
+        return pass * Math.floor(pieces / this.passes) + Math.min(pass, rest);
+    }
+
+    // In a pass, what is done lies in front of what is ahead.
+    usePass(pass) {
+        const begin = this.before(pass, this.pieces);
+        const end = this.before(pass + 1, this.pieces);
+        const done = this.before(pass + 1, this.reached) - this.before(pass, this.reached);
+        this.done.geometry.setDrawRange(2 * begin, 2 * done);
+        this.ahead.geometry.setDrawRange(2 * (begin + done), 2 * (end - begin - done));
+        this.done.visible = done > 0;
+        this.ahead.visible = begin + done < end;
     }
 }
 
@@ -93,8 +134,11 @@ class PathScene {
         this.hiddenTools = new Set();
         this.colouring = 'tool';
         this.position = path.count - 1;
-        const antialias = path.count < kManyMovements;
-        this.renderer = new THREE.WebGLRenderer({canvas, antialias});
+        const isLarge = path.count >= kManyMovements;
+        // Passes are drawn onto each other.
+        this.renderer = new THREE.WebGLRenderer(
+            {canvas, antialias: !isLarge, preserveDrawingBuffer: true});
+        this.pass = 0;
         this.scene = new THREE.Scene();
         this.camera = new THREE.OrthographicCamera(-1, 1, 1, -1, 0.1, 10);
         this.camera.up.set(0, 0, 1);
@@ -138,7 +182,8 @@ class PathScene {
     // Points on the arcs, few enough for all of them to be drawn, and where those of each begin.
     cutArcs() {
         const most = Math.max(4, Math.min(180, Math.floor(3e6 / (this.path.arcCount + 1))));
-        const points = [];
+        const points = new Float64Array(3 * (most - 1) * this.path.arcCount);
+        let size = 0;
         this.arcBegins = new Uint32Array(this.path.arcCount + 1);
         for (let i = 0; i < this.path.count; ++i) {
             if (this.path.kinds[i] !== kArc) {
@@ -148,11 +193,13 @@ class PathScene {
             const steps = Math.max(2, Math.ceil(most * sweep.angle / (2 * Math.PI)));
             for (let k = 1; k < steps; ++k) {
                 const {x, y, z} = this.path.pointOn(sweep, k / steps);
-                points.push(x, y, z);
+                points[size++] = x;
+                points[size++] = y;
+                points[size++] = z;
             }
-            this.arcBegins[this.path.arcOf[i] + 1] = points.length;
+            this.arcBegins[this.path.arcOf[i] + 1] = size;
         }
-        this.arcPoints = Float64Array.from(points);
+        this.arcPoints = points.slice(0, size);
     }
 
     // The points between the ends of an arc.
@@ -232,8 +279,8 @@ class PathScene {
         const {path, middle} = this;
         const {ends} = path;
         const hidden = path.states.map((state) => this.hiddenTools.has(state.tool));
-        this.rapids.pieces = 0;
-        this.cuts.pieces = 0;
+        this.rapids.clear();
+        this.cuts.clear();
         this.shownMovements = 0;
         let {x, y, z} = path.startOf(0).sub(middle);
         for (let i = 0; i < path.count; ++i) {
@@ -260,8 +307,13 @@ class PathScene {
             z = nextZ;
         }
         this.fillColours();
-        this.rapids.finish();
-        this.cuts.finish();
+        const pieces = this.rapids.pieces + this.cuts.pieces;
+        const length = (this.rapids.length + this.cuts.length) / this.size;
+        this.passes = Math.max(1, Math.ceil(pieces / kPassPieces), Math.ceil(length / kPassLength));
+        this.rapids.finish(this.passes);
+        this.cuts.finish(this.passes);
+        // Every pass draws it over what is there, so it must hide that.
+        this.tool.material.opacity = this.passes > 1 ? 1 : 0.55;
         this.moveTo(this.position);
     }
 
@@ -445,31 +497,61 @@ class PathScene {
                 const distance = caster.ray.distanceToPoint(hit.point);
                 if (distance < nearest - 1e-6 * this.size) {
                     nearest = distance;
-                    found = lines.owners[hit.index / 2];
+                    found = lines.ownerOf(hit.index);
                 }
             }
         }
         return found;
     }
 
-    // Once in a frame, however often it is asked for.
+    // Anew, once in a frame, however often it is asked for.
     draw() {
+        clearTimeout(this.waiting);
+        this.pass = 0;
+        this.ask();
+    }
+
+    ask() {
         if (!this.isAsked) {
             this.isAsked = true;
             requestAnimationFrame(() => this.drawNow());
         }
     }
 
+    get isWhole() { return this.pass === this.passes; }
+
+    // One pass, and asks for the next.
     drawNow() {
         this.isAsked = false;
+        if (this.isWhole) {
+            this.pass = 0;
+        }
         const scale = this.pixelsPerMillimetre();
         for (const material of this.dashes) {
             material.scale = scale;
         }
         this.tool.scale.setScalar(1 / scale);
+        this.rapids.usePass(this.pass);
+        this.cuts.usePass(this.pass);
+        this.renderer.autoClear = this.pass === 0;
         this.renderer.render(this.scene, this.camera);
+        ++this.pass;
+        if (!this.isWhole) {
+            clearTimeout(this.waiting);
+            if (this.pass === 1) {
+                this.waiting = setTimeout(() => this.ask(), kRest);
+            } else {
+                this.ask();
+            }
+        }
         if (this.onDrawn) {
             this.onDrawn();
         }
+    }
+
+    // Returns when all that was asked for is on the canvas, which takes longer than asking.
+    waitForPicture() {
+        const gl = this.renderer.getContext();
+        gl.readPixels(0, 0, 1, 1, gl.RGBA, gl.UNSIGNED_BYTE, new Uint8Array(4));
     }
 }

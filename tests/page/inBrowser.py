@@ -228,6 +228,64 @@ def look_at_size(browser):
           str(statements()[count - 2][0]))
 
 
+def look_at_passes(browser):
+    """A path of more pieces than are drawn at once, half of it done and half of it ahead."""
+    count = 120000
+    with open("large.nc", "w", encoding="ascii") as program:
+        for i in range(count):
+            program.write(f"G0{i % 7 != 0:d} X{i % 977}.{i % 1000:03} Y{i % 83}.5 Z-{i % 7}.25\n")
+    movements = convert("large.nc")["movements"]
+    browser.open("part.html")
+    scene = "quillmarkPage.scene."
+    browser.value(f"quillmarkPage.choose({movements // 2})")
+    browser.value("""(scene => { window.seen = []; const told = scene.onDrawn;
+        const bare = line => line.visible ? Array.from(line.geometry.index.array.subarray(
+            line.geometry.drawRange.start, line.geometry.drawRange.start
+            + line.geometry.drawRange.count)) : [];
+        scene.onDrawn = () => { told(); seen.push({calls: scene.renderer.info.render.calls,
+            text: document.getElementById('drawing').textContent,
+            isHidden: document.getElementById('drawing').hidden,
+            lines: [scene.cuts, scene.rapids].map(of => [of.done, of.ahead].map(bare))}); };
+        scene.draw(); })(quillmarkPage.scene)""")
+    browser.value("new Promise(done => { const look = () => quillmarkPage.scene.isWhole"
+                  "&& seen.length > 1 ? done(0) : setTimeout(look, 20); look(); })")
+    passes = browser.value(scene + "passes")
+    check("several passes", passes > 1, True)
+    seen = browser.value("""seen.map(({calls, text, isHidden, lines}) => ({calls, text, isHidden,
+        pieces: lines.flat(2).length / 2}))""")
+    check("a frame each", len(seen), passes)
+    check("pieces at once", max(one["pieces"] for one in seen) <= 100000, True)
+    check("draw calls of passes", max(one["calls"] for one in seen) <= 10, True)
+    check("told while drawn", [one["text"].startswith("Still being drawn") for one in seen],
+          [True] * (passes - 1) + [False])
+    check("hidden when drawn", [one["isHidden"] for one in seen], [False] * (passes - 1) + [True])
+    check("coarse", 0 < seen[0]["pieces"] <= movements / passes + 2, True)
+    drawn = browser.value("""[0, 1].map(side => { const found = new Set(); let ends = 0;
+        let least = Infinity, most = -1;
+        for (const {lines} of seen) [quillmarkPage.scene.cuts, quillmarkPage.scene.rapids].forEach(
+            (of, kind) => { for (const end of lines[kind][side]) { ++ends;
+                const owner = of.owners[end >> 1]; found.add(owner);
+                least = Math.min(least, owner); most = Math.max(most, owner); } });
+        return [found.size, ends, least, most]; })""")
+    half = movements // 2
+    check("drawn as done", drawn[0], [half + 1, 2 * (half + 1), 0, half])
+    check("drawn as ahead", drawn[1],
+          [movements - half - 1, 2 * (movements - half - 1), half + 1, movements - 1])
+    check("first before whole", browser.value(
+        "quillmarkPage.firstPicture < quillmarkPage.wholePicture"), True)
+    x, y = browser.value("(at => [at.x, at.y])(quillmarkPage.scene.project("
+                         f"quillmarkPage.path.endOf({movements - 1})))")
+    distance = browser.value(f"""(scene => {{ const of = scene.pick({x}, {y});
+        const [from, to] = scene.pointsOf(of).map(point => {{
+            const at = scene.project(point.add(scene.middle));
+            return new THREE.Vector3(at.x, at.y, 0); }});
+        const place = new THREE.Vector3({x}, {y}, 0);
+        return new THREE.Line3(from, to).closestPointToPoint(place, true, new THREE.Vector3())
+            .distanceTo(place); }})(quillmarkPage.scene)""")
+    check(f"picked {distance} pixels away", distance < 0.1, True)
+
+
+
 with tempfile.TemporaryDirectory() as folder, Browser() as browser:
     os.chdir(folder)
     measure = convert(EXAMPLE + "/part.nc")
@@ -241,6 +299,7 @@ with tempfile.TemporaryDirectory() as folder, Browser() as browser:
     look_at_search(browser)
     look_at_controls(browser)
     look_at_size(browser)
+    look_at_passes(browser)
     check("console", browser.messages, [])
     os.chdir("/")
 
