@@ -149,12 +149,12 @@ void Drawing::drawRapids(const Panel& panel, std::size_t index) {
         if (length < kNear) {
             continue;
         }
-        const bool goesOn = length < kDashes[0] + kDashes[1] &&
-                            std::hypot(from.x - last.x, from.y - last.y) < kNear;
-        last = to;
-        if (!goesOn && std::tie(to.x, to.y) < std::tie(from.x, from.y)) {
+        const bool isShort = length < kDashes[0] + kDashes[1];
+        if (!isShort && std::tie(to.x, to.y) < std::tie(from.x, from.y)) {
             std::swap(from, to);
         }
+        const bool goesOn = isShort && std::hypot(from.x - last.x, from.y - last.y) < kNear;
+        last = to;
         if (!goesOn) {
             cairo_move_to(m_canvas, from.x, from.y);
         }
