@@ -24,6 +24,9 @@ constexpr double kAxisLength = 16.0; // of a tool axis
 constexpr double kAxisGap = 14.0;
 // One stroke of many pieces takes far longer than many strokes.
 constexpr int kMostPieces = 200;
+// Above so many, smooth edges take minutes and nobody sees them.
+constexpr std::size_t kManyMovements = 200000;
+constexpr std::array<double, 2> kDashes{6.0, 4.0};
 
 std::string numberText(double value) {
     char text[64];
@@ -91,6 +94,11 @@ void Drawing::drawPanel(const Panel& panel) {
     cairo_save(m_canvas);
     cairo_rectangle(m_canvas, plot.x, plot.y, plot.width, plot.height);
     cairo_clip(m_canvas);
+    if (std::ranges::any_of(m_content.paths, [](const PictureContent::Shown& shown) {
+            return shown.path->movements.size() > kManyMovements;
+        })) {
+        cairo_set_antialias(m_canvas, CAIRO_ANTIALIAS_NONE);
+    }
     for (const auto draw : {&Drawing::drawRapids, &Drawing::drawCutting}) {
         for (std::size_t index = m_content.paths.size(); index-- > 0;) {
             (this->*draw)(panel, index);
@@ -125,27 +133,35 @@ void Drawing::drawHead(const Panel& panel) {
 }
 
 // Each begins at the same of its ends whichever way it goes: the dashes of ways there and back
-// would fill each other's gaps.
+// would fill each other's gaps. Ways shorter than a dash go on in the dashes of the one before.
 void Drawing::drawRapids(const Panel& panel, std::size_t index) {
     const ToolPath& path = *m_content.paths[index].path;
     const Colour colour = isComparison() ? colourOf(index, {}) : kFaint;
     int pieces = 0;
+    Panel::Place last{-kDashes[0], -kDashes[0]};
     for (std::size_t i = 0; i < path.movements.size(); ++i) {
         if (!path.movements[i].IsRapid()) {
             continue;
         }
         Panel::Place from = panel.At(path.StartOf(i));
         Panel::Place to = panel.At(path.movements[i].end);
-        if (std::hypot(to.x - from.x, to.y - from.y) < kNear) {
+        const double length = std::hypot(to.x - from.x, to.y - from.y);
+        if (length < kNear) {
             continue;
         }
-        if (std::tie(to.x, to.y) < std::tie(from.x, from.y)) {
+        const bool isShort = length < kDashes[0] + kDashes[1];
+        if (!isShort && std::tie(to.x, to.y) < std::tie(from.x, from.y)) {
             std::swap(from, to);
         }
-        cairo_move_to(m_canvas, from.x, from.y);
+        const bool goesOn = isShort && std::hypot(from.x - last.x, from.y - last.y) < kNear;
+        last = to;
+        if (!goesOn) {
+            cairo_move_to(m_canvas, from.x, from.y);
+        }
         cairo_line_to(m_canvas, to.x, to.y);
         if (++pieces % kMostPieces == 0) {
             stroke(colour, kThin, true);
+            last = {-kDashes[0], -kDashes[0]};
         }
     }
     stroke(colour, kThin, true);
@@ -354,7 +370,6 @@ void Drawing::drawScale(double y) {
 }
 
 void Drawing::stroke(const Colour& colour, double width, bool isDashed) {
-    constexpr std::array<double, 2> kDashes{6.0, 4.0};
     use(colour);
     cairo_set_line_width(m_canvas, width);
     cairo_set_dash(m_canvas, kDashes.data(), isDashed ? static_cast<int>(kDashes.size()) : 0, 0.0);
