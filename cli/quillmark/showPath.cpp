@@ -53,6 +53,7 @@ std::vector<std::string> argumentsOf(const char* view, const ConversionFiles& fi
 // Returns 0 with the process, or the system's error.
 int start(const std::string& name, const std::vector<std::string>& arguments, pid_t& process) {
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) {
         argv.push_back(const_cast<char*>(argument.c_str())); // the interface of exec wants it so
     }
