@@ -1,22 +1,18 @@
+#include "bench/Contestant.h"
+#include "bench/Failure.h"
+#include "bench/outputs.h"
+
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <ctime>
-#include <fcntl.h>
+#include <fstream>
 #include <functional>
-#include <memory>
 #include <random>
-#include <stdexcept>
 #include <string>
-#include <string_view>
-#include <sys/mman.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 /// Runs the contestants of the benchmark as whole processes, by turns, so that what else goes on on
@@ -25,9 +21,10 @@
 ///     runBench PROGRAMS QUILLMARK SOURCES WORK [RS274]
 ///
 /// PROGRAMS is the folder of the built contestants, SOURCES the folder with mill.pp and small.*,
-/// and WORK an empty folder but for part.nc, long.nc (four times the blocks), wide.pp, and loop.nc,
-/// which computes the blocks of written.nc.
-/// Exit status: 0 when every output is what it must be, whether or not the goals are met; else 1.
+/// and WORK an empty folder but for part.nc, long.nc (four times the blocks), wide.pp, loop.nc,
+/// which computes the blocks of written.nc, batch.nc (an eighth of part.nc), axes.pp, and what
+/// makeMachining writes. Exit status: 0 when every output is what it must be, whether or not the
+/// goals are met; else 1.
 ///
 /// This process stays small: a child's peak memory is at least what it has before it becomes the
 /// contestant.
@@ -38,219 +35,19 @@ constexpr int kRounds = 5;
 constexpr int kQuickTurns = 3; ///< of a quick contestant in a round
 constexpr int kSmallRounds = 500;
 constexpr double kPartBlocks = 1e6;
+constexpr double kMachiningBlocks = 1e5;
+constexpr int kBatchFiles = 8;
 
-/// An output that is not what it must be, or a contestant that does not run. Ends the benchmark.
-struct Failure : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
-
-struct CloseFile {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-File openToRead(const std::string& name) {
-    File file(std::fopen(name.c_str(), "rb"));
-    if (!file) {
-        throw Failure(name + ": " + std::strerror(errno));
-    }
-    return file;
-}
-
-/// Calls `use` with every line of a file, its end included. Lines are far shorter than the buffer.
-template<typename Use>
-void forEachLine(const std::string& name, Use use) {
-    const File file = openToRead(name);
-    std::array<char, 512> line;
-    while (std::fgets(line.data(), static_cast<int>(line.size()), file.get()) != nullptr) {
-        use(std::string_view(line.data()));
-    }
-}
-
-void requireSameBytes(const std::string& name, const std::string& expected) {
-    const File left = openToRead(name);
-    const File right = openToRead(expected);
-    static std::array<std::array<char, 64 * 1024>, 2> buffer;
-    std::uint64_t offset = 0;
-    for (;;) {
-        const std::size_t leftSize = std::fread(buffer[0].data(), 1, buffer[0].size(), left.get());
-        const std::size_t rightSize =
-            std::fread(buffer[1].data(), 1, buffer[1].size(), right.get());
-        const std::size_t common = std::min(leftSize, rightSize);
-        const auto differing = std::mismatch(
-            buffer[0].begin(), buffer[0].begin() + static_cast<std::ptrdiff_t>(common),
-            buffer[1].begin());
-        const auto same = static_cast<std::size_t>(differing.first - buffer[0].begin());
-        if (same < common || leftSize != rightSize) {
-            throw Failure(name + " differs from " + expected + " at byte " +
-                          std::to_string(offset + same));
-        }
-        if (common == 0) {
-            return;
-        }
-        offset += common;
-    }
-}
-
-/// The log holds its banner and a blank line, every block between line ends, and every statement.
-/// The blocks of the benchmark are neither indented nor followed by blanks.
-void requireWholeLog(const std::string& log, const std::string& nc, const std::string& apt) {
-    std::uint64_t expected = 0;
-    forEachLine(nc, [&](std::string_view line) { expected += line.size() + 1; });
-    forEachLine(apt, [&](std::string_view line) { expected += line.size(); });
-    std::uint64_t banner = 0;
-    std::uint64_t found = 0;
-    std::uint64_t lines = 0;
-    forEachLine(log, [&](std::string_view line) {
-        (lines < 2 ? banner : found) += line.size();
-        ++lines;
-    });
-    if (found != expected) {
-        throw Failure(log + ": " + std::to_string(found) + " bytes behind the banner, not " +
-                      std::to_string(expected));
-    }
-}
-
-std::uint64_t countAptMoves(const std::string& apt) {
+/// A program that is more than lines: with the dialect that reads it, and as the interpreter runs
+/// it.
+struct Machining {
+    const char* name;
+    std::string dialect;
+    Contestant quillmark{};
+    Contestant rs274{};
     std::uint64_t moves = 0;
-    forEachLine(apt, [&](std::string_view line) {
-        moves += line.starts_with("GOTO/") || line.starts_with("TLON,GOFWD/") ? 1U : 0U;
-    });
-    return moves;
-}
-
-std::uint64_t countCanonicalMoves(const std::string& canon) {
-    std::uint64_t moves = 0;
-    forEachLine(canon, [&](std::string_view line) {
-        for (const std::string_view call : {"STRAIGHT_FEED(", "STRAIGHT_TRAVERSE(", "ARC_FEED("}) {
-            moves += line.find(call) != std::string_view::npos ? 1U : 0U;
-        }
-    });
-    return moves;
-}
-
-double seconds(const timespec& time) noexcept {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-double seconds(const timeval& time) noexcept {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-}
-
-timespec now() noexcept {
-    timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return time;
-}
-
-/// A program with its arguments, and what its runs took.
-struct Contestant {
-    std::string name;
-    std::vector<std::string> command;
-    std::string output; ///< removed before every run, so that each one makes a new file
-    std::vector<double> wall{};
-    std::vector<double> processor{};
-    long peakKibibytes = 0;
+    std::uint64_t points = 0; ///< of these movements
 };
-
-/// Where a child notes the time at which it becomes the contestant: the cost of the fork is not
-/// the contestant's.
-timespec* startOfChild() {
-    static auto* const page = static_cast<timespec*>(
-        mmap(nullptr, sizeof(timespec), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
-    if (page == MAP_FAILED) {
-        throw Failure("no memory to share with the contestants");
-    }
-    return page;
-}
-
-[[noreturn]] void becomeContestant(char* const* arguments, const char* folder, timespec* start) {
-    const int nowhere = open("/dev/null", O_RDWR);
-    dup2(nowhere, STDIN_FILENO);
-    dup2(nowhere, STDOUT_FILENO);
-    dup2(nowhere, STDERR_FILENO);
-    close(nowhere);
-    if (chdir(folder) == 0) {
-        *start = now();
-        execv(arguments[0], arguments);
-    }
-    _exit(127);
-}
-
-void run(Contestant& contestant, const std::string& folder) {
-    if (!contestant.output.empty()) {
-        unlink(contestant.output.c_str());
-    }
-    std::vector<char*> arguments;
-    for (std::string& argument : contestant.command) {
-        arguments.push_back(argument.data());
-    }
-    arguments.push_back(nullptr);
-    timespec* const start = startOfChild();
-    const pid_t child = fork();
-    if (child == 0) {
-        becomeContestant(arguments.data(), folder.c_str(), start);
-    }
-    int status = 0;
-    rusage usage{};
-    if (child < 0 || wait4(child, &status, 0, &usage) != child) {
-        throw Failure(contestant.name + ": " + std::strerror(errno));
-    }
-    const double end = seconds(now());
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        throw Failure(contestant.name + " fails: " + contestant.command[0]);
-    }
-    contestant.wall.push_back(end - seconds(*start));
-    contestant.processor.push_back(seconds(usage.ru_utime) + seconds(usage.ru_stime));
-    contestant.peakKibibytes = std::max(contestant.peakKibibytes, usage.ru_maxrss);
-}
-
-/// The middle value of an odd number of runs, the upper one of the two in the middle otherwise.
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-void printRow(const Contestant& contestant, double blocks) {
-    const auto [least, most] = std::minmax_element(contestant.wall.begin(), contestant.wall.end());
-    const double middle = median(contestant.wall);
-    std::printf("%-34s %4zu %10.2f %10.2f %10.2f %10.2f %9.1f", contestant.name.c_str(),
-                contestant.wall.size(), middle * 1e3, *least * 1e3, *most * 1e3,
-                median(contestant.processor) * 1e3,
-                static_cast<double>(contestant.peakKibibytes) / 1024);
-    if (blocks > 0) {
-        std::printf(" %9.2f\n", blocks / middle * 1e-6);
-    } else {
-        std::printf(" %9s\n", "-");
-    }
-}
-
-enum class Bound { kAtLeast, kAtMost, kNone };
-
-void printVerdict(double value, Bound bound, double goal) {
-    if (bound == Bound::kNone) {
-        std::printf("  no goal\n");
-        return;
-    }
-    const bool met = bound == Bound::kAtLeast ? value >= goal : value <= goal;
-    std::printf("  %s %5.2f  %s\n", bound == Bound::kAtLeast ? ">=" : "<=", goal,
-                met ? "met" : "MISSED");
-}
-
-/// The wall clock decides; on a busy machine the processor time tells how far to trust it.
-void printRatio(const char* text, const Contestant& over, const Contestant& under, Bound bound,
-                double goal) {
-    const double wall = median(over.wall) / median(under.wall);
-    std::printf("%-52s %8.2f %8.2f", text, wall, median(over.processor) / median(under.processor));
-    printVerdict(wall, bound, goal);
-}
-
-void printMemory(const char* text, long kibibytes, double goal) {
-    const double mebibytes = static_cast<double>(kibibytes) / 1024;
-    std::printf("%-52s %8.2f %8s", text, mebibytes, "-");
-    printVerdict(mebibytes, Bound::kAtMost, goal);
-}
 
 class Benchmark {
 public:
@@ -269,6 +66,8 @@ public:
         if (access(view.c_str(), X_OK) == 0) {
             m_view.push_back({"quillmark-view --measure", {view, m_partApt, "--measure"}, {}});
         }
+        addMachining(rs274);
+        addBatches();
         if (rs274 != nullptr) {
             const std::string canon = m_work + "/part.canon";
             m_rs274.push_back({"rs274 -g", {rs274, "-g", part(), canon}, canon});
@@ -284,8 +83,8 @@ public:
         }
         for (int round = 0; round < kSmallRounds; ++round) {
             runAndCompare(m_small, m_sources + "/small.apt");
-            run(m_empty, m_work);
-            run(m_emptyRuntime, m_work);
+            m_empty.Run(m_work);
+            m_emptyRuntime.Run(m_work);
         }
     }
 
@@ -296,17 +95,26 @@ public:
                     "min", "max", "CPU", "peak MiB", "Mblocks/s");
         for (const Contestant* contestant : {&m_plain, &m_logged, &m_wide, &m_naive, &m_limit,
                                              &m_limitOwnDigits, &m_loop, &m_written, &m_allKeys}) {
-            printRow(*contestant, kPartBlocks);
+            contestant->Print(kPartBlocks);
         }
         for (const auto& others : {m_before, m_view, m_rs274}) {
             for (const Contestant& contestant : others) {
-                printRow(contestant, kPartBlocks);
+                contestant.Print(kPartBlocks);
             }
         }
-        printRow(m_long, 4 * kPartBlocks);
-        printRow(m_small, 0);
-        printRow(m_empty, 0);
-        printRow(m_emptyRuntime, 0);
+        for (const Machining& machining : m_machining) {
+            machining.quillmark.Print(kMachiningBlocks);
+            if (!m_rs274.empty()) {
+                machining.rs274.Print(kMachiningBlocks);
+            }
+        }
+        for (const Contestant& batch : m_batches) {
+            batch.Print(kPartBlocks);
+        }
+        m_long.Print(4 * kPartBlocks);
+        m_small.Print(0);
+        m_empty.Print(0);
+        m_emptyRuntime.Print(0);
         printGoals();
     }
 
@@ -331,8 +139,43 @@ private:
         return {name, {m_programs + "/" + program, nc, output}, output};
     }
 
+    void addMachining(const char* rs274) {
+        const std::string oWord = m_sources + "/../dialects/o-word-mill.pp";
+        for (const auto& [name, dialect] :
+             {std::pair{"cycles", oWord}, {"helices", oWord}, {"axes", m_work + "/axes.pp"}}) {
+            Machining machining{name, dialect};
+            const std::string nc = m_work + "/" + name + ".nc";
+            const std::string title = std::string("quillmark, ") + name;
+            machining.quillmark = quillmark(title.c_str(), dialect, nc);
+            if (rs274 != nullptr) {
+                const std::string canon = m_work + "/part.canon";
+                machining.rs274 = {
+                    std::string("rs274 -g, ") + name, {rs274, "-g", nc, canon}, canon};
+            }
+            m_machining.push_back(machining);
+        }
+    }
+
+    /// The same eight programs by one process after the other, and by two at a time.
+    void addBatches() {
+        for (const char* const jobs : {"1", "2"}) {
+            Contestant batch{std::string("8 files, --jobs ") + jobs,
+                             {m_quillmark, "-p", m_dialect, "--into", m_work + "/batch", "--quiet",
+                              "--jobs", jobs},
+                             {}};
+            for (int file = 0; file < kBatchFiles; ++file) {
+                batch.command.push_back(batchFile(file) + ".nc");
+            }
+            m_batches.push_back(batch);
+        }
+    }
+
+    [[nodiscard]] std::string batchFile(int file) const {
+        return m_work + "/" + std::to_string(file);
+    }
+
     void runAndCompare(Contestant& contestant, const std::string& expected) const {
-        run(contestant, m_work);
+        contestant.Run(m_work);
         requireSameBytes(contestant.output, expected);
     }
 
@@ -348,10 +191,21 @@ private:
 
     /// The output of the plain loop is what all others are compared with.
     void makeReferences() {
-        for (const auto& [nc, apt] :
-             {std::pair{part(), m_partApt}, {m_longNc, m_longApt}, {m_writtenNc, m_writtenApt}}) {
+        for (int file = 0; file < kBatchFiles; ++file) {
+            if (symlink("batch.nc", (batchFile(file) + ".nc").c_str()) != 0) {
+                throw Failure(batchFile(file) + " cannot be made");
+            }
+        }
+        for (Machining& machining : m_machining) {
+            std::ifstream(m_work + "/" + machining.name + ".moves") >> machining.moves >>
+                machining.points;
+        }
+        for (const auto& [nc, apt] : {std::pair{part(), m_partApt},
+                                      {m_longNc, m_longApt},
+                                      {m_writtenNc, m_writtenApt},
+                                      {m_work + "/batch.nc", m_batchApt}}) {
             Contestant reference{"naive", {m_programs + "/naive", nc, apt}, apt};
-            run(reference, m_work);
+            reference.Run(m_work);
         }
         m_moves = {countAptMoves(m_partApt), countAptMoves(m_writtenApt)};
     }
@@ -369,16 +223,28 @@ private:
             turns.emplace_back([this] { runAndCompare(m_written, m_writtenApt); });
             turns.emplace_back([this] { runWithAllKeys(); });
             turns.emplace_back([this] { runLogged(); });
+            for (Machining& machining : m_machining) {
+                turns.emplace_back([this, &machining] { runMachining(machining); });
+            }
+            for (Contestant& batch : m_batches) {
+                turns.emplace_back([this, &batch] { runBatch(batch); });
+            }
             for (Contestant& contestant : m_before) {
                 turns.emplace_back([this, &contestant] { runAndCompare(contestant, m_partApt); });
             }
             for (Contestant& contestant : m_view) {
-                turns.emplace_back([this, &contestant] { run(contestant, m_work); });
+                turns.emplace_back([this, &contestant] { contestant.Run(m_work); });
             }
         }
         turns.emplace_back([this] { runAndCompare(m_naive, m_partApt); });
         for (std::size_t k = 0; k < m_rs274.size(); ++k) {
             turns.emplace_back([this, k] { runInterpreter(m_rs274[k], m_moves.at(k)); });
+        }
+        if (!m_rs274.empty()) {
+            for (Machining& machining : m_machining) {
+                turns.emplace_back(
+                    [this, &machining] { runInterpreter(machining.rs274, machining.moves); });
+            }
         }
         std::shuffle(turns.begin(), turns.end(), m_random);
         for (const auto& turn : turns) {
@@ -388,11 +254,27 @@ private:
 
     /// Its output tells units as well, and the feed in another place.
     void runWithAllKeys() {
-        run(m_allKeys, m_work);
+        m_allKeys.Run(m_work);
         const std::uint64_t moves = countAptMoves(m_allKeys.output);
         if (moves != m_moves[0]) {
             throw Failure(m_allKeys.name + " makes " + std::to_string(moves) + " moves, not " +
                           std::to_string(m_moves[0]));
+        }
+    }
+
+    void runMachining(Machining& machining) const {
+        machining.quillmark.Run(m_work);
+        const std::uint64_t points = countAptMoves(machining.quillmark.output);
+        if (points != machining.points) {
+            throw Failure(machining.quillmark.name + " makes " + std::to_string(points) +
+                          " points, not " + std::to_string(machining.points));
+        }
+    }
+
+    void runBatch(Contestant& batch) const {
+        batch.Run(m_work);
+        for (int file = 0; file < kBatchFiles; ++file) {
+            requireSameBytes(m_work + "/batch/" + std::to_string(file) + ".apt", m_batchApt);
         }
     }
 
@@ -405,7 +287,7 @@ private:
     /// The interpreter writes another language; it has done the same work when it has made as many
     /// moves.
     void runInterpreter(Contestant& contestant, std::uint64_t expected) const {
-        run(contestant, m_work);
+        contestant.Run(m_work);
         const std::uint64_t moves = countCanonicalMoves(contestant.output);
         if (moves != expected) {
             throw Failure(contestant.name + " makes " + std::to_string(moves) + " moves, not " +
@@ -434,7 +316,13 @@ private:
             printRatio("rs274 -g / quillmark", m_rs274[0], m_plain, Bound::kAtLeast, 12);
             printRatio("rs274 -g / quillmark, blocks computed in a loop", m_rs274[1], m_loop,
                        Bound::kAtLeast, 12);
+            for (const Machining& machining : m_machining) {
+                const std::string text = std::string("rs274 -g / quillmark, ") + machining.name;
+                printRatio(text.c_str(), machining.rs274, machining.quillmark, Bound::kAtLeast, 12);
+            }
         }
+        printRatio("8 files, one by one / two at a time", m_batches[0], m_batches[1], Bound::kNone,
+                   0);
         printRatio("blocks computed in a loop / written out", m_loop, m_written, Bound::kAtMost,
                    2.5);
         printRatio("o-word dialect with all keys / plain dialect", m_allKeys, m_plain,
@@ -466,6 +354,7 @@ private:
     std::string m_partApt = m_work + "/part.apt";
     std::string m_longApt = m_work + "/long.apt";
     std::string m_writtenApt = m_work + "/written.apt";
+    std::string m_batchApt = m_work + "/batch.apt";
     std::string m_dialect = m_sources + "/mill.pp";
     std::string m_computingDialect = m_work + "/computing.pp";
     std::array<std::uint64_t, 2> m_moves{}; ///< of the programs that m_rs274 run
@@ -488,7 +377,9 @@ private:
     Contestant m_emptyRuntime{"empty, C++ runtime loaded", {m_programs + "/emptyRuntime"}, {}};
     std::vector<Contestant> m_before; ///< without and with log, or none when no one is named
     std::vector<Contestant> m_view;   ///< reads what quillmark wrote; none when it is not built
-    std::vector<Contestant> m_rs274;  ///< of part and loop, or none when it is not installed
+    std::vector<Machining> m_machining;
+    std::vector<Contestant> m_batches; ///< with one job and with two
+    std::vector<Contestant> m_rs274;   ///< of part and loop, or none when it is not installed
 };
 
 } // namespace
