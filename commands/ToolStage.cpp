@@ -85,11 +85,14 @@ int ToolStage::writePoints(Control& control, Movement& movement, const ToolWay& 
         if (const int code = control.AddParts(way.Degrees() / kDegreesOfPart); code != 0) {
             return code;
         }
-        const double unit = control.units.FromMillimetres();
-        const ToolCurve curve = [&way](double fraction) { return way.PlaceAt(fraction); };
-        fractions = CurveSplitter(curve, control.path.Tolerance() * unit,
-                                  control.rotary->axisTolerance, way.Degrees())
-                        .Split();
+        const double tolerance = control.path.Tolerance();
+        const double axisTolerance = control.rotary->axisTolerance;
+        if (!way.StaysWithin(tolerance, axisTolerance)) {
+            const ToolCurve curve = [&way](double fraction) { return way.PlaceAt(fraction); };
+            fractions = CurveSplitter(curve, tolerance * control.units.FromMillimetres(),
+                                      axisTolerance, way.Degrees())
+                            .Split();
+        }
         if (fractions.empty()) {
             return control.Refuse(kBlockRefused, "the movement takes too many points");
         }

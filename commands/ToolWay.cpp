@@ -1,9 +1,11 @@
 #include "commands/ToolWay.h"
 
 #include "commands/AxisKnowledge.h"
+#include "kinematics/CurveSplitter.h"
 #include "kinematics/greatArc.h"
 #include "softCommon/CMathUtil/gmUtil.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -50,6 +52,22 @@ gmVector3 ToolWay::positionAt(double fraction) const {
 bool ToolWay::IsStartKnown() const { return isKnown(PlaceAt(0.0)); }
 
 bool ToolWay::IsEndKnown() const { return isKnown(PlaceAt(1.0)); }
+
+// A curve c(u) leaves its chord by at most max |c''(u)| / 8. A point at distance r that turns by w
+// in all while it runs a length of d has |c''| <= w w r + 2 w d; and an axis is never farther from
+// its chord than it turns.
+bool ToolWay::StaysWithin(double tolerance, double axisTolerance) const {
+    if (m_sweep) {
+        return false;
+    }
+    const double degrees = Degrees();
+    const double reach = std::max(m_axes.chain.ReachOf(m_start * (1.0 / m_unit), m_axes.InForce()),
+                                  m_axes.chain.ReachOf(m_end * (1.0 / m_unit), m_axes.InForce()));
+    const double length = reach > 0.0 ? (m_end - m_start).length() / m_unit : 0.0;
+    const double turn = gmRadians(degrees);
+    return degrees <= axisTolerance * CurveSplitter::kMargin &&
+           (turn * turn * reach + 2.0 * turn * length) / 8.0 <= tolerance * CurveSplitter::kMargin;
+}
 
 std::optional<Sweep> ToolWay::Arc() const {
     if (!m_sweep || m_turns) {

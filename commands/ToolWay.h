@@ -20,6 +20,10 @@ public:
     [[nodiscard]] bool IsEndKnown() const;
     /// Whether the tool runs straight and does not turn.
     [[nodiscard]] bool IsStraight() const noexcept { return !m_turns && !m_sweep; }
+    /// Whether it surely leaves the straight way between its ends by no more than the tolerances:
+    /// of the tip in mm, of the axis in degrees. Short movements, most of a surface, need no
+    /// samples.
+    [[nodiscard]] bool StaysWithin(double tolerance, double axisTolerance) const;
     /// The arc in the part's frame, where the movement is one and the tool does not turn.
     [[nodiscard]] std::optional<Sweep> Arc() const;
     /// How many degrees things turn on the way.

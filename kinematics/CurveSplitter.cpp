@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr double kMargin = 0.98; // for samples and the decimals of the output
 constexpr double kFewestSamples = 16.0;
 constexpr double kDegreesPerSample = 5.0;
 constexpr double kMostTurning = 360'000.0;         // degrees of one chord

@@ -16,6 +16,7 @@ using ToolCurve = std::function<ToolPlace(double fraction)>;
 class CurveSplitter {
 public:
     static constexpr std::size_t kMostPoints = 100'000; ///< of one movement; more are a mistake
+    static constexpr double kMargin = 0.98; ///< of the tolerances, for samples and decimals
 
     /// `tolerance` in the unit of the tips, `axisTolerance` in degrees, both above 0; `turning` is
     /// how many degrees things turn on the whole way, so that no turn lies between two samples.

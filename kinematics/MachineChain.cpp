@@ -1,6 +1,7 @@
 #include "kinematics/MachineChain.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <span>
 
@@ -24,6 +25,20 @@ bool MachineChain::HasHead() const noexcept {
 
 bool MachineChain::HasTable() const noexcept {
     return !std::ranges::all_of(std::span(m_axes).first(m_count), &RotaryAxis::isOnHead);
+}
+
+// Each axis on the way takes a point at most twice as far out as its own centre is.
+double MachineChain::ReachOf(const gmVector3& position, const Compensation& compensation) const {
+    double reach = 0.0;
+    for (const RotaryAxis& axis : std::span(m_axes).first(m_count)) {
+        if (!(axis.isOnHead ? compensation.head : compensation.table)) {
+            const double tool = axis.isOnHead ? std::abs(m_toolLength) : 0.0;
+            reach += 2.0 * (axis.centre.length() + tool);
+        }
+    }
+    const bool isCompensated =
+        (compensation.head || !HasHead()) && (compensation.table || !HasTable());
+    return isCompensated ? 0.0 : reach + position.length();
 }
 
 // Heads act before tables, what is carried by a head before its carrier, and the carrier of a table

@@ -32,6 +32,9 @@ public:
     [[nodiscard]] bool HasTable() const noexcept;
     [[nodiscard]] const gmVector3& ToolAxis() const noexcept { return m_toolAxis; }
 
+    /// How far from the centres that turn it a position of the machine is at most, in mm; 0 where
+    /// the control moves the linear axes along with all rotary ones.
+    [[nodiscard]] double ReachOf(const gmVector3& position, const Compensation& compensation) const;
     [[nodiscard]] MachinePose PoseAt(const Angles& angles, const Compensation& compensation) const;
 
 private:
