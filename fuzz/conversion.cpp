@@ -8,6 +8,7 @@
 #include "softCommon/CErrorUtil/processEnd.h"
 #include "softCommon/FileOwner.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -53,14 +54,20 @@ bool isCopied(std::string_view output, std::string_view log) {
 }
 
 // A run that ended early may leave a movement that is announced only, and a program may ask for
-// positions that are numbers, but beyond those that the reader takes.
+// positions that are numbers, but beyond those that the reader takes. Without planes an arc is
+// written as the block has it, about a centre above or below its start, too.
 void expectReadable(const MemoryFile& output, int code) {
     constexpr std::string_view kAnnounced = "the file ends in front of the movement";
-    constexpr std::string_view kTooLarge = "larger than any machine";
+    constexpr std::string_view kRefused[] = {"larger than any machine",
+                                             "about a point above its start"};
     const FileOwner file(std::fopen(output.path(), "rb"));
     ToolPath path;
     AptReader reader;
-    if (!reader.Read(file.get(), path) && reader.Reason().find(kTooLarge) == std::string::npos &&
+    if (!reader.Read(file.get(), path) &&
+        std::ranges::none_of(kRefused,
+                             [&](std::string_view reason) {
+                                 return reader.Reason().find(reason) != std::string::npos;
+                             }) &&
         (code == 0 || !std::string_view(reader.Reason()).starts_with(kAnnounced))) {
         expect(false, (std::to_string(reader.Line()) + ": " + reader.Reason()).c_str());
     }
