@@ -26,19 +26,16 @@ class PackedNumbers {
         this.at = 0;
     }
 
+    // The sign comes first, so that it is kept where a value has more than 53 bits.
     next() {
-        let value = this.bytes[this.at++];
-        if (value >= 128) {
-            value -= 128;
-            let byte = 0;
-            let factor = 128;
-            do {
-                byte = this.bytes[this.at++];
-                value += (byte & 127) * factor;
-                factor *= 128;
-            } while (byte >= 128);
+        let byte = this.bytes[this.at++];
+        const isNegative = (byte & 1) !== 0;
+        let value = (byte & 127) >> 1;
+        for (let factor = 64; byte >= 128; factor *= 128) {
+            byte = this.bytes[this.at++];
+            value += (byte & 127) * factor;
         }
-        return value % 2 === 0 ? value / 2 : -(value + 1) / 2;
+        return isNegative ? -value - 1 : value;
     }
 }
 
@@ -212,7 +209,8 @@ class PathData {
         const to = this.endOf(movement).sub(middle).projectOnPlane(normal);
         const across = normal.clone().cross(from);
         let angle = Math.atan2(across.dot(to), from.dot(to));
-        if (angle <= 0) {
+        // A full turn may end a little behind its start as well.
+        if (angle <= 0 || (arc.isLong && angle < 1)) {
             angle = arc.isLong ? angle + 2 * Math.PI : -angle;
         }
         const way = this.endOf(movement).sub(start);

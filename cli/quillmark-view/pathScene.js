@@ -18,6 +18,7 @@ const kPickPixels = 7;
 const kManyMovements = 200000; // whose lines are drawn several times as fast without smooth edges
 const kPassPieces = 100000;
 const kPassLength = 5000; // of its pieces, in diagonals of the box: long ones take their pixels
+const kFlat = 1e-6; // in diagonals of the box
 const kRest = 150; // milliseconds without a change of the view
 
 // Lines of a fixed number of pieces, each with the movement that it belongs to.
@@ -209,8 +210,8 @@ class PathScene {
     }
 
     findRanges() {
-        const low = [Infinity, Infinity, Infinity];
-        const high = [-Infinity, -Infinity, -Infinity];
+        const low = this.path.startOf(0).toArray(); // of an arc, that no end tells
+        const high = [...low];
         for (const points of [this.path.ends, this.arcPoints]) {
             for (let i = 0; i < points.length; ++i) {
                 const axis = i % 3;
@@ -221,7 +222,7 @@ class PathScene {
         const box = new THREE.Box3(new THREE.Vector3(...low), new THREE.Vector3(...high));
         this.box = box;
         this.middle = box.getCenter(new THREE.Vector3());
-        this.size = Math.max(box.getSize(new THREE.Vector3()).length(), 1e-3);
+        this.size = box.getSize(new THREE.Vector3()).length() || 1;
         const feeds = [];
         this.cuttingPieces = this.arcPoints.length / 3;
         this.rapidPieces = 0;
@@ -254,10 +255,16 @@ class PathScene {
         this.scene.add(this.rapids.done, this.rapids.ahead, this.cuts.done, this.cuts.ahead);
     }
 
-    // Drawn around the middle of the box, where numbers of 32 bits are finest.
+    // Drawn around the middle of the box, where numbers of 32 bits are finest. A flat box gets a
+    // little height, because nothing can be scaled by 0.
     addHelpers() {
-        const box = this.box.clone().translate(this.middle.clone().negate());
+        const box = this.box.clone().translate(this.middle.clone().negate())
+            .expandByScalar(kFlat * this.size);
         this.boxLines = new THREE.Box3Helper(box, '#8a8a8a');
+        // What runs along its edges is seen on it.
+        this.boxLines.renderOrder = -1;
+        this.boxLines.material.depthWrite = false;
+        this.boxLines.material.depthFunc = THREE.LessDepth;
         this.axes = new THREE.AxesHelper(this.size / 6);
         this.axes.position.copy(this.middle).negate();
         this.chosen = new THREE.Line(new THREE.BufferGeometry(),
@@ -424,8 +431,11 @@ class PathScene {
         this.fit();
     }
 
-    // The box fills nine tenths of the canvas.
+    // The box fills nine tenths of the canvas, or would from another side where it is a point.
     fit() {
+        this.camera.position.sub(this.controls.target);
+        this.controls.target.set(0, 0, 0);
+        this.camera.lookAt(this.controls.target);
         this.camera.zoom = 1;
         this.camera.updateProjectionMatrix();
         this.camera.updateMatrixWorld();
@@ -435,8 +445,8 @@ class PathScene {
             box.expandByPoint(new THREE.Vector3(i & 1 ? min.x : max.x, i & 2 ? min.y : max.y,
                 i & 4 ? min.z : max.z).project(this.camera));
         }
-        const reach = Math.max(-box.min.x, box.max.x, -box.min.y, box.max.y, 1e-6);
-        this.camera.zoom = 0.9 / reach;
+        const reach = Math.max(-box.min.x, box.max.x, -box.min.y, box.max.y);
+        this.camera.zoom = 0.9 / (reach > 10 * kFlat ? reach : 1);
         this.camera.updateProjectionMatrix();
         this.controls.update();
         this.draw();

@@ -209,6 +209,63 @@ def look_at_controls(browser):
         check(f"colours by {colouring}", browser.value(colours) != before, True)
 
 
+def colour(browser, x, y):
+    """The colour most unlike white around a place."""
+    return browser.value(
+        "(() => { quillmarkPage.scene.drawNow(); const copy = document.createElement('canvas');"
+        "copy.width = copy.height = 3; const context = copy.getContext('2d');"
+        f"context.drawImage(canvas, {round(x) - 1}, {round(y) - 1}, 3, 3, 0, 0, 3, 3);"
+        "const data = context.getImageData(0, 0, 3, 3).data;"
+        "const all = [...Array(9).keys()].map(i => [...data.slice(4 * i, 4 * i + 3)]);"
+        "const sum = part => part[0] + part[1] + part[2];"
+        "return all.sort((a, b) => sum(a) - sum(b))[0]; })()")
+
+
+def show_apt(browser, text):
+    """Opens the page of an APT source and returns its measure."""
+    with open("part.apt", "w", encoding="ascii") as file:
+        file.write(text)
+    tool("quillmark-view", "part.apt", "-o", "part.html")
+    browser.open("part.html")
+    return json.loads(tool("quillmark-view", "part.apt", "--measure", "--json"))["paths"][0]
+
+
+def look_at_flat_paths(browser):
+    """Boxes without a height, a width, or both; an arc that begins in the origin."""
+    arc = ("TLAXIS/0,0,1\nINDIRV/0,1,0\n"
+           "TLON,GOFWD/(CIRCLE/-5,0,0,5),ON,(LINE/-5,0,0,-10,0,0)\n")
+    rows = (("GOTO/3,4,5\n", (3, 4, 5), 1),
+            ("GOTO/0,0,0\nGOTO/0,0,9\nGOTO/0,0,0\nGOTO/0,0,9\n", (0, 0, 4.5), 9),
+            ("GOTO/0,0,0\nGOTO/9,0,0\nGOTO/9,9,0\nGOTO/0,0,0\nGOTO/9,0,0\nRAPID\nGOTO/9,0,0\n",
+             (4.5, 0, 0), 9 * math.sqrt(2)),
+            (arc, None, math.hypot(10, 5)))
+    for text, point, size in rows:
+        measure = show_apt(browser, text)
+        for side in ("low", "high"):
+            shown = browser.value(
+                f"quillmarkPage.scene.box.{'min' if side == 'low' else 'max'}.toArray()")
+            off = max(abs(a - b) for a, b in zip(shown, measure["box"][side]))
+            check(f"{side} corner of {text!r}, off by {off}", off < 0.001, True)
+        check(f"size of {text!r}", abs(browser.value("quillmarkPage.scene.size") - size) < 0.01, True)
+        for view in VIEWS:
+            browser.value(f"document.querySelector('[data-view={view}]').click()")
+            browser.frame()
+            bar = browser.value("parseFloat(document.getElementById('scaleText').textContent)")
+            check(f"bar of {bar} {view} of {text!r}", 0.02 * size < bar < size, True)
+        if point and size > 1:  # the box lies on the path and hides none of it
+            browser.value("quillmarkPage.scene.tool.visible = false; quillmarkPage.scene.chosen.visible = false;"
+                          "document.getElementById('showAxes').click();"
+                          "document.querySelector('[data-view=front]').click()")
+            place = browser.value("quillmarkPage.scene.project(new THREE.Vector3(%g, %g, %g))" % point)
+            red, _, blue = colour(browser, place["x"], place["y"])
+            check(f"colour {red}, {blue} of {text!r}", blue > red + 60, True)
+    browser.value("quillmarkPage.scene.pan(5, 3); quillmarkPage.scene.zoom(7); quillmarkPage.scene.fit()")
+    browser.frame()
+    middle = browser.value("quillmarkPage.scene.project(quillmarkPage.scene.middle)")
+    width, height = browser.value("[canvas.clientWidth, canvas.clientHeight]")
+    check("middle of what fits", math.hypot(middle["x"] - width / 2, middle["y"] - height / 2) < 1, True)
+
+
 def look_at_size(browser):
     """Many movements, with their blocks: bytes of the page, and rows of the list."""
     count = 20000
@@ -298,6 +355,7 @@ with tempfile.TemporaryDirectory() as folder, Browser() as browser:
     look_at_tools(browser, measure)
     look_at_search(browser)
     look_at_controls(browser)
+    look_at_flat_paths(browser)
     look_at_size(browser)
     look_at_passes(browser)
     check("console", browser.messages, [])
