@@ -61,6 +61,8 @@ TEST_F(View, TellsBadInputInOneLine) {
 
 TEST_F(View, RefusesWrongUsage) {
     write("a.apt", kSquare);
+    write("in.svg", kSquare);
+    ASSERT_EQ(shell("ln -s in.svg link.png").status, 0);
     for (const auto& [options, reason] : std::vector<std::pair<std::string, std::string>>{
              {"", "one APT file is wanted, or two to compare"},
              {"a.apt",
@@ -76,11 +78,15 @@ TEST_F(View, RefusesWrongUsage) {
              {"a.apt --rapid 9 -o a.svg", "--rapid is of use with --measure"},
              {"a.apt -l a -l b --measure", "there are more logs than APT files"},
              {"a.apt --measur", "'--measur' is no option"},
+             {"in.svg -o in.svg", "-o names a file that is read"},
+             {"a.apt in.svg -o link.png", "-o names a file that is read"},
+             {"a.apt -l in.svg -o in.svg", "-o names a file that is read"},
          }) {
         const ProgramResult result = view(options);
         EXPECT_EQ(result.status, 2) << options;
         EXPECT_THAT(result.err, testing::StartsWith("quillmark-view: " + reason + "\nusage: "));
     }
+    EXPECT_EQ(read("in.svg"), kSquare);
 }
 
 TEST_F(View, TellsWhereTwoPathsDiffer) {
