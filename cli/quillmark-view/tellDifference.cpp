@@ -42,8 +42,9 @@ void writeSide(JsonWriter& json, const char* name, const ToolPath& path, std::si
 void printDifference(std::FILE* stream, const ComparedPaths& compared,
                      const PathDifference& difference) {
     if (difference.what == nullptr) {
-        std::fprintf(stream, "the paths are the same: %zu movements\n",
-                     compared.paths[0]->movements.size());
+        std::fprintf(stream, "the paths are the same: %zu movement%s\n",
+                     compared.paths[0]->movements.size(),
+                     compared.paths[0]->movements.size() == 1 ? "" : "s");
         return;
     }
     std::fprintf(stream, "the paths differ from movement %zu on: %s\n", difference.movement + 1,
