@@ -296,13 +296,18 @@ def look_at_passes(browser):
     scene = "quillmarkPage.scene."
     browser.value(f"quillmarkPage.choose({movements // 2})")
     browser.value("""(scene => { window.seen = []; const told = scene.onDrawn;
-        const bare = line => line.visible ? Array.from(line.geometry.index.array.subarray(
-            line.geometry.drawRange.start, line.geometry.drawRange.start
-            + line.geometry.drawRange.count)) : [];
+        const endsOf = (of, line) => {
+            const {start, count} = line.geometry.drawRange;
+            const piece = at => scene.pass - 1 + (at >> 1) * of.passes;
+            return !line.visible ? [] : Array.from({length: count}, (_, i) => {
+                const at = start + i, end = 2 * piece(at) + (at & 1);
+                return [0, 1, 2].every(k => line.geometry.attributes.position.array[3 * at + k]
+                    === of.positions[3 * end + k]) ? end : -1; });
+        };
         scene.onDrawn = () => { told(); seen.push({calls: scene.renderer.info.render.calls,
             text: document.getElementById('drawing').textContent,
             isHidden: document.getElementById('drawing').hidden,
-            lines: [scene.cuts, scene.rapids].map(of => [of.done, of.ahead].map(bare))}); };
+            lines: [scene.cuts, scene.rapids].map(of => [endsOf(of, of.done), endsOf(of, of.ahead)])}); };
         scene.draw(); })(quillmarkPage.scene)""")
     browser.value("new Promise(done => { const look = () => quillmarkPage.scene.isWhole"
                   "&& seen.length > 1 ? done(0) : setTimeout(look, 20); look(); })")
