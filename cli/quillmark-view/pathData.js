@@ -20,9 +20,14 @@ function bytesOf(base64) {
     return bytes;
 }
 
+function unpack(base64) {
+    const packed = new Blob([bytesOf(base64)]).stream();
+    return new Response(packed.pipeThrough(new DecompressionStream('deflate')));
+}
+
 class PackedNumbers {
-    constructor(base64) {
-        this.bytes = bytesOf(base64);
+    constructor(bytes) {
+        this.bytes = bytes;
         this.at = 0;
     }
 
@@ -84,9 +89,9 @@ class Sweep {
 }
 
 class PathData {
-    constructor(base64, name) {
-        const numbers = new PackedNumbers(base64);
-        if (numbers.next() !== 1) {
+    constructor(bytes, name) {
+        const numbers = new PackedNumbers(bytes);
+        if (numbers.next() !== 2) {
             throw new Error('the path is in a form that this page does not know');
         }
         const flags = numbers.next();
@@ -94,6 +99,7 @@ class PathData {
         this.isInch = (flags & 1) !== 0;
         this.isMultiAxis = (flags & 2) !== 0;
         this.hasBlocks = (flags & 4) !== 0;
+        this.grain = numbers.next(); // of positions, in the last digit that a source has
         this.name = name;
         this.blockTexts = []; // until they are unpacked
         this.count = numbers.next();
@@ -107,8 +113,7 @@ class PathData {
 
     // The blocks are not needed for a picture, so they come later.
     async unpackBlocks(base64) {
-        const packed = new Blob([bytesOf(base64)]).stream();
-        const text = await new Response(packed.pipeThrough(new DecompressionStream('deflate'))).text();
+        const text = await unpack(base64).text();
         this.blockTexts = text.split('\n');
     }
 
@@ -166,7 +171,7 @@ class PathData {
         this.radii = new Float64Array(this.arcCount);
         this.longArcs = new Uint8Array(this.arcCount); // of more than half a turn
         let arc = 0;
-        const scale = kDigits * this.unit;
+        const scale = this.grain * kDigits * this.unit;
         const start = [0, 0, 0];
         const end = [0, 0, 0];
         const axis = [0, 0, 0];
@@ -204,14 +209,15 @@ class PathData {
     }
 
     readArc(numbers, start, end, arc) {
-        const scale = kDigits * this.unit;
+        const scale = this.grain * kDigits * this.unit;
         let square = 0;
         for (let k = 0; k < 3; ++k) {
             const centre = start[k] + numbers.next();
             square += (end[k] - centre) ** 2;
             this.centres[3 * arc + k] = centre * scale;
         }
-        this.radii[arc] = (Math.round(Math.sqrt(square)) + numbers.next()) * scale;
+        const arm = Math.round(Math.sqrt(square) * this.grain);
+        this.radii[arc] = (arm + numbers.next()) * kDigits * this.unit;
         this.normals.set(this.readNormal(numbers), 3 * arc);
     }
 

@@ -285,6 +285,25 @@ def look_at_size(browser):
           str(statements()[count - 2][0]))
 
 
+def look_at_digits(browser):
+    """Positions of no, of few and of all decimals, in inches, too; a radius always has all."""
+    for unit, scale in (("MM", 1), ("INCHES", 25.4)):
+        for x, y in ((30, 40), (-0.25, 12.5), (0.00001, -7.12345), (99999.99999, 1e9)):
+            radius = math.hypot(x, y)
+            measure = show_apt(browser, f"UNITS/{unit}\nTLAXIS/0,0,1\nGOTO/{x:.5f},{y:.5f},2\n"
+                               f"INDIRV/{-y / radius:.5f},{x / radius:.5f},0\nTLON,GOFWD/(CIRCLE/0,0,2,"
+                               f"{radius:.5f}),ON,(LINE/0,0,2,{-x:.5f},{-y:.5f},2)\nGOTO/0,0,0\n")
+            ends = browser.value("Array.from(quillmarkPage.path.ends)")
+            wanted = [scale * value for value in (x, y, 2, -x, -y, 2, 0, 0, 0)]
+            off = max(abs(a - b) / max(1, abs(b)) for a, b in zip(ends, wanted))
+            check(f"ends of {x}, {y} {unit}, off by {off}", off < 1e-12, True)
+            found = browser.value("quillmarkPage.path.radii[0]")
+            check(f"radius {found} of {x}, {y} {unit}",
+                  abs(found - scale * round(radius, 5)) <= 1e-9 * radius, True)
+            length = browser.value("quillmarkPage.path.lengthOf(1)")
+            check(f"arc of {x}, {y} {unit}", abs(length / measure["arcs"]["length"] - 1) < 1e-6, True)
+
+
 def look_at_passes(browser):
     """A path of more pieces than are drawn at once, half of it done and half of it ahead."""
     count = 120000
@@ -361,6 +380,7 @@ with tempfile.TemporaryDirectory() as folder, Browser() as browser:
     look_at_search(browser)
     look_at_controls(browser)
     look_at_flat_paths(browser)
+    look_at_digits(browser)
     look_at_size(browser)
     look_at_passes(browser)
     check("console", browser.messages, [])
