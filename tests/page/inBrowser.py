@@ -3,6 +3,7 @@
 import json
 import math
 import os
+import random
 import re
 import subprocess
 import sys
@@ -266,15 +267,37 @@ def look_at_flat_paths(browser):
     check("middle of what fits", math.hypot(middle["x"] - width / 2, middle["y"] - height / 2) < 1, True)
 
 
+def write_arcs(name, count):
+    """Arcs that have nothing in common, in a box."""
+    random.seed(7)
+    x = y = 0
+    with open(name, "w", encoding="ascii") as program:
+        for number in range(count):
+            radius, angle = random.uniform(0.5, 20), random.uniform(0, 2 * math.pi)
+            i, j = round(radius * math.cos(angle), 3), round(radius * math.sin(angle), 3)
+            angle += random.uniform(0.2, 6)
+            end = (x + i - radius * math.cos(angle), y + j - radius * math.sin(angle))
+            if max(map(abs, end)) < 300:
+                x, y = (round(value, 3) for value in end)
+            program.write(f"N{number} G{random.choice((2, 3))} X{x:.3f} Y{y:.3f} I{i:.3f} J{j:.3f}\n")
+
+
 def look_at_size(browser):
     """Many movements, with their blocks: bytes of the page, and rows of the list."""
     count = 20000
+    with open("short.nc", "w", encoding="ascii") as program:
+        program.write("G01 X1. F100.\n")
+    convert("short.nc")
+    bare = os.path.getsize("part.html")
+    write_arcs("arcs.nc", count)
+    check("arcs of the page", convert("arcs.nc")["arcs"]["movements"], count)
+    each = (os.path.getsize("part.html") - bare) / count
+    check(f"{each} bytes an arc", each <= 40, True)
     with open("long.nc", "w", encoding="ascii") as program:
         for i in range(count):
             program.write(f"N{i} G01 X{i % 977}.{i % 1000:03} Y{i % 83}.5 Z-{i % 7}.25 F{100 + i % 9}.\n")
-    empty = os.path.getsize("part.html")
     measure = convert("long.nc")
-    each = (os.path.getsize("part.html") - empty) / count
+    each = (os.path.getsize("part.html") - bare) / count
     check(f"{each} bytes a movement", each <= 40, True)
     browser.open("part.html")
     check("movements of the long path", browser.value("quillmarkPage.path.count"),
