@@ -11,6 +11,7 @@ enum class BlockNote : unsigned {
     kRotaryFeed,    ///< a rotary axis that moves alone, at a feed along the path
     kHeadLength,    ///< a tool on a turning head of which nobody says how long it is
     kCycleAside,    ///< a cycle that does not run along the tool
+    kNoFeed,        ///< a feed movement while the program has given no feed
     kTwoMovements,  ///< the words of two movements: one of them acts
     kCount
 };

@@ -242,10 +242,15 @@ int Control::CheckKnown(const gmVector3& point) {
 }
 
 int Control::CheckFeed(const Movement& movement) {
-    return isStrict && movement.rapid != TRUE && movement.needsFeed && !IsInverseTime() &&
-                   m_status.GetFeedRateSpeed() == 0.0
-               ? Refuse(kBlockRefused, "a feed movement has no feed")
-               : 0;
+    if (movement.rapid == TRUE || !movement.needsFeed || m_status.GetFeedRateSpeed() != 0.0 ||
+        IsInverseTime()) {
+        return 0;
+    }
+    if (isStrict) {
+        return Refuse(kBlockRefused, "a feed movement has no feed");
+    }
+    m_status.Note(BlockNote::kNoFeed);
+    return 0;
 }
 
 bool Control::IsInverseTime() const {

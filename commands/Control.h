@@ -172,7 +172,7 @@ public:
         return units.IsInch() ? arcTolerance.InInches() : arcTolerance;
     }
 
-    /// Refuses a feed movement without a feed where the control does.
+    /// Refuses a feed movement without a feed where the control does, and notes it elsewhere.
     int CheckFeed(const Movement& movement);
     /// Whether the feed says how often in a minute a block could be run.
     [[nodiscard]] bool IsInverseTime() const;

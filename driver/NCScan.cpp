@@ -474,6 +474,7 @@ void NCScan::passNotes() {
         {BlockNote::kHeadLength, Oddity::kHeadLength},
         {BlockNote::kCycleAside, Oddity::kCycleAside},
         {BlockNote::kRotaryFeed, Oddity::kRotaryFeed},
+        {BlockNote::kNoFeed, Oddity::kNoFeed},
     };
     for (const auto& [note, oddity] : kNotes) {
         if (m_model->status.HasNote(note)) {

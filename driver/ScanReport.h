@@ -33,6 +33,7 @@ enum class Oddity : std::size_t {
     kHeadLength,    ///< a tool on a turning head of which nobody says how long it is
     kCycleAside,    ///< a cycle that does not run along the tool
     kRotaryFeed,    ///< the first movement of a rotary axis alone at a feed along the path
+    kNoFeed,        ///< a feed movement while the program has given no feed
     kCount
 };
 

@@ -11,13 +11,14 @@
 #include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::array kDialects{bundledDialect("five-axis-table"),
-                                      bundledDialect("five-axis-head")};
+    static const std::string kCoarse = "LINEAR_TOLERANCE\n0.5\nREV_AXIS_TOLERANCE\n5\n";
+    static const std::array kDialects{bundledDialect("five-axis-table") + kCoarse,
+                                      bundledDialect("five-axis-head") + kCoarse};
     if (size > 0) {
         std::string_view text(reinterpret_cast<const char*>(data), size);
         text.remove_prefix(1);
         const std::string entries = takeEntries(text, axisKeys());
-        convertControl(kDialects[data[0] % kDialects.size()] + entries, text);
+        convertControl(kDialects[data[0] % kDialects.size()] + entries, withShortNumbers(text));
     }
     return 0;
 }

@@ -105,6 +105,19 @@ std::string bundledDialect(const std::string& name) {
     return text + "REV_MOST_BLOCKS\n50\n";
 }
 
+std::string withShortNumbers(std::string_view text) {
+    constexpr int kMostDigits = 3;
+    std::string result;
+    int digits = 0;
+    for (const char c : text) {
+        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
+        if (digits <= kMostDigits) {
+            result += c;
+        }
+    }
+    return result;
+}
+
 std::string takeEntries(std::string_view& text, std::span<const Key> keys) {
     std::string entries;
     while (!text.empty()) {

@@ -21,6 +21,10 @@ extern const std::string_view kLathe;
 /// and with so few blocks to a program that a loop without an end is over at once.
 [[nodiscard]] std::string bundledDialect(const std::string& name);
 
+/// The text without the digits of its numbers behind the third: long ways and many turns take their
+/// time and show nothing else.
+[[nodiscard]] std::string withShortNumbers(std::string_view text);
+
 /// Entries of a parameter file. Each line of the text is one: the name of a key, a blank and the
 /// value; a line without the name of a key is a value alone, and its first byte chooses the key.
 /// The entries end at an empty line, and `text` then begins behind that.

@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdio>
 #include <sys/time.h>
+#include <unistd.h>
 
 namespace {
 
@@ -34,11 +35,12 @@ void tickEvery(long seconds) noexcept {
 
 } // namespace
 
-RunWatch::RunWatch(NCScan& scan, bool writesToPipe) noexcept : m_scan(scan) {
+RunWatch::RunWatch(NCScan& scan, bool writesToPipe) noexcept
+    : m_scan(scan), m_restartsCalls(writesToPipe) {
     g_watch = this;
     for (const int signal : kStopSignals) {
         if (!isIgnored(signal)) { // nohup, and shells for what runs in the background
-            handle(signal, onSignal, (writesToPipe ? SA_RESTART : 0) | SA_RESETHAND);
+            handle(signal, onSignal, (m_restartsCalls ? SA_RESTART : 0) | SA_RESETHAND);
         }
     }
     m_scan.SetWatch(this);
@@ -62,7 +64,7 @@ void RunWatch::ShowProgress() noexcept {
 }
 
 void RunWatch::HideProgress() noexcept {
-    if (!m_showsProgress) {
+    if (!m_showsProgress && g_signal == 0) {
         return;
     }
     m_showsProgress = false;
@@ -78,6 +80,16 @@ int RunWatch::Signal() noexcept { return g_signal; }
 void RunWatch::onSignal(int signal) noexcept {
     g_signal = signal;
     g_watch->Ask();
+    if (!g_watch->m_restartsCalls) {
+        onLateRead(SIGALRM);
+    }
+}
+
+// The signal breaks off a read that waits. One that begins behind the last look at the signal would
+// wait on, and is broken off by the next second.
+void RunWatch::onLateRead(int signal) noexcept {
+    handle(signal, onLateRead, 0);
+    (void)alarm(1);
 }
 
 void RunWatch::onTick(int /*signal*/) noexcept {

@@ -15,18 +15,20 @@ public:
 
     /// Shows the progress every second from now on.
     void ShowProgress() noexcept;
-    /// Ends the showing and removes the line that was shown.
+    /// Ends the showing and removes the line that was shown; nothing is broken off any more.
     void HideProgress() noexcept;
     /// The signal that came, or 0.
     [[nodiscard]] static int Signal() noexcept;
 
 private:
     static void onSignal(int signal) noexcept;
+    static void onLateRead(int signal) noexcept;
     static void onTick(int signal) noexcept;
     bool decide() noexcept override;
     void printProgress() noexcept;
 
     NCScan& m_scan;
+    const bool m_restartsCalls;
     bool m_showsProgress = false;
     bool m_hasShown = false;
 };

@@ -95,6 +95,8 @@ inline constexpr OddityRow kOddityRows[] = {
      "their movements are written as the program has them"},
     {Oddity::kRotaryFeed, "rotary_feeds", "rotary axes that move alone at a feed",
      "the feed is that of the axis, and was kept as one along the path"},
+    {Oddity::kNoFeed, "feeds_missing", "feed movements before the program gave a feed",
+     "the APT has none for them, or 0", Level::kNote},
     {Oddity::kCompensation, "compensations", "blocks with radius compensation",
      "the path is the programmed contour", Level::kNote},
 };

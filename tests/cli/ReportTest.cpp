@@ -92,6 +92,11 @@ TEST_F(Report, SummaryIsPrintedAlways) {
     EXPECT_THAT(run("--summary").err, EndsWith("quillmark: movements before every axis was given: "
                                                "1, the first in line 1; 0 was taken for the "
                                                "others\n"));
+    m_folder.write("dwells.pp", kDialect + "REV_DWELL\nG4\n");
+    m_folder.write("a.nc", "G0 X1 Y1 Z1\nG1 X2\nX3\nG1 X4 F100\n");
+    EXPECT_THAT(run("-p dwells.pp --summary --strict").err,
+                EndsWith("quillmark: feed movements before the program gave a feed: 2, the first "
+                         "in line 2; the APT has none for them, or 0\n"));
     EXPECT_THAT(run("-nc x.nc --summary").err, AllOf(StartsWith("quillmark: blocks read: 0\n"),
                                                      HasSubstr("\nquillmark: error 200: ")));
 }
