@@ -191,5 +191,7 @@ TEST(BlockTable, TiesMovementsToBlocks) {
     EXPECT_EQ(path.blocks.Count(), 6U);
     EXPECT_EQ(addBlocks(path, log, apt + "GOTO/4,0,0\n"),
               "it is not the log of this APT: line 7 of the APT is not in it");
+    EXPECT_EQ(addBlocks(path, log, apt.substr(0, apt.find("GOTO/3"))),
+              "it goes on behind the end of this APT, which may have been cut off");
     EXPECT_EQ(addBlocks(path, "", apt), "it is no log: its banner is missing");
 }
