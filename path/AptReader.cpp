@@ -239,6 +239,9 @@ bool AptReader::addArc(ToolArc& arc, const gmVector3& end) {
     if (across(arm, arc.normal).length() < grain()) {
         return fail("an arc about a point above its start");
     }
+    if (across(end - arc.centre, arc.normal).length() < grain()) {
+        return fail("an arc that ends at its centre");
+    }
     arc.angle = angleOf(arc, start, end);
     m_path->arcs.push_back(arc);
     m_direction.reset();
@@ -408,7 +411,7 @@ bool AptReader::readDelay(const Statement& statement) {
         return takeBadNumber(statement, fault);
     }
     rest = withoutBlanks(rest);
-    if (!rest.empty() && rest != "REV") {
+    if (value < 0.0 || (!rest.empty() && rest != "REV")) {
         return takeUnknown(statement);
     }
     return addEvent(rest.empty() ? EventKind::kDwell : EventKind::kDwellInTurns, value);

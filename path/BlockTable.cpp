@@ -8,6 +8,10 @@ namespace {
 
 constexpr int kBannerLines = 2;
 
+bool movesTool(std::string_view statement) noexcept {
+    return statement.starts_with("GOTO/") || statement.starts_with("TLON,");
+}
+
 } // namespace
 
 // A block stands between line ends, its statements behind it as in the APT. Lines that are none of
@@ -30,6 +34,9 @@ std::string BlockTable::Read(std::FILE* log, std::FILE* apt) {
             }
         } else if (isLeft && line == statement) {
             isLeft = aptLines.Next(statement);
+        } else if (!isLeft && movesTool(line)) {
+            *this = BlockTable();
+            return "it goes on behind the end of this APT, which may have been cut off";
         }
     }
     if (isLeft || logLines.Error() != 0 || aptLines.Error() != 0) {

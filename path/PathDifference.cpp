@@ -10,12 +10,17 @@ namespace {
 constexpr double kInch = 25.4;
 constexpr double kSameDirection = 2e-5; // between directions of length 1
 constexpr double kSameRate = 1e-4;
+constexpr double kNoProgress = 1e-9; // mm, of a distance
 
 double grainOf(const ToolPath& path) noexcept { return path.isInch ? 1e-5 * kInch : 1e-5; }
 
 // Points of a movement at which it is measured; of a straight one the far end comes first.
 constexpr int kStraightSamples = 4;
 constexpr int kArcSamples = 12;
+
+int samplesOf(const ToolPath& path, std::size_t movement) noexcept {
+    return path.movements[movement].IsArc() ? kArcSamples : kStraightSamples;
+}
 
 class Comparing {
 public:
@@ -119,28 +124,59 @@ private:
         // What digits leave open is no distance.
         const double least = 2.0 * std::max(grainOf(m_a), grainOf(m_b));
         found.distance = least;
-        measureOne(m_a, first, endOfA, treeOfB, false, found);
-        measureOne(m_b, first, endOfB, treeOfA, true, found);
+        double part = 1.0; // of its movement
+        measureOne(m_a, first, endOfA, treeOfB, false, found, part);
+        measureOne(m_b, first, endOfB, treeOfA, true, found, part);
         if (found.distance == least) {
             found.distance = 0.0;
+        } else if (found.isOfSecond) {
+            refine(m_b, treeOfA, part, found);
+        } else {
+            refine(m_a, treeOfB, part, found);
         }
     }
 
     static void measureOne(const ToolPath& path, std::size_t first, std::size_t last,
-                           const PathTree& other, bool isSecond, PathDifference& found) {
+                           const PathTree& other, bool isSecond, PathDifference& found,
+                           double& partOfFarthest) {
         for (std::size_t i = first; i < last; ++i) {
-            const int samples = path.movements[i].IsArc() ? kArcSamples : kStraightSamples;
+            const int samples = samplesOf(path, i);
             for (int sample = samples; sample > 0; --sample) {
-                const gmVector3 point = path.PointAt(i, static_cast<double>(sample) / samples);
-                const double distance = other.Distance(point, found.distance);
-                if (distance > found.distance) {
-                    found.distance = distance;
-                    found.point = point;
+                const double part = static_cast<double>(sample) / samples;
+                if (takeFarther(path.PointAt(i, part), other, found)) {
                     found.isOfSecond = isSecond;
                     found.farthest = i;
+                    partOfFarthest = part;
                 }
             }
         }
+    }
+
+    // On its movement the farthest point lies somewhere around the farthest sample.
+    static void refine(const ToolPath& path, const PathTree& other, double part,
+                       PathDifference& found) {
+        constexpr int kHalvings = 30;
+        double step = 1.0 / samplesOf(path, found.farthest);
+        for (int i = 0; i < kHalvings; ++i) {
+            step *= 0.5;
+            for (const double next : {part - step, part + step}) {
+                if (next >= 0.0 && next <= 1.0 &&
+                    takeFarther(path.PointAt(found.farthest, next), other, found)) {
+                    part = next;
+                    break;
+                }
+            }
+        }
+    }
+
+    static bool takeFarther(const gmVector3& point, const PathTree& other, PathDifference& found) {
+        const double distance = other.Distance(point, found.distance + kNoProgress);
+        if (distance <= found.distance + kNoProgress) {
+            return false;
+        }
+        found.distance = distance;
+        found.point = point;
+        return true;
     }
 
     const ToolPath& m_a;

@@ -61,7 +61,7 @@ private:
             const double middle = 0.5 * (m_path.StartOf(index)[0] + m_path.movements[index].end[0]);
             perMinute *= state.TurnsPerMinute(middle);
         }
-        if (perMinute > 0.0 && !m_path.movements[index].startsAnew) {
+        if (perMinute > 0.0 && std::isfinite(perMinute) && !m_path.movements[index].startsAnew) {
             sum.seconds = sum.length / perMinute * kSecondsPerMinute;
         } else {
             sum.untimed = 1;
@@ -111,7 +111,7 @@ private:
         const double place =
             event.movement == 0 ? 0.0 : m_path.movements[event.movement - 1].end[0];
         const double turns = state.TurnsPerMinute(place);
-        if (turns > 0.0) {
+        if (turns > 0.0 && std::isfinite(turns)) {
             addDwell(state, event.value / turns * kSecondsPerMinute);
         } else {
             ++m_measure.untimedDwells;

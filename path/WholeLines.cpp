@@ -1,6 +1,22 @@
 #include "path/WholeLines.h"
 
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+} // namespace
+
 bool WholeLines::Next(std::string_view& line) {
+    if (!takeLine(line)) {
+        return false;
+    }
+    if (m_number == 1 && line.starts_with(kByteOrderMark)) {
+        line.remove_prefix(kByteOrderMark.size());
+    }
+    return true;
+}
+
+bool WholeLines::takeLine(std::string_view& line) {
     if (!m_reader.Next(line)) {
         return false;
     }

@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// The lines of a text, each in one piece and without its end. What a line has beyond its longest
+/// The lines of a text, each in one piece and without its end; a byte order mark in front of the
+/// first, as some editors put there, is none of it. What a line has beyond its longest
 /// length is left out. The stream is the caller's.
 class WholeLines {
 public:
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] int Error() const noexcept { return m_reader.HasFailed() ? m_reader.Error() : 0; }
 
 private:
+    [[nodiscard]] bool takeLine(std::string_view& line);
     [[nodiscard]] std::string_view withoutEnd(std::string_view piece) noexcept;
     void collect(std::string_view piece);
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr double kLargest = 1e12;
+constexpr double kLargest = 1e10; // its digits fit into 53 bits
 
 constexpr const char* kTexts[] = {
     "nothing is wrong",           "a number is missing",

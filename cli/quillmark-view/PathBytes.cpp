@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::int64_t kForm = 1; // of these bytes; the reader knows one
+constexpr std::int64_t kForm = 2; // of these bytes; the reader knows one
 constexpr double kInch = 25.4;
 constexpr double kDigits = 1e5;     // of a position
 constexpr double kRateDigits = 1e6; // of feeds, speeds and seconds
@@ -22,6 +22,30 @@ std::int64_t bitsOf(Enum value, int shift) noexcept {
     return std::int64_t{static_cast<std::uint8_t>(value)} << shift;
 }
 
+std::int64_t digitsOf(double value, double unit) noexcept {
+    return std::llround(value / unit * kDigits);
+}
+
+// In the last digits that a source has, the largest power of ten of which all positions are
+// multiples.
+std::int64_t grainOf(const ToolPath& path, double unit) noexcept {
+    auto grain = static_cast<std::int64_t>(kDigits);
+    const auto take = [&grain, unit](const gmVector3& point) {
+        for (int i = 0; i < 3; ++i) {
+            while (digitsOf(point[i], unit) % grain != 0) {
+                grain /= 10;
+            }
+        }
+    };
+    for (const ToolMovement& movement : path.movements) {
+        take(movement.end);
+    }
+    for (const ToolArc& arc : path.arcs) {
+        take(arc.centre);
+    }
+    return grain;
+}
+
 std::int64_t flagsOf(const ToolState& state) noexcept {
     return bitsOf(state.isFeedPerTurn, 0) | bitsOf(state.isCuttingSpeed, 1) |
            bitsOf(state.spindle, 2) | bitsOf(state.coolant, 4) | bitsOf(state.side, 6) |
@@ -30,7 +54,8 @@ std::int64_t flagsOf(const ToolState& state) noexcept {
 
 } // namespace
 
-PathBytes::PathBytes(const ToolPath& path) : m_path(path), m_unit(path.isInch ? kInch : 1.0) {
+PathBytes::PathBytes(const ToolPath& path)
+    : m_path(path), m_unit(path.isInch ? kInch : 1.0), m_grain(grainOf(path, m_unit)) {
     addHead();
     addStates();
     addEvents();
@@ -43,6 +68,7 @@ void PathBytes::addHead() {
     number(kForm);
     number(bitsOf(m_path.isInch, 0) | bitsOf(m_path.isMultiAxis, 1) |
            bitsOf(!m_path.blocks.IsEmpty(), 2));
+    number(m_grain);
     for (const std::size_t count : {m_path.movements.size(), m_path.arcs.size(),
                                     m_path.states.size(), m_path.events.size()}) {
         number(static_cast<std::int64_t>(count));
@@ -121,7 +147,8 @@ void PathBytes::addArc(std::size_t index, const Place& start, const Place& end) 
     for (int i = 0; i < 3; ++i) {
         arm[i] = static_cast<double>(end.part[i] - centre.part[i]);
     }
-    number(std::llround(arc.radius / m_unit * kDigits) - std::llround(arm.length()));
+    number(digitsOf(arc.radius, m_unit) -
+           std::llround(arm.length() * static_cast<double>(m_grain)));
     addNormal(arc.normal);
 }
 
@@ -156,7 +183,7 @@ void PathBytes::addBlock(std::uint32_t line) {
 PathBytes::Place PathBytes::placeOf(const gmVector3& point) const noexcept {
     Place place;
     for (int i = 0; i < 3; ++i) {
-        place.part[i] = std::llround(point[i] / m_unit * kDigits);
+        place.part[i] = digitsOf(point[i], m_unit) / m_grain;
     }
     return place;
 }

@@ -8,7 +8,7 @@
 
 /// A path as the page in the browser reads it, in few bytes: numbers in groups of 7 bits, low ones
 /// first, the sign in the lowest bit, most of them as the difference from the one before. Positions
-/// are in units of the last digit that the source has. pathData.js is the reader.
+/// are in units of the last digit that one of them needs. pathData.js is the reader.
 class PathBytes {
 public:
     explicit PathBytes(const ToolPath& path);
@@ -36,6 +36,7 @@ private:
 
     const ToolPath& m_path;
     const double m_unit; // mm
+    const std::int64_t m_grain;
     std::string m_bytes;
 
     Place m_end;

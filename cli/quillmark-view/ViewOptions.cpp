@@ -2,7 +2,9 @@
 
 #include "cli/quillmark-view/outputKinds.h"
 #include "cli/quillmark-view/views.h"
+#include "driver/fileIdentity.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -58,6 +60,11 @@ const ValueOption* findOption(std::string_view name) noexcept {
     return nullptr;
 }
 
+bool isInput(const ViewOptions& options, const char* name) noexcept {
+    const auto isSame = [name](const char* input) { return isSameRegularFile(input, name); };
+    return std::ranges::any_of(options.apts, isSame) || std::ranges::any_of(options.logs, isSame);
+}
+
 std::string checked(const ViewOptions& options) {
     if (options.apts.empty() || options.apts.size() > 2) {
         return "one APT file is wanted, or two to compare";
@@ -67,6 +74,9 @@ std::string checked(const ViewOptions& options) {
     }
     const OutputKind* const kind =
         options.output == nullptr ? nullptr : findOutputKind(options.output);
+    if (kind != nullptr && isInput(options, options.output)) {
+        return "-o names a file that is read";
+    }
     if (options.view != nullptr && (kind == nullptr || !kind->isPicture)) {
         return "--view is of use with a picture, -o";
     }

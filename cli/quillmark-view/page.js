@@ -302,13 +302,14 @@ class Page {
 }
 
 // The data are read once and then given back. Programs find the page as quillmarkPage.
-function openPage() {
+async function openPage() {
     const take = (id) => {
         const text = byId(id).textContent;
         byId(id).remove();
         return text;
     };
-    const page = new Page(new PathData(take('path'), take('source').trim()));
+    const bytes = new Uint8Array(await unpack(take('path')).arrayBuffer());
+    const page = new Page(new PathData(bytes, take('source').trim()));
     window.quillmarkPage = page;
     if (page.path.hasBlocks) {
         page.path.unpackBlocks(take('blocks')).then(() => page.tellFacts());

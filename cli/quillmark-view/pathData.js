@@ -20,32 +20,78 @@ function bytesOf(base64) {
     return bytes;
 }
 
+function unpack(base64) {
+    const packed = new Blob([bytesOf(base64)]).stream();
+    return new Response(packed.pipeThrough(new DecompressionStream('deflate')));
+}
+
 class PackedNumbers {
-    constructor(base64) {
-        this.bytes = bytesOf(base64);
+    constructor(bytes) {
+        this.bytes = bytes;
         this.at = 0;
     }
 
+    // The sign comes first, so that it is kept where a value has more than 53 bits.
     next() {
-        let value = this.bytes[this.at++];
-        if (value >= 128) {
-            value -= 128;
-            let byte = 0;
-            let factor = 128;
-            do {
-                byte = this.bytes[this.at++];
-                value += (byte & 127) * factor;
-                factor *= 128;
-            } while (byte >= 128);
+        let byte = this.bytes[this.at++];
+        const isNegative = (byte & 1) !== 0;
+        let value = (byte & 127) >> 1;
+        for (let factor = 64; byte >= 128; factor *= 128) {
+            byte = this.bytes[this.at++];
+            value += (byte & 127) * factor;
         }
-        return value % 2 === 0 ? value / 2 : -(value + 1) / 2;
+        return isNegative ? -value - 1 : value;
+    }
+}
+
+// An arc as centre, arms and angle: the point at the part p of it, 0 to 1, is
+// centre + (1 + p * growth) * (cos(p * angle) * from + sin(p * angle) * across) + p * rise.
+// One is filled anew for many arcs.
+class Sweep {
+    constructor() {
+        for (const name of ['centre', 'from', 'across', 'rise', 'middle', 'normal', 'to']) {
+            this[name] = new THREE.Vector3();
+        }
+        this.angle = 0;
+        this.growth = 0;
+    }
+
+    set(path, movement) {
+        const arc = path.arcOf[movement];
+        const {centre, from, across, rise, middle, normal, to} = this;
+        normal.fromArray(path.normals, 3 * arc).normalize();
+        middle.fromArray(path.centres, 3 * arc);
+        path.startOf(movement, centre);
+        path.endOf(movement, to);
+        rise.subVectors(to, centre).projectOnVector(normal);
+        from.subVectors(centre, middle).projectOnPlane(normal);
+        to.sub(middle).projectOnPlane(normal);
+        across.crossVectors(normal, from);
+        centre.sub(from);
+        this.angle = Math.atan2(across.dot(to), from.dot(to));
+        // A full turn may end a little behind its start as well.
+        const isLong = path.longArcs[arc] !== 0;
+        if (this.angle <= 0 || (isLong && this.angle < 1)) {
+            this.angle = isLong ? this.angle + 2 * Math.PI : -this.angle;
+        }
+        this.growth = to.length() / from.length() - 1;
+        return this;
+    }
+
+    pointAt(part, point = new THREE.Vector3()) {
+        const angle = part * this.angle;
+        const size = 1 + part * this.growth;
+        return point.copy(this.centre)
+            .addScaledVector(this.from, size * Math.cos(angle))
+            .addScaledVector(this.across, size * Math.sin(angle))
+            .addScaledVector(this.rise, part);
     }
 }
 
 class PathData {
-    constructor(base64, name) {
-        const numbers = new PackedNumbers(base64);
-        if (numbers.next() !== 1) {
+    constructor(bytes, name) {
+        const numbers = new PackedNumbers(bytes);
+        if (numbers.next() !== 2) {
             throw new Error('the path is in a form that this page does not know');
         }
         const flags = numbers.next();
@@ -53,6 +99,7 @@ class PathData {
         this.isInch = (flags & 1) !== 0;
         this.isMultiAxis = (flags & 2) !== 0;
         this.hasBlocks = (flags & 4) !== 0;
+        this.grain = numbers.next(); // of positions, in the last digit that a source has
         this.name = name;
         this.blockTexts = []; // until they are unpacked
         this.count = numbers.next();
@@ -66,8 +113,7 @@ class PathData {
 
     // The blocks are not needed for a picture, so they come later.
     async unpackBlocks(base64) {
-        const packed = new Blob([bytesOf(base64)]).stream();
-        const text = await new Response(packed.pipeThrough(new DecompressionStream('deflate'))).text();
+        const text = await unpack(base64).text();
         this.blockTexts = text.split('\n');
     }
 
@@ -120,8 +166,12 @@ class PathData {
         this.axisOf = new Uint32Array(count);
         this.axes = [0, 0, 1];
         this.arcOf = new Uint32Array(count);
-        this.arcs = [];
-        const scale = kDigits * this.unit;
+        this.centres = new Float64Array(3 * this.arcCount);
+        this.normals = new Float64Array(3 * this.arcCount);
+        this.radii = new Float64Array(this.arcCount);
+        this.longArcs = new Uint8Array(this.arcCount); // of more than half a turn
+        let arc = 0;
+        const scale = this.grain * kDigits * this.unit;
         const start = [0, 0, 0];
         const end = [0, 0, 0];
         const axis = [0, 0, 0];
@@ -130,9 +180,8 @@ class PathData {
         let state = 0;
         for (let i = 0; i < count; ++i) {
             const bits = numbers.next();
-            const isArc = (bits & 3) === kArc;
-            [start[0], start[1], start[2]] = end;
             for (let k = 0; k < 3; ++k) {
+                start[k] = end[k];
                 end[k] += numbers.next();
                 this.ends[3 * i + k] = end[k] * scale;
             }
@@ -151,24 +200,25 @@ class PathData {
             this.blocks[i] = block;
             this.stateOf[i] = state;
             this.axisOf[i] = this.axes.length / 3 - 1;
-            if (isArc) {
-                this.arcOf[i] = this.arcs.length;
-                this.arcs.push(this.readArc(numbers, start, end, (bits & 8) !== 0));
+            if ((bits & 3) === kArc) {
+                this.arcOf[i] = arc;
+                this.longArcs[arc] = (bits & 8) !== 0 ? 1 : 0;
+                this.readArc(numbers, start, end, arc++);
             }
         }
     }
 
-    readArc(numbers, start, end, isLong) {
-        const scale = kDigits * this.unit;
-        const centre = [0, 0, 0];
+    readArc(numbers, start, end, arc) {
+        const scale = this.grain * kDigits * this.unit;
         let square = 0;
         for (let k = 0; k < 3; ++k) {
-            centre[k] = start[k] + numbers.next();
-            square += (end[k] - centre[k]) ** 2;
-            centre[k] *= scale;
+            const centre = start[k] + numbers.next();
+            square += (end[k] - centre) ** 2;
+            this.centres[3 * arc + k] = centre * scale;
         }
-        const radius = (Math.round(Math.sqrt(square)) + numbers.next()) * scale;
-        return {centre, radius, normal: this.readNormal(numbers), isLong};
+        const arm = Math.round(Math.sqrt(square) * this.grain);
+        this.radii[arc] = (arm + numbers.next()) * kDigits * this.unit;
+        this.normals.set(this.readNormal(numbers), 3 * arc);
     }
 
     readNormal(numbers) {
@@ -184,13 +234,16 @@ class PathData {
         return this.normal;
     }
 
-    endOf(movement) { return new THREE.Vector3().fromArray(this.ends, 3 * movement); }
+    // Points go into a vector that may be given.
+    endOf(movement, point = new THREE.Vector3()) {
+        return point.fromArray(this.ends, 3 * movement);
+    }
 
-    startOf(movement) {
+    startOf(movement, point = new THREE.Vector3()) {
         if (this.anew[movement] !== 0) {
-            return this.endOf(movement);
+            return this.endOf(movement, point);
         }
-        return movement === 0 ? new THREE.Vector3() : this.endOf(movement - 1);
+        return movement === 0 ? point.set(0, 0, 0) : this.endOf(movement - 1, point);
     }
 
     axisAt(movement) { return new THREE.Vector3().fromArray(this.axes, 3 * this.axisOf[movement]); }
@@ -201,35 +254,7 @@ class PathData {
 
     textOfBlock(block) { return this.blockTexts[block - 1] || ''; }
 
-    // The arc as centre, arms and angle: the point at the part p of it, 0 to 1, is
-    // centre + (1 + p * growth) * (cos(p * angle) * from + sin(p * angle) * across) + p * rise.
-    sweepOf(movement) {
-        const arc = this.arcs[this.arcOf[movement]];
-        const normal = new THREE.Vector3().fromArray(arc.normal).normalize();
-        const middle = new THREE.Vector3().fromArray(arc.centre);
-        const start = this.startOf(movement);
-        const from = start.clone().sub(middle).projectOnPlane(normal);
-        const to = this.endOf(movement).sub(middle).projectOnPlane(normal);
-        const across = normal.clone().cross(from);
-        let angle = Math.atan2(across.dot(to), from.dot(to));
-        if (angle <= 0) {
-            angle = arc.isLong ? angle + 2 * Math.PI : -angle;
-        }
-        const way = this.endOf(movement).sub(start);
-        return {
-            centre: start.clone().sub(from), from, across, angle,
-            growth: to.length() / from.length() - 1, rise: way.projectOnVector(normal),
-        };
-    }
-
-    pointOn(sweep, part) {
-        const angle = part * sweep.angle;
-        const size = 1 + part * sweep.growth;
-        return sweep.centre.clone()
-            .addScaledVector(sweep.from, size * Math.cos(angle))
-            .addScaledVector(sweep.across, size * Math.sin(angle))
-            .addScaledVector(sweep.rise, part);
-    }
+    sweepOf(movement) { return new Sweep().set(this, movement); }
 
     lengthOf(movement) {
         if (this.kinds[movement] !== kArc) {
@@ -248,8 +273,9 @@ class PathData {
     statementOf(movement) {
         const end = this.endOf(movement).toArray();
         if (this.kinds[movement] === kArc) {
-            const {centre, radius} = this.arcs[this.arcOf[movement]];
-            return `TLON,GOFWD/(CIRCLE/${this.numbersText([...centre, radius])}),` +
+            const arc = this.arcOf[movement];
+            const centre = this.centres.slice(3 * arc, 3 * arc + 3);
+            return `TLON,GOFWD/(CIRCLE/${this.numbersText([...centre, this.radii[arc]])}),` +
                 `ON,(LINE/${this.numbersText([...centre, ...end])})`;
         }
         let text = `GOTO/${this.numbersText(end)}`;

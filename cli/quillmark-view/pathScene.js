@@ -18,6 +18,7 @@ const kPickPixels = 7;
 const kManyMovements = 200000; // whose lines are drawn several times as fast without smooth edges
 const kPassPieces = 100000;
 const kPassLength = 5000; // of its pieces, in diagonals of the box: long ones take their pixels
+const kFlat = 1e-6; // in diagonals of the box
 const kRest = 150; // milliseconds without a change of the view
 
 // Lines of a fixed number of pieces, each with the movement that it belongs to.
@@ -32,7 +33,8 @@ class PieceLines {
         this.colours = isDashed ? null : new Uint8Array(6 * pieces);
         this.distances = isDashed ? new Float32Array(2 * pieces) : null;
         this.owners = new Uint32Array(pieces);
-        this.order = null; // the ends of the pieces, pass by pass, if there are several
+        this.whole = new THREE.LineSegments(); // all pieces in their order, never drawn
+        this.ofPasses = [];
         this.passes = 1;
         this.clear();
     }
@@ -50,7 +52,8 @@ class PieceLines {
         this.positions[at + 3] = nextX;
         this.positions[at + 4] = nextY;
         this.positions[at + 5] = nextZ;
-        const length = Math.hypot(nextX - x, nextY - y, nextZ - z);
+        // Several times as fast as Math.hypot.
+        const length = Math.sqrt((nextX - x) ** 2 + (nextY - y) ** 2 + (nextZ - z) ** 2);
         if (this.isDashed) {
             this.distances[2 * this.pieces + 1] = length;
         }
@@ -58,38 +61,57 @@ class PieceLines {
         this.owners[this.pieces++] = owner;
     }
 
-    // Pass p of n has the pieces p, p + n, p + 2n ...
+    // Pass p of n has the pieces p, p + n, p + 2n ... Its lines are made when it is drawn first, so
+    // that the first picture waits for its own alone.
     finish(passes) {
+        this.drop();
         this.passes = passes;
-        this.order = passes > 1 ? new Uint32Array(2 * this.pieces) : null;
-        for (let pass = 0, at = 0; passes > 1 && pass < passes; ++pass) {
-            for (let piece = pass; piece < this.pieces; piece += passes) {
-                this.order[at++] = 2 * piece;
-                this.order[at++] = 2 * piece + 1;
-            }
-        }
-        const index = passes > 1 ? new THREE.BufferAttribute(this.order, 1) : null;
-        const part = (array, size) => new THREE.BufferAttribute(
-            array.subarray(0, 2 * size * this.pieces), size, array instanceof Uint8Array);
-        const attributes = {position: part(this.positions, 3)};
-        if (this.isDashed) {
-            attributes.lineDistance = part(this.distances, 1);
-        } else {
-            attributes.color = part(this.colours, 3);
-        }
-        for (const lines of [this.done, this.ahead]) {
-            lines.geometry.dispose();
-            lines.geometry = new THREE.BufferGeometry();
-            for (const [name, attribute] of Object.entries(attributes)) {
-                lines.geometry.setAttribute(name, attribute);
-            }
-            lines.geometry.setIndex(index);
-        }
+        this.whole.geometry = new THREE.BufferGeometry();
+        this.whole.geometry.setAttribute('position', new THREE.BufferAttribute(
+            this.positions.subarray(0, 6 * this.pieces), 3));
     }
 
-    // The movement of an end as the lines are drawn.
-    ownerOf(end) {
-        return this.owners[(this.order === null ? end : this.order[end]) >> 1];
+    drop() {
+        for (const {done, ahead} of this.ofPasses) {
+            done.dispose();
+            ahead.dispose();
+        }
+        this.ofPasses = [];
+    }
+
+    linesOf(pass) {
+        if (this.ofPasses[pass] === undefined) {
+            const attributes = {position: this.part(this.positions, 3, pass)};
+            if (this.isDashed) {
+                attributes.lineDistance = this.part(this.distances, 1, pass);
+            } else {
+                attributes.color = this.part(this.colours, 3, pass);
+            }
+            const geometry = () => {
+                const lines = new THREE.BufferGeometry();
+                for (const [name, attribute] of Object.entries(attributes)) {
+                    lines.setAttribute(name, attribute);
+                }
+                return lines;
+            };
+            this.ofPasses[pass] = {done: geometry(), ahead: geometry()};
+        }
+        return this.ofPasses[pass];
+    }
+
+    // What the pieces of a pass have of an array with `size` numbers for each end.
+    part(array, size, pass) {
+        const each = 2 * size;
+        let values = array.subarray(0, each * this.pieces);
+        if (this.passes > 1) {
+            values = new array.constructor(each * this.inPass(pass, this.pieces));
+            for (let at = 0, from = each * pass; at < values.length; from += each * this.passes) {
+                for (let k = 0; k < each; ++k) {
+                    values[at++] = array[from + k];
+                }
+            }
+        }
+        return new THREE.BufferAttribute(values, size, array instanceof Uint8Array);
     }
 
     // The number of pieces of the movements up to one.
@@ -109,21 +131,22 @@ class PieceLines {
 
     showUpTo(movement) { this.reached = this.piecesUpTo(movement); }
 
-    // Those of the first `pieces` that are in passes before one.
-    before(pass, pieces) {
-        const rest = pieces % this.passes;
-        return pass * Math.floor(pieces / this.passes) + Math.min(pass, rest);
+    // How many of the first `pieces` are in a pass.
+    inPass(pass, pieces) {
+        return Math.floor(pieces / this.passes) + (pass < pieces % this.passes ? 1 : 0);
     }
 
     // In a pass, what is done lies in front of what is ahead.
     usePass(pass) {
-        const begin = this.before(pass, this.pieces);
-        const end = this.before(pass + 1, this.pieces);
-        const done = this.before(pass + 1, this.reached) - this.before(pass, this.reached);
-        this.done.geometry.setDrawRange(2 * begin, 2 * done);
-        this.ahead.geometry.setDrawRange(2 * (begin + done), 2 * (end - begin - done));
+        const all = this.inPass(pass, this.pieces);
+        const done = this.inPass(pass, this.reached);
+        const lines = this.linesOf(pass);
+        this.done.geometry = lines.done;
+        this.ahead.geometry = lines.ahead;
+        this.done.geometry.setDrawRange(0, 2 * done);
+        this.ahead.geometry.setDrawRange(2 * done, 2 * (all - done));
         this.done.visible = done > 0;
-        this.ahead.visible = begin + done < end;
+        this.ahead.visible = done < all;
     }
 }
 
@@ -185,17 +208,17 @@ class PathScene {
         const points = new Float64Array(3 * (most - 1) * this.path.arcCount);
         let size = 0;
         this.arcBegins = new Uint32Array(this.path.arcCount + 1);
+        const sweep = new Sweep();
+        const point = new THREE.Vector3();
         for (let i = 0; i < this.path.count; ++i) {
             if (this.path.kinds[i] !== kArc) {
                 continue;
             }
-            const sweep = this.path.sweepOf(i);
+            sweep.set(this.path, i);
             const steps = Math.max(2, Math.ceil(most * sweep.angle / (2 * Math.PI)));
             for (let k = 1; k < steps; ++k) {
-                const {x, y, z} = this.path.pointOn(sweep, k / steps);
-                points[size++] = x;
-                points[size++] = y;
-                points[size++] = z;
+                sweep.pointAt(k / steps, point).toArray(points, size);
+                size += 3;
             }
             this.arcBegins[this.path.arcOf[i] + 1] = size;
         }
@@ -209,8 +232,8 @@ class PathScene {
     }
 
     findRanges() {
-        const low = [Infinity, Infinity, Infinity];
-        const high = [-Infinity, -Infinity, -Infinity];
+        const low = this.path.startOf(0).toArray(); // of an arc, that no end tells
+        const high = [...low];
         for (const points of [this.path.ends, this.arcPoints]) {
             for (let i = 0; i < points.length; ++i) {
                 const axis = i % 3;
@@ -221,7 +244,7 @@ class PathScene {
         const box = new THREE.Box3(new THREE.Vector3(...low), new THREE.Vector3(...high));
         this.box = box;
         this.middle = box.getCenter(new THREE.Vector3());
-        this.size = Math.max(box.getSize(new THREE.Vector3()).length(), 1e-3);
+        this.size = box.getSize(new THREE.Vector3()).length() || 1;
         const feeds = [];
         this.cuttingPieces = this.arcPoints.length / 3;
         this.rapidPieces = 0;
@@ -254,10 +277,16 @@ class PathScene {
         this.scene.add(this.rapids.done, this.rapids.ahead, this.cuts.done, this.cuts.ahead);
     }
 
-    // Drawn around the middle of the box, where numbers of 32 bits are finest.
+    // Drawn around the middle of the box, where numbers of 32 bits are finest. A flat box gets a
+    // little height, because nothing can be scaled by 0.
     addHelpers() {
-        const box = this.box.clone().translate(this.middle.clone().negate());
+        const box = this.box.clone().translate(this.middle.clone().negate())
+            .expandByScalar(kFlat * this.size);
         this.boxLines = new THREE.Box3Helper(box, '#8a8a8a');
+        // What runs along its edges is seen on it.
+        this.boxLines.renderOrder = -1;
+        this.boxLines.material.depthWrite = false;
+        this.boxLines.material.depthFunc = THREE.LessDepth;
         this.axes = new THREE.AxesHelper(this.size / 6);
         this.axes.position.copy(this.middle).negate();
         this.chosen = new THREE.Line(new THREE.BufferGeometry(),
@@ -293,12 +322,16 @@ class PathScene {
             if (!hidden[path.stateOf[i]]) {
                 ++this.shownMovements;
                 const lines = path.kinds[i] === kRapid ? this.rapids : this.cuts;
-                const between = path.kinds[i] === kArc ? this.pointsBetween(i) : [];
-                for (let k = 0; k < between.length; k += 3) {
-                    const point = [between[k] - middle.x, between[k + 1] - middle.y,
-                        between[k + 2] - middle.z];
-                    lines.add(x, y, z, ...point, i);
-                    [x, y, z] = point;
+                const arc = path.arcOf[i];
+                const last = path.kinds[i] === kArc ? this.arcBegins[arc + 1] : 0;
+                for (let k = last > 0 ? this.arcBegins[arc] : 0; k < last; k += 3) {
+                    const atX = this.arcPoints[k] - middle.x;
+                    const atY = this.arcPoints[k + 1] - middle.y;
+                    const atZ = this.arcPoints[k + 2] - middle.z;
+                    lines.add(x, y, z, atX, atY, atZ, i);
+                    x = atX;
+                    y = atY;
+                    z = atZ;
                 }
                 lines.add(x, y, z, nextX, nextY, nextZ, i);
             }
@@ -354,7 +387,7 @@ class PathScene {
     colourBy(colouring) {
         this.colouring = colouring;
         this.fillColours();
-        this.cuts.done.geometry.attributes.color.needsUpdate = true;
+        this.cuts.drop();
         this.draw();
     }
 
@@ -424,8 +457,11 @@ class PathScene {
         this.fit();
     }
 
-    // The box fills nine tenths of the canvas.
+    // The box fills nine tenths of the canvas, or would from another side where it is a point.
     fit() {
+        this.camera.position.sub(this.controls.target);
+        this.controls.target.set(0, 0, 0);
+        this.camera.lookAt(this.controls.target);
         this.camera.zoom = 1;
         this.camera.updateProjectionMatrix();
         this.camera.updateMatrixWorld();
@@ -435,8 +471,8 @@ class PathScene {
             box.expandByPoint(new THREE.Vector3(i & 1 ? min.x : max.x, i & 2 ? min.y : max.y,
                 i & 4 ? min.z : max.z).project(this.camera));
         }
-        const reach = Math.max(-box.min.x, box.max.x, -box.min.y, box.max.y, 1e-6);
-        this.camera.zoom = 0.9 / reach;
+        const reach = Math.max(-box.min.x, box.max.x, -box.min.y, box.max.y);
+        this.camera.zoom = 0.9 / (reach > 10 * kFlat ? reach : 1);
         this.camera.updateProjectionMatrix();
         this.controls.update();
         this.draw();
@@ -492,12 +528,12 @@ class PathScene {
         let found = -1;
         for (const lines of [this.cuts, this.rapids]) {
             const hits = [];
-            lines.done.raycast(caster, hits); // all pieces, also where only those ahead are visible
+            lines.whole.raycast(caster, hits);
             for (const hit of hits) {
                 const distance = caster.ray.distanceToPoint(hit.point);
                 if (distance < nearest - 1e-6 * this.size) {
                     nearest = distance;
-                    found = lines.ownerOf(hit.index);
+                    found = lines.owners[hit.index >> 1];
                 }
             }
         }

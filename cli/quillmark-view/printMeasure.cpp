@@ -85,7 +85,8 @@ double knownSeconds(const PathMeasure& measure) noexcept {
 void printMeasure(std::FILE* stream, const char* name, const ToolPath& path,
                   const PathMeasure& measure, double rapid) {
     printText(stream, name);
-    std::fprintf(stream, ": %zu movements, lengths in mm%s\n", path.movements.size(),
+    std::fprintf(stream, ": %zu movement%s, lengths in mm%s\n", path.movements.size(),
+                 path.movements.size() == 1 ? "" : "s",
                  path.isInch ? " (the file has inches)" : "");
     printBox(stream, "all movements", measure.box);
     printBox(stream, "cutting movements", measure.cuttingBox);
@@ -108,7 +109,7 @@ void printMeasure(std::FILE* stream, const char* name, const ToolPath& path,
     for (const ToolMeasure& tool : measure.tools) {
         printTool(stream, tool, rapid > 0.0);
     }
-    std::fprintf(stream, "%-22s%zu, and %zu stops\n", "tool changes", measure.toolChanges,
-                 measure.stops);
+    std::fprintf(stream, "%-22s%zu, and %zu stop%s\n", "tool changes", measure.toolChanges,
+                 measure.stops, measure.stops == 1 ? "" : "s");
     printRapidsBelow(stream, path, measure);
 }

@@ -37,13 +37,33 @@ void writeSide(JsonWriter& json, const char* name, const ToolPath& path, std::si
     json.EndObject();
 }
 
+void writeFarthest(JsonWriter& json, const ComparedPaths& compared,
+                   const PathDifference& difference) {
+    if (difference.distance == 0.0) {
+        json.Null();
+        return;
+    }
+    const std::size_t side = difference.isOfSecond ? 1 : 0;
+    json.BeginObject();
+    json.Entry("file", compared.names[side]);
+    json.Entry("line", long{compared.paths[side]->movements[difference.farthest].line});
+    json.Key("at");
+    json.BeginList();
+    for (int axis = 0; axis < 3; ++axis) {
+        json.Decimal(difference.point[axis]);
+    }
+    json.EndList();
+    json.EndObject();
+}
+
 } // namespace
 
 void printDifference(std::FILE* stream, const ComparedPaths& compared,
                      const PathDifference& difference) {
     if (difference.what == nullptr) {
-        std::fprintf(stream, "the paths are the same: %zu movements\n",
-                     compared.paths[0]->movements.size());
+        std::fprintf(stream, "the paths are the same: %zu movement%s\n",
+                     compared.paths[0]->movements.size(),
+                     compared.paths[0]->movements.size() == 1 ? "" : "s");
         return;
     }
     std::fprintf(stream, "the paths differ from movement %zu on: %s\n", difference.movement + 1,
@@ -78,12 +98,8 @@ void writeJsonDifference(JsonWriter& json, const ComparedPaths& compared,
         json.EndList();
         json.Key("largest_distance");
         json.Decimal(difference.distance);
-        json.Key("at");
-        json.BeginList();
-        for (int axis = 0; axis < 3; ++axis) {
-            json.Decimal(difference.point[axis]);
-        }
-        json.EndList();
+        json.Key("farthest");
+        writeFarthest(json, compared, difference);
     }
     json.EndObject();
 }

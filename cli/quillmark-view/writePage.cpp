@@ -55,21 +55,24 @@ void writeName(std::FILE* out, std::string_view name) {
     }
 }
 
-// The blocks, a line each, packed: as they are they would take more than all else. Returns false
-// without the memory to pack them.
-bool writeBlocks(std::FILE* out, const BlockTable& blocks) {
+// Returns false without the memory to pack it.
+bool writePacked(std::FILE* out, std::string_view text, int level) {
+    uLongf size = compressBound(text.size());
+    std::string packed(size, '\0');
+    const int code = compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+                               reinterpret_cast<const Bytef*>(text.data()), text.size(), level);
+    writeBase64(out, std::string_view(packed).substr(0, size));
+    return code == Z_OK;
+}
+
+// The blocks, a line each.
+std::string textOf(const BlockTable& blocks) {
     std::string text;
     for (std::uint32_t block = 0; block < blocks.Count(); ++block) {
         text += block == 0 ? "" : "\n";
         text += utf8Of(blocks.Text(block));
     }
-    uLongf size = compressBound(text.size());
-    std::string packed(size, '\0');
-    const int code =
-        compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-                  reinterpret_cast<const Bytef*>(text.data()), text.size(), Z_DEFAULT_COMPRESSION);
-    writeBase64(out, std::string_view(packed).substr(0, size));
-    return code == Z_OK;
+    return text;
 }
 
 } // namespace
@@ -82,9 +85,12 @@ std::string writePage(const PictureContent& content, std::FILE* out) {
     const BlockTable& blocks = shown.path->blocks;
     write(out, kPageHead);
     write(out, "<script type=\"text/plain\" id=\"path\">");
-    writeBase64(out, PathBytes(*shown.path).Bytes());
+    // Its numbers hardly get shorter at a higher level.
+    if (!writePacked(out, PathBytes(*shown.path).Bytes(), Z_BEST_SPEED)) {
+        return "its path cannot be packed";
+    }
     write(out, "</script>\n<script type=\"text/plain\" id=\"blocks\">");
-    if (!blocks.IsEmpty() && !writeBlocks(out, blocks)) {
+    if (!blocks.IsEmpty() && !writePacked(out, textOf(blocks), Z_DEFAULT_COMPRESSION)) {
         return "its blocks cannot be packed";
     }
     write(out, "</script>\n<pre hidden id=\"source\">");

@@ -3,6 +3,7 @@
 import json
 import math
 import os
+import random
 import re
 import subprocess
 import sys
@@ -209,15 +210,94 @@ def look_at_controls(browser):
         check(f"colours by {colouring}", browser.value(colours) != before, True)
 
 
+def colour(browser, x, y):
+    """The colour most unlike white around a place."""
+    return browser.value(
+        "(() => { quillmarkPage.scene.drawNow(); const copy = document.createElement('canvas');"
+        "copy.width = copy.height = 3; const context = copy.getContext('2d');"
+        f"context.drawImage(canvas, {round(x) - 1}, {round(y) - 1}, 3, 3, 0, 0, 3, 3);"
+        "const data = context.getImageData(0, 0, 3, 3).data;"
+        "const all = [...Array(9).keys()].map(i => [...data.slice(4 * i, 4 * i + 3)]);"
+        "const sum = part => part[0] + part[1] + part[2];"
+        "return all.sort((a, b) => sum(a) - sum(b))[0]; })()")
+
+
+def show_apt(browser, text):
+    """Opens the page of an APT source and returns its measure."""
+    with open("part.apt", "w", encoding="ascii") as file:
+        file.write(text)
+    tool("quillmark-view", "part.apt", "-o", "part.html")
+    browser.open("part.html")
+    return json.loads(tool("quillmark-view", "part.apt", "--measure", "--json"))["paths"][0]
+
+
+def look_at_flat_paths(browser):
+    """Boxes without a height, a width, or both; an arc that begins in the origin."""
+    arc = ("TLAXIS/0,0,1\nINDIRV/0,1,0\n"
+           "TLON,GOFWD/(CIRCLE/-5,0,0,5),ON,(LINE/-5,0,0,-10,0,0)\n")
+    rows = (("GOTO/3,4,5\n", (3, 4, 5), 1),
+            ("GOTO/0,0,0\nGOTO/0,0,9\nGOTO/0,0,0\nGOTO/0,0,9\n", (0, 0, 4.5), 9),
+            ("GOTO/0,0,0\nGOTO/9,0,0\nGOTO/9,9,0\nGOTO/0,0,0\nGOTO/9,0,0\nRAPID\nGOTO/9,0,0\n",
+             (4.5, 0, 0), 9 * math.sqrt(2)),
+            (arc, None, math.hypot(10, 5)))
+    for text, point, size in rows:
+        measure = show_apt(browser, text)
+        for side in ("low", "high"):
+            shown = browser.value(
+                f"quillmarkPage.scene.box.{'min' if side == 'low' else 'max'}.toArray()")
+            off = max(abs(a - b) for a, b in zip(shown, measure["box"][side]))
+            check(f"{side} corner of {text!r}, off by {off}", off < 0.001, True)
+        check(f"size of {text!r}", abs(browser.value("quillmarkPage.scene.size") - size) < 0.01, True)
+        for view in VIEWS:
+            browser.value(f"document.querySelector('[data-view={view}]').click()")
+            browser.frame()
+            bar = browser.value("parseFloat(document.getElementById('scaleText').textContent)")
+            check(f"bar of {bar} {view} of {text!r}", 0.02 * size < bar < size, True)
+        if point and size > 1:  # the box lies on the path and hides none of it
+            browser.value("quillmarkPage.scene.tool.visible = false; quillmarkPage.scene.chosen.visible = false;"
+                          "document.getElementById('showAxes').click();"
+                          "document.querySelector('[data-view=front]').click()")
+            place = browser.value("quillmarkPage.scene.project(new THREE.Vector3(%g, %g, %g))" % point)
+            red, _, blue = colour(browser, place["x"], place["y"])
+            check(f"colour {red}, {blue} of {text!r}", blue > red + 60, True)
+    browser.value("quillmarkPage.scene.pan(5, 3); quillmarkPage.scene.zoom(7); quillmarkPage.scene.fit()")
+    browser.frame()
+    middle = browser.value("quillmarkPage.scene.project(quillmarkPage.scene.middle)")
+    width, height = browser.value("[canvas.clientWidth, canvas.clientHeight]")
+    check("middle of what fits", math.hypot(middle["x"] - width / 2, middle["y"] - height / 2) < 1, True)
+
+
+def write_arcs(name, count):
+    """Arcs that have nothing in common, in a box."""
+    random.seed(7)
+    x = y = 0
+    with open(name, "w", encoding="ascii") as program:
+        for number in range(count):
+            radius, angle = random.uniform(0.5, 20), random.uniform(0, 2 * math.pi)
+            i, j = round(radius * math.cos(angle), 3), round(radius * math.sin(angle), 3)
+            angle += random.uniform(0.2, 6)
+            end = (x + i - radius * math.cos(angle), y + j - radius * math.sin(angle))
+            if max(map(abs, end)) < 300:
+                x, y = (round(value, 3) for value in end)
+            program.write(f"N{number} G{random.choice((2, 3))} X{x:.3f} Y{y:.3f} I{i:.3f} J{j:.3f}\n")
+
+
 def look_at_size(browser):
     """Many movements, with their blocks: bytes of the page, and rows of the list."""
     count = 20000
+    with open("short.nc", "w", encoding="ascii") as program:
+        program.write("G01 X1. F100.\n")
+    convert("short.nc")
+    bare = os.path.getsize("part.html")
+    write_arcs("arcs.nc", count)
+    check("arcs of the page", convert("arcs.nc")["arcs"]["movements"], count)
+    each = (os.path.getsize("part.html") - bare) / count
+    check(f"{each} bytes an arc", each <= 40, True)
     with open("long.nc", "w", encoding="ascii") as program:
         for i in range(count):
             program.write(f"N{i} G01 X{i % 977}.{i % 1000:03} Y{i % 83}.5 Z-{i % 7}.25 F{100 + i % 9}.\n")
-    empty = os.path.getsize("part.html")
     measure = convert("long.nc")
-    each = (os.path.getsize("part.html") - empty) / count
+    each = (os.path.getsize("part.html") - bare) / count
     check(f"{each} bytes a movement", each <= 40, True)
     browser.open("part.html")
     check("movements of the long path", browser.value("quillmarkPage.path.count"),
@@ -226,6 +306,25 @@ def look_at_size(browser):
     check("rows", browser.value("document.querySelectorAll('.row').length < 100"), True)
     check("chosen row", browser.value("document.querySelector('.row.chosen .line').textContent"),
           str(statements()[count - 2][0]))
+
+
+def look_at_digits(browser):
+    """Positions of no, of few and of all decimals, in inches, too; a radius always has all."""
+    for unit, scale in (("MM", 1), ("INCHES", 25.4)):
+        for x, y in ((30, 40), (-0.25, 12.5), (0.00001, -7.12345), (99999.99999, 1e9)):
+            radius = math.hypot(x, y)
+            measure = show_apt(browser, f"UNITS/{unit}\nTLAXIS/0,0,1\nGOTO/{x:.5f},{y:.5f},2\n"
+                               f"INDIRV/{-y / radius:.5f},{x / radius:.5f},0\nTLON,GOFWD/(CIRCLE/0,0,2,"
+                               f"{radius:.5f}),ON,(LINE/0,0,2,{-x:.5f},{-y:.5f},2)\nGOTO/0,0,0\n")
+            ends = browser.value("Array.from(quillmarkPage.path.ends)")
+            wanted = [scale * value for value in (x, y, 2, -x, -y, 2, 0, 0, 0)]
+            off = max(abs(a - b) / max(1, abs(b)) for a, b in zip(ends, wanted))
+            check(f"ends of {x}, {y} {unit}, off by {off}", off < 1e-12, True)
+            found = browser.value("quillmarkPage.path.radii[0]")
+            check(f"radius {found} of {x}, {y} {unit}",
+                  abs(found - scale * round(radius, 5)) <= 1e-9 * radius, True)
+            length = browser.value("quillmarkPage.path.lengthOf(1)")
+            check(f"arc of {x}, {y} {unit}", abs(length / measure["arcs"]["length"] - 1) < 1e-6, True)
 
 
 def look_at_passes(browser):
@@ -239,13 +338,18 @@ def look_at_passes(browser):
     scene = "quillmarkPage.scene."
     browser.value(f"quillmarkPage.choose({movements // 2})")
     browser.value("""(scene => { window.seen = []; const told = scene.onDrawn;
-        const bare = line => line.visible ? Array.from(line.geometry.index.array.subarray(
-            line.geometry.drawRange.start, line.geometry.drawRange.start
-            + line.geometry.drawRange.count)) : [];
+        const endsOf = (of, line) => {
+            const {start, count} = line.geometry.drawRange;
+            const piece = at => scene.pass - 1 + (at >> 1) * of.passes;
+            return !line.visible ? [] : Array.from({length: count}, (_, i) => {
+                const at = start + i, end = 2 * piece(at) + (at & 1);
+                return [0, 1, 2].every(k => line.geometry.attributes.position.array[3 * at + k]
+                    === of.positions[3 * end + k]) ? end : -1; });
+        };
         scene.onDrawn = () => { told(); seen.push({calls: scene.renderer.info.render.calls,
             text: document.getElementById('drawing').textContent,
             isHidden: document.getElementById('drawing').hidden,
-            lines: [scene.cuts, scene.rapids].map(of => [of.done, of.ahead].map(bare))}); };
+            lines: [scene.cuts, scene.rapids].map(of => [endsOf(of, of.done), endsOf(of, of.ahead)])}); };
         scene.draw(); })(quillmarkPage.scene)""")
     browser.value("new Promise(done => { const look = () => quillmarkPage.scene.isWhole"
                   "&& seen.length > 1 ? done(0) : setTimeout(look, 20); look(); })")
@@ -298,6 +402,8 @@ with tempfile.TemporaryDirectory() as folder, Browser() as browser:
     look_at_tools(browser, measure)
     look_at_search(browser)
     look_at_controls(browser)
+    look_at_flat_paths(browser)
+    look_at_digits(browser)
     look_at_size(browser)
     look_at_passes(browser)
     check("console", browser.messages, [])

@@ -57,6 +57,18 @@ TEST(PathMeasure, MeasuresByHand) {
     EXPECT_EQ(measure.firstBelowAcross, 7U);
 }
 
+// At the axis a cutting speed without a limit would be any number of turns.
+TEST(PathMeasure, DoesNotTimeWhatTurnsWithoutBounds) {
+    const std::string drilling =
+        "SPINDL/100,SMM,CLW\nFEDRAT/0.1,MMPR\nGOTO/0,0,0\nDELAY/10,REV\nGOTO/0,0,-5\n";
+    const PathMeasure bare = measurePath(pathOf(drilling), 0.0);
+    EXPECT_EQ(bare.feed.untimed, 2U);
+    EXPECT_EQ(bare.untimedDwells, 1U);
+    const PathMeasure limited = measurePath(pathOf("SPINDL/MAXRPM,500\n" + drilling), 0.0);
+    EXPECT_DOUBLE_EQ(limited.feed.seconds, 5 / (0.1 * 500) * 60);
+    EXPECT_DOUBLE_EQ(limited.dwellSeconds, 10 / 500.0 * 60);
+}
+
 TEST(PathMeasure, HoldsArcsThatLeaveTheBoxOfTheirEnds) {
     const ToolPath path =
         pathOf("TLAXIS/0,0,1\nGOTO/8,6,0\n" + arcTo({-0.6, 0.8, 0}, {0, 0, 0}, 10, {8, -6, 0}));
@@ -121,4 +133,18 @@ TEST(PathDifference, TakesAWayInOtherPiecesForTheSame) {
     EXPECT_STREQ(chord.what, "kind of movement");
     EXPECT_NEAR(chord.distance, 10 - part, 1e-3);
     EXPECT_FALSE(chord.isOfSecond);
+}
+
+// One path has a gap; its middle lies between the places of the other that are looked at first.
+TEST(PathDifference, FindsTheFarthestPointBetweenSamples) {
+    const ToolPath whole = pathOf("GOTO/0,0,0\nGOTO/100,0,0\n");
+    const ToolPath parted = pathOf("GOTO/0,0,0\nGOTO/35,0,0\nGOHOME\nGOTO/51,0,0\nGOTO/100,0,0\n");
+    for (const bool isTurned : {false, true}) {
+        const PathDifference found =
+            isTurned ? comparePaths(parted, whole) : comparePaths(whole, parted);
+        EXPECT_NEAR(found.distance, 8.0, 1e-6);
+        EXPECT_NEAR(found.point[0], 43.0, 1e-6);
+        EXPECT_EQ(found.isOfSecond, isTurned);
+        EXPECT_EQ(found.farthest, 1U);
+    }
 }

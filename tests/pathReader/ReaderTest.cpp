@@ -38,6 +38,9 @@ const std::string kToStart = "TLAXIS/0,0,1\nGOTO/10,0,0\n";
 } // namespace
 
 TEST(AptReader, TellsMovementsWithTheirLines) {
+    EXPECT_EQ(told(pathOf("\xEF\xBB\xBFGOTO/1,2,3\r\nGOTO/4,5,6\r\n")),
+              "1 F? 1 2 3 | 0 0 1\n2 F 4 5 6 | 0 0 1\n");
+    EXPECT_EQ(pathOf("\xEF\xBB\xBF").lines, 1U);
     EXPECT_EQ(told(pathOf("UNITS/INCHES\nTLAXIS/  0.00000,    0.00000,    1.00000\nRAPID\n"
                           "GOTO/   1.00000,   -2.00000,    0.00000\n$$ GOTO/1,1,1\n\n"
                           "GOTO/   1.00000,$ a remark\r\n -2, 0.5\n")),
@@ -115,12 +118,13 @@ TEST(AptReader, TellsWhatHoldsWhileTheToolMoves) {
 TEST(AptReader, CountsWhatItDoesNotKnow) {
     const ToolPath path =
         pathOf("MACHIN/MILL,1\nGOTO/0,0,0\nFEDRAT/MMPM,100\nMACHIN/X\nCOOLNT/AIR\n"
-               "TLON,GOFWD/C1\nMACHIN,3\nGOTO/1,0,0");
+               "TLON,GOFWD/C1\nMACHIN,3\nDELAY/-2\nGOTO/1,0,0");
     std::string rows;
     for (const auto& row : path.unknown.Rows()) {
         rows += row.name + " " + std::to_string(row.line) + " " + std::to_string(row.count) + "; ";
     }
-    EXPECT_EQ(rows, "MACHIN 1 3; FEDRAT 3 1; COOLNT 5 1; TLON 6 1; ");
+    EXPECT_EQ(rows, "MACHIN 1 3; FEDRAT 3 1; COOLNT 5 1; TLON 6 1; DELAY 8 1; ");
+    EXPECT_TRUE(path.events.empty());
     EXPECT_EQ(path.movements.size(), 2U);
     EXPECT_TRUE(path.endsWithinLine);
     std::string strange;
@@ -142,6 +146,7 @@ TEST(AptReader, SaysWhereAndWhyItCannotRead) {
         {"\nGOTO/1,nan,2\n", "2: GOTO: a number is none (NaN)"},
         {"GOTO/1,inf,2\n", "1: GOTO: a number is larger than any machine"},
         {"GOTO/1,1e400,2\n", "1: GOTO: a number is larger than any machine"},
+        {"FEDRAT/1e11,IPM\n", "1: FEDRAT: a number is larger than any machine"},
         {"GOTO/1,2e,2\n", "1: GOTO: a number is followed by something else"},
         {"GOTO/P1\n", "1: GOTO: a number is missing"},
         {"GOTO/1,2,3,0,0,0\n", "1: a tool axis without a direction"},
@@ -158,6 +163,7 @@ TEST(AptReader, SaysWhereAndWhyItCannotRead) {
         {with("INDIRV/    0.00000,    1.00000", "INDIRV/    1.00000,    0.00000"),
          "5: the direction of an arc is not along its circle"},
         {with("10.00000),ON", "10.00050),ON"), "5: the radius of an arc is not that of its end"},
+        {kToStart + arcTo({0, 1, 0}, {0, 0, 0}, 0, {0, 0, 0}), "5: an arc that ends at its centre"},
         {with("AUTOPS", "GOHOME"), "5: an arc from a place that nobody tells"},
         {kToStart + arc.substr(arc.find("TLON")), "3: an arc without its direction, INDIRV"},
         {kToStart + std::string(70000, 'A') + "\n", "3: the line is longer than any statement"},
@@ -185,5 +191,7 @@ TEST(BlockTable, TiesMovementsToBlocks) {
     EXPECT_EQ(path.blocks.Count(), 6U);
     EXPECT_EQ(addBlocks(path, log, apt + "GOTO/4,0,0\n"),
               "it is not the log of this APT: line 7 of the APT is not in it");
+    EXPECT_EQ(addBlocks(path, log, apt.substr(0, apt.find("GOTO/3"))),
+              "it goes on behind the end of this APT, which may have been cut off");
     EXPECT_EQ(addBlocks(path, "", apt), "it is no log: its banner is missing");
 }

@@ -61,6 +61,8 @@ TEST_F(View, TellsBadInputInOneLine) {
 
 TEST_F(View, RefusesWrongUsage) {
     write("a.apt", kSquare);
+    write("in.svg", kSquare);
+    ASSERT_EQ(shell("ln -s in.svg link.png").status, 0);
     for (const auto& [options, reason] : std::vector<std::pair<std::string, std::string>>{
              {"", "one APT file is wanted, or two to compare"},
              {"a.apt",
@@ -76,11 +78,15 @@ TEST_F(View, RefusesWrongUsage) {
              {"a.apt --rapid 9 -o a.svg", "--rapid is of use with --measure"},
              {"a.apt -l a -l b --measure", "there are more logs than APT files"},
              {"a.apt --measur", "'--measur' is no option"},
+             {"in.svg -o in.svg", "-o names a file that is read"},
+             {"a.apt in.svg -o link.png", "-o names a file that is read"},
+             {"a.apt -l in.svg -o in.svg", "-o names a file that is read"},
          }) {
         const ProgramResult result = view(options);
         EXPECT_EQ(result.status, 2) << options;
         EXPECT_THAT(result.err, testing::StartsWith("quillmark-view: " + reason + "\nusage: "));
     }
+    EXPECT_EQ(read("in.svg"), kSquare);
 }
 
 TEST_F(View, TellsWhereTwoPathsDiffer) {
@@ -123,7 +129,17 @@ TEST_F(View, TellsWhereTwoPathsDiffer) {
     write("b.apt", rows[1].apt);
     EXPECT_THAT(view("b.apt a.apt").out, HasSubstr("largest distance 5.00000 mm, from 10.00000 "
                                                    "13.00000 4.00000 in line 8 of b.apt\n"));
-    EXPECT_THAT(view("a.apt b.apt --json").out, HasSubstr("\"largest_distance\": 5.000000"));
+    const auto json = [&] {
+        std::string text = view("a.apt b.apt --json").out;
+        std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+        return text;
+    };
+    EXPECT_EQ(json(), "{\"difference\":{\"differs_in\":\"end\",\"movement\":4,\"first\":["
+                      "{\"file\":\"a.apt\",\"line\":8},{\"file\":\"b.apt\",\"line\":8}],"
+                      "\"largest_distance\":5.000000,\"farthest\":{\"file\":\"b.apt\",\"line\":8,"
+                      "\"at\":[10.000000,13.000000,4.000000]}}}");
+    write("b.apt", rows[2].apt);
+    EXPECT_THAT(json(), HasSubstr("\"largest_distance\":0.000000,\"farthest\":null}"));
 }
 
 TEST_F(View, NamesTheBlocksOfALog) {
