@@ -190,7 +190,8 @@ none.pp|b.pp|1 converted, 0 failed, 0 left alone)";
 }
 
 TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
-    EXPECT_EQ(shell("mkdir b; cp good.nc b; cp a.pp b/word.json; ln -s ../good.nc b/link.apt").status, 0);
+    EXPECT_EQ(
+        shell("mkdir b; cp good.nc b; cp a.pp b/word.json; ln -s ../good.nc b/link.apt").status, 0);
     m_folder.write("short.pp", kDialect + "REV_PROGRAM_LANGUAGE\n");
     // Arguments behind the program's name; the status; what is said.
     const std::string table = R"(-p a.pp --into out|2|--into needs the names of programs
