@@ -207,6 +207,7 @@ TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
 -p a.pp --into out good.nc -of x|2|with --into, programs stand by themselves and their results get names from them: -nc, -of, -l and -ot do not go together with it
 -p a.pp --into out -nc good.nc|2|with --into, programs stand by themselves and their results get names from them: -nc, -of, -l and -ot do not go together with it
 -p a.pp --into out good.nc --jobs 0|2|--jobs needs a number from 1 to 500
+-p a.pp --into out good.nc --jobs 501|2|--jobs needs a number from 1 to 500
 -p a.pp --into out good.nc --jobs 2x|2|--jobs needs a number from 1 to 500
 -p a.pp --into out good.nc --jobs|2|--jobs needs a number as its own argument
 -p a.pp --into=out good.nc|2|--into needs the name of a folder as its own argument
