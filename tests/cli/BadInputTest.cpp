@@ -39,6 +39,7 @@ TEST_F(BadInput, IsReportedOnOneLineAndLeavesTheInputsAlone) {
 -l l --report ./l|2|cannot write report file './l': it is the log file as well
 -of ./new --report new|2|cannot write report file 'new': it is the output file as well
 --report|2|--report needs the name of a file as its own argument
+--report ''|2|--report needs the name of a file as its own argument
 --subprograms|2|--subprograms needs the name of a folder as its own argument
 --subprograms=x --subprograms y|2|--subprograms needs the name of a folder as its own argument
 --quiet= --summary|2|--quiet takes no value

@@ -190,7 +190,8 @@ none.pp|b.pp|1 converted, 0 failed, 0 left alone)";
 }
 
 TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
-    EXPECT_EQ(shell("mkdir b; cp good.nc b; ln -s ../good.nc b/link.apt").status, 0);
+    EXPECT_EQ(
+        shell("mkdir b; cp good.nc b; cp a.pp b/word.json; ln -s ../good.nc b/link.apt").status, 0);
     m_folder.write("short.pp", kDialect + "REV_PROGRAM_LANGUAGE\n");
     // Arguments behind the program's name; the status; what is said.
     const std::string table = R"(-p a.pp --into out|2|--into needs the names of programs
@@ -199,16 +200,19 @@ TEST_F(Batch, RefusesBeforeAnythingIsTouched) {
 -p a.pp --into out good.nc good.nc|2|'good.nc' and 'good.nc' would both give 'out/good.apt'
 -p a.pp --into out good.nc good.ngc|2|'good.nc' and 'good.ngc' would both give 'out/good.apt'
 -p a.pp --into b good.nc link.nc|2|cannot write 'b/link.apt': it is an input of this run
+-p b/word.json --into b word.nc|2|cannot write 'b/word.json': it is an input of this run
 -p a.pp --into good.nc word.nc|2|cannot make folder 'good.nc': Not a directory
 -p a.pp --into out b/|2|'b/' is no name of a program
 -p a.pp --into out good.nc --strikt|2|'--strikt' is no option of a run with --into; a program of that name is given as './--strikt'
 -p a.pp --into out good.nc -of x|2|with --into, programs stand by themselves and their results get names from them: -nc, -of, -l and -ot do not go together with it
 -p a.pp --into out -nc good.nc|2|with --into, programs stand by themselves and their results get names from them: -nc, -of, -l and -ot do not go together with it
 -p a.pp --into out good.nc --jobs 0|2|--jobs needs a number from 1 to 500
+-p a.pp --into out good.nc --jobs 501|2|--jobs needs a number from 1 to 500
 -p a.pp --into out good.nc --jobs 2x|2|--jobs needs a number from 1 to 500
 -p a.pp --into out good.nc --jobs|2|--jobs needs a number as its own argument
 -p a.pp --into=out good.nc|2|--into needs the name of a folder as its own argument
 -p a.pp -nc good.nc -of o --resume|2|--resume and --jobs need --into FOLDER
+-p a.pp -nc good.nc -of o --jobs 2|2|--resume and --jobs need --into FOLDER
 -p x.pp --into out good.nc word.nc|45|error 301: cannot open parameter file 'x.pp': No such file or directory
 -p good.nc --into out good.nc word.nc|50|error 306: cannot convert parameter file of the old format 'good.nc': it looks like an NC program
 -p short.pp --into out good.nc word.nc|46|error 302: unexpected end of parameter file 'short.pp': the file is empty, or its last key lacks the lines that belong to it)";

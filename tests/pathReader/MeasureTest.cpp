@@ -69,6 +69,22 @@ TEST(PathMeasure, DoesNotTimeWhatTurnsWithoutBounds) {
     EXPECT_DOUBLE_EQ(limited.dwellSeconds, 10 / 500.0 * 60);
 }
 
+TEST(PathMeasure, MeasuresWaysThatBeginElsewhere) {
+    // Nobody knows where the first way began, nor that behind GOHOME, so they have no time.
+    const PathMeasure home =
+        measurePath(pathOf("FEDRAT/60,MMPM\nGOTO/0,0,0\nGOTO/10,0,0\nGOHOME\nGOTO/10,20,0\n"), 0.0);
+    EXPECT_EQ(home.feed.untimed, 2U);
+    // 40 m/min on a radius that grows from 10 to 30: the turns are those at 20.
+    const PathMeasure facing =
+        measurePath(pathOf("GOTO/10,0,0\nSPINDL/40,SMM,CLW\nFEDRAT/0.5,MMPR\nGOTO/30,0,0\n"), 0.0);
+    EXPECT_NEAR(facing.feed.seconds, 20 / (0.5 * 40000 / (2 * std::numbers::pi * 20)) * 60, 1e-9);
+    // One rapid way that begins below the cut and ends above it.
+    const PathMeasure below =
+        measurePath(pathOf("GOTO/0,0,0\nGOTO/0,0,5\nRAPID\nGOTO/0,0,2\nRAPID\nGOTO/9,0,8\n"), 0.0);
+    EXPECT_EQ(below.rapidsBelow, 2U);
+    EXPECT_EQ(below.rapidsBelowAcross, 1U);
+}
+
 TEST(PathMeasure, HoldsArcsThatLeaveTheBoxOfTheirEnds) {
     const ToolPath path =
         pathOf("TLAXIS/0,0,1\nGOTO/8,6,0\n" + arcTo({-0.6, 0.8, 0}, {0, 0, 0}, 10, {8, -6, 0}));
@@ -146,5 +162,25 @@ TEST(PathDifference, FindsTheFarthestPointBetweenSamples) {
         EXPECT_NEAR(found.point[0], 43.0, 1e-6);
         EXPECT_EQ(found.isOfSecond, isTurned);
         EXPECT_EQ(found.farthest, 1U);
+    }
+}
+
+TEST(PathDifference, TellsWhatElseDiffers) {
+    const std::string start = "TLAXIS/0,0,1\nFEDRAT/100,MMPM\nGOTO/10,0,0\n";
+    const std::string arc = arcTo({0, 1, 0}, {0, 0, 0}, 10, {10, 1e-3, 0});
+    const std::string turn = arcTo({0, -1, 0}, {0, 0, 0}, 10, {10, 1e-3, 0});
+    const struct {
+        std::string one;
+        std::string other;
+        const char* what;
+    } rows[] = {
+        {"CUTCOM/LEFT,1\nGOTO/0,0,0\n", "CUTCOM/LEFT,2\nGOTO/0,0,0\n", "radius compensation"},
+        {"CUTCOM/LEFT,1\nGOTO/0,0,0\n", "CUTCOM/LEFT\nGOTO/0,0,0\n", "radius compensation"},
+        {"RAPID\nGOTO/0,0,0\n", "FEDRAT/200,MMPM\nRAPID\nGOTO/0,0,0\n", nullptr},
+        {arc, turn, "arc"},
+    };
+    for (const auto& [one, other, what] : rows) {
+        EXPECT_STREQ(comparePaths(pathOf(start + one), pathOf(start + other)).what, what)
+            << one << other;
     }
 }

@@ -152,6 +152,13 @@ TEST_F(View, NamesTheBlocksOfALog) {
               "it\n");
 }
 
+TEST_F(View, CountsDwellsToTheTimeOfTheirTool) {
+    write("a.apt", with(kSquare, "GOTO/10,0,0", "DELAY/90\nGOTO/10,0,0"));
+    // 45 mm at 100 mm/min are 27 s.
+    EXPECT_THAT(view("a.apt --measure").out,
+                HasSubstr("45.000 mm cutting, 1 min 57.0 s, lowest Z 0.00000\n"));
+}
+
 TEST_F(View, DrawsPictures) {
     write("a.apt", kSquare);
     if (MAKES_PICTURES == 0) {
